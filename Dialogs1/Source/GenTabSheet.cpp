@@ -1,0 +1,5 @@
+#include "GenTabSheet.h"
+
+int GenTabSheet::helpContextId() {
+  return -1;
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QWidget>
+
+/// Base of the tab pages that several dialogs share. A sheet knows nothing of the script's call:
+/// its dialog loads and stores it by name.
+class GenTabSheet : public QWidget {
+public:
+  using QWidget::QWidget;
+  virtual int helpContextId(); ///< number of the sheet's help page; -1 for none
+};

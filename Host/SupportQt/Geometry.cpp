@@ -1,0 +1,128 @@
+#include "HostSupportQt/Geometry.h"
+
+#include "HostSupport/Options.h"
+#include "HostSupportQt/Text.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QRect>
+#include <QScreen>
+#include <QWidget>
+
+#include <algorithm>
+#include <optional>
+
+namespace {
+
+constexpr char geometrySection[] = "WidgetDims";
+constexpr char autoSaveProperty[] = "kvAutoSavesDims";
+
+// Less of a title bar than this in sight cannot be caught with the mouse.
+constexpr int catchableWidth = 64;
+constexpr int catchableHeight = 16;
+constexpr int largestCoordinate = 1 << 16;
+
+YString geometryKey(const QWidget* widget, const YString& key) {
+  return key.isEmpty() ? toYs(widget->objectName()) : key;
+}
+
+/// Four plain numbers "x y width height"; anything else counts as not stored.
+std::optional<QRect> parseGeometry(const YString& text) {
+  const QStringList fields = toQs(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+  if (fields.size() != 4)
+    return std::nullopt;
+  int numbers[4];
+  for (int i = 0; i < 4; ++i) {
+    bool ok = false;
+    numbers[i] = fields[i].toInt(&ok);
+    if (!ok || numbers[i] < -largestCoordinate || numbers[i] > largestCoordinate)
+      return std::nullopt;
+  }
+  if (numbers[2] < 1 || numbers[3] < 1)
+    return std::nullopt;
+  return QRect(numbers[0], numbers[1], numbers[2], numbers[3]);
+}
+
+QScreen* screenShowing(const QRect& geometry) {
+  const QRect titleBar(geometry.left(), geometry.top(), geometry.width(), catchableHeight);
+  for (QScreen* screen : QGuiApplication::screens()) {
+    const QRect seen = screen->availableGeometry() & titleBar;
+    if (seen.width() >= std::min(catchableWidth, geometry.width()) &&
+        seen.height() >= catchableHeight / 2)
+      return screen;
+  }
+  return nullptr;
+}
+
+class GeometryKeeper : public QObject {
+public:
+  explicit GeometryKeeper(QWidget* widget) : QObject(widget), m_widget(widget) {
+    widget->installEventFilter(this);
+  }
+
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Show && !event->spontaneous() && !m_restored) {
+      m_restored = true;
+      sp_RestoreWidgetDims(m_widget, YString());
+    } else if (event->type() == QEvent::Hide && !event->spontaneous()) {
+      sp_SaveWidgetDims(m_widget, YString());
+    }
+    return false;
+  }
+
+private:
+  QWidget* m_widget;
+  bool m_restored = false;
+};
+
+} // namespace
+
+void sp_SaveWidgetDims(QWidget* widget, const YString& key) {
+  if (!widget)
+    return;
+  const YString name = geometryKey(widget, key);
+  if (name.isEmpty())
+    return;
+  const QRect inner = widget->isMaximized() || widget->isFullScreen() ? widget->normalGeometry()
+                                                                      : widget->geometry();
+  const QPoint place =
+      widget->isMaximized() || widget->isFullScreen() ? inner.topLeft() : widget->pos();
+  const QString text = QStringLiteral("%1 %2 %3 %4")
+                           .arg(place.x())
+                           .arg(place.y())
+                           .arg(inner.width())
+                           .arg(inner.height());
+  // Writing says by itself when it fails; a forgotten window size is not worth stopping for.
+  cfgman_WriteConfigSetting(geometrySection, name, Tocs(text));
+}
+
+bool sp_RestoreWidgetDims(QWidget* widget, const YString& key) {
+  if (!widget)
+    return false;
+  const YString name = geometryKey(widget, key);
+  YString stored;
+  if (name.isEmpty() || !cfgman_GetConfigSetting(geometrySection, name, &stored))
+    return false;
+  const std::optional<QRect> geometry = parseGeometry(stored);
+  if (!geometry)
+    return false;
+
+  QScreen* const shown = screenShowing(*geometry);
+  const QScreen* const screen = shown ? shown : QGuiApplication::primaryScreen();
+  if (!screen)
+    return false;
+  const QRect available = screen->availableGeometry();
+  widget->resize(
+      geometry->size().boundedTo(available.size()).expandedTo(widget->minimumSizeHint()));
+  // A place where no screen is any more is left to the window system.
+  if (shown)
+    widget->move(geometry->topLeft());
+  return true;
+}
+
+void sp_AutoSaveDialogDims(QWidget* widget) {
+  if (!widget || widget->property(autoSaveProperty).toBool())
+    return;
+  widget->setProperty(autoSaveProperty, true);
+  new GeometryKeeper(widget);
+}

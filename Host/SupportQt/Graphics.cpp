@@ -1,0 +1,96 @@
+#include "HostSupportQt/Graphics.h"
+
+#include "HostSupport/Files.h"
+#include "HostSupport/Options.h"
+#include "HostSupportQt/Text.h"
+
+#include <QApplication>
+#include <QColor>
+#include <QDesktopServices>
+#include <QFont>
+#include <QFontDatabase>
+#include <QLabel>
+#include <QMetaObject>
+#include <QPixmap>
+#include <QScreen>
+#include <QUrl>
+
+#include <cmath>
+
+namespace {
+
+qreal screenDpi() {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  return screen ? screen->logicalDotsPerInch() : 96.0;
+}
+
+QString findImage(const QString& name) {
+  if (name.startsWith(QLatin1Char(':')) || sp_ExistFile(Tocs(name)))
+    return name;
+  return toQs(sp_GetImagePath(toYs(name)));
+}
+
+} // namespace
+
+bool sp_GetPixmap(const QString& name, QPixmap* pixmap, int dpi) {
+  if (!pixmap || !pixmap->load(findImage(name)))
+    return false;
+  sp_ScalePixmap(pixmap, dpi);
+  return true;
+}
+
+void sp_ScalePixmap(QPixmap* pixmap, int dpi) {
+  if (!pixmap || pixmap->isNull() || dpi <= 0)
+    return;
+  const qreal factor = screenDpi() / dpi;
+  // A picture at a few percent of its size more or less is only blurred by scaling.
+  if (std::abs(factor - 1) < 0.06)
+    return;
+  *pixmap = pixmap->scaled(pixmap->size() * factor, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
+YString sp_GetImagePath(const YString& name) {
+  return sp_GetExeDir().concat("/../share/kelvarin-dialogs/images/").concat(name);
+}
+
+YString sp_GetFontSpec(const YString& name) {
+  const YString stored = sp_GetStringOption(YString(YString("Font").concat(name)));
+  if (!stored.isEmpty())
+    return stored;
+  QFont font;
+  if (sp_CompareNoCase(name, "Standard") == 0)
+    font = QApplication::font();
+  else if (sp_CompareNoCase(name, "Fixed") == 0)
+    font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  else if (sp_CompareNoCase(name, "Title") == 0)
+    font = QFontDatabase::systemFont(QFontDatabase::TitleFont);
+  else
+    return YString();
+  return toYs(font.toString());
+}
+
+void sp_CvtToHyperlink(QLabel* label, QObject* receiver) {
+  if (!label)
+    return;
+  const QString address = label->text();
+  label->setTextFormat(Qt::RichText);
+  label->setText(QStringLiteral("<a href=\"%1\">%1</a>").arg(address.toHtmlEscaped()));
+  label->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+  label->setFocusPolicy(Qt::StrongFocus);
+  QObject::connect(label, &QLabel::linkActivated, receiver ? receiver : label,
+                   [receiver](const QString& link) {
+                     if (receiver)
+                       QMetaObject::invokeMethod(receiver, "linkActivated", Q_ARG(QString, link));
+                     else
+                       QDesktopServices::openUrl(QUrl(link));
+                   });
+}
+
+int sp_ConvertHTMLcolourToRGB(const YString& colour) {
+  const QColor parsed(toQs(colour));
+  return parsed.isValid() ? static_cast<int>(parsed.rgb() & 0xffffffU) : 0;
+}
+
+YString sp_ConvertRGBcolourToHTML(int colour) {
+  return toYs(QColor(QRgb(colour) & 0xffffffU).name());
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "HostSupport/Containers.h"
+#include "HostSupport/Export.h"
+#include "HostSupport/YString.h"
+
+#include <cstdint>
+#include <cstdio>
+
+// Files and paths. All texts are UTF-8. Where a text is a folder it comes without a trailing
+// separator unless it is a root.
+
+/// The parts of a path; joined in order they give it back.
+struct PathName {
+  YString drive;     ///< "C:" or "//server/share", empty elsewhere
+  YString directory; ///< with the separators around it
+  YString name;      ///< without the extension
+  YString extension; ///< with its point
+};
+
+HOSTSUPPORT_EXPORT bool sp_ExistFile(const char* path);
+HOSTSUPPORT_EXPORT bool sp_ExistDir(YString path);
+HOSTSUPPORT_EXPORT bool sp_MakeDir(const YString& path); ///< one level; true if it is there
+HOSTSUPPORT_EXPORT bool sp_MakeTree(YString path);       ///< all levels; true if it is there
+/// Found out by writing, since permissions do not tell the whole truth.
+HOSTSUPPORT_EXPORT bool sp_DirectoryIsWriteable(const YString& path);
+HOSTSUPPORT_EXPORT YString sp_GetFullPath(const YString& path);
+HOSTSUPPORT_EXPORT YString sp_GetDirFromPath(const char* path);
+HOSTSUPPORT_EXPORT void sp_SplitPath(YString path, PathName* parts);
+HOSTSUPPORT_EXPORT YString sp_GetCwd();
+HOSTSUPPORT_EXPORT YString sp_GetTempPath();
+HOSTSUPPORT_EXPORT YString
+sp_GetTempFile(); ///< a fresh name in the temporary folder; the file exists
+HOSTSUPPORT_EXPORT YString sp_GetExeDir();
+HOSTSUPPORT_EXPORT YString sp_GetExeFileName();
+/// "Documents", "Desktop", "Home", "AppData" (the host's settings), "Temp"; empty for another word.
+HOSTSUPPORT_EXPORT YString sp_GetKnownFolderPath(const YString& folder);
+HOSTSUPPORT_EXPORT YString sp_ConvertLocalToUnix(const YString& path); ///< separators to "/"
+HOSTSUPPORT_EXPORT YString sp_ConvertUnixToLocal(const YString& path); ///< "/" to the platform's
+/// Expands a leading symbolic prefix in any case: "%EXEPATH%", or a folder that
+/// `sp_GetKnownFolderPath` knows, such as "%DOCUMENTS%". A text without a prefix stays as it is.
+/// False where the prefix is unknown; `*out` is then the text as given.
+HOSTSUPPORT_EXPORT bool sp_TranslateSystemPath(const char* path, YString* out);
+HOSTSUPPORT_EXPORT bool sp_CaseSensitiveFiles();
+HOSTSUPPORT_EXPORT std::FILE* fopen_utf8(const char* path, const char* mode);
+HOSTSUPPORT_EXPORT int unlink_utf8(const char* path);
+/// One line without its line break (LF, CRLF or CR); any length, NUL bytes dropped. False at the
+/// end of the file.
+HOSTSUPPORT_EXPORT bool sp_ReadNextLine(std::FILE* file, YString* line);
+/// Without a point; empty for an unknown kind. Kinds: "Schematic", "Symbol", "Component", "Graph",
+/// "Script", "Model", "Data", "Text".
+HOSTSUPPORT_EXPORT YString sp_GetKelvarinDefaultExtension(const char* fileKind);
+/// All extensions of a kind, the default first; false for an unknown kind.
+HOSTSUPPORT_EXPORT bool sp_GetKelvarinFileExtension(const char* kind, YList<YString>* extensions);
+/// A file dialog's filters from the host's form, titles and extensions in turn:
+/// "Title|ext;ext|Title2|ext" gives "Title (*.ext *.ext)" and "Title2 (*.ext)". An extension may
+/// have its point or be a pattern ("*", "data?.txt"); `separator` joins the patterns of one entry,
+/// usually " ". A text without a bar holds filters in that form already, joined by ";;", and is cut
+/// there. False, with `out` empty, where `spec` holds no pattern.
+HOSTSUPPORT_EXPORT bool sp_CompileFilter(const char* spec, YArray<YString>* out,
+                                         const char* separator);
+
+/// Where options, settings and geometry live; made when first written.
+HOSTSUPPORT_EXPORT YString sp_GetSettingsDir();
+/// Moves them (an empty text: back to the platform's usual place). Before anything is read.
+HOSTSUPPORT_EXPORT void sp_SetSettingsDir(const YString& path);

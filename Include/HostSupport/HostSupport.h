@@ -1,0 +1,14 @@
+#pragma once
+
+// All of the host's support library but the registry (host only).
+
+#include "HostSupport/Arguments.h"
+#include "HostSupport/Containers.h"
+#include "HostSupport/Files.h"
+#include "HostSupport/KelvarinException.h"
+#include "HostSupport/Numbers.h"
+#include "HostSupport/Options.h"
+#include "HostSupport/Parsing.h"
+#include "HostSupport/Registration.h"
+#include "HostSupport/System.h"
+#include "HostSupport/YString.h"

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "HostSupportQt/Binding.h"
+#include "HostSupportQt/Geometry.h"
+#include "HostSupportQt/Graphics.h"
+#include "HostSupportQt/Help.h"
+#include "HostSupportQt/KV_FunctionDef.h"
+#include "HostSupportQt/Paste.h"
+#include "HostSupportQt/Text.h"

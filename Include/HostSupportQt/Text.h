@@ -1,0 +1,31 @@
+#pragma once
+
+#include "HostSupport/YString.h"
+#include "HostSupportQt/Export.h"
+
+#include <QByteArray>
+#include <QString>
+
+HOSTSUPPORTQT_EXPORT YString toYs(const QString& text);
+HOSTSUPPORTQT_EXPORT QString toQs(const YString& text);
+/// For a value consumed at once: valid until the eighth next call in this thread.
+HOSTSUPPORTQT_EXPORT const char* toCs(const QString& text);
+
+/// Keeps the UTF-8 bytes of a text alive as long as it stands.
+class HOSTSUPPORTQT_EXPORT Tocs {
+public:
+  explicit Tocs(const QString& text) : m_bytes(text.toUtf8()) {}
+  operator const char*() const { return m_bytes.constData(); }
+
+private:
+  QByteArray m_bytes;
+};
+
+/// Comparison without regard to case.
+HOSTSUPPORTQT_EXPORT bool equals(const QString& a, const QString& b);
+HOSTSUPPORTQT_EXPORT bool notEquals(const QString& a, const QString& b);
+
+/// `sp_ConvertEngToReal` of a Qt text.
+HOSTSUPPORTQT_EXPORT double sp_ConvertEngToReal(const QString& text);
+/// `sp_IsEngNumber` of a Qt text.
+HOSTSUPPORTQT_EXPORT bool sp_IsEngNumber(const QString& text, double* value = nullptr);

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "HostSupportQt/KV_FunctionDef.h"
+#include "HostWidgets/Export.h"
+
+#include <QComboBox>
+
+/// A choice, bound as an index (real) or as a text (string).
+class HOSTWIDGETS_EXPORT ComboBox : public QComboBox, public KV_FunctionDef {
+  Q_OBJECT
+  KV_BINDING_PROPERTIES
+  Q_PROPERTY(double realValue READ value WRITE setValue STORED false)
+  Q_PROPERTY(QString stringValue READ currentText WRITE setStringValue STORED false)
+
+public:
+  explicit ComboBox(QWidget* parent = nullptr, const char* objectName = nullptr);
+
+  /// Replaces the items by those of one text, separated by bars. An empty text gives none.
+  void loadStrings(const char* items);
+  void insertItem(const QString& text, int index); ///< -1, or beyond the end: appended
+  using QComboBox::insertItem;
+
+  double value() const { return currentIndex(); }
+  void setValue(double index); ///< an index that is no item leaves the selection
+  /// Selects the item of that text (exact, else in any case), else by index where the text is a
+  /// number; an editable box takes any other text, another one keeps its selection.
+  void setStringValue(const QString& text);
+
+  bool initialiseWidget(UserFunctionInterface* call) override;
+
+protected:
+  void wheelEvent(QWheelEvent* event) override; ///< counts only with the focus
+};

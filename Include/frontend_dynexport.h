@@ -1,0 +1,16 @@
+#pragma once
+
+#include "DynFunc.h"
+
+struct GraphEditData; ///< the active graph's curve data; the reader declares what it reads
+
+/// Shows (1) or hides (0) the host's progress box around a slow step.
+inline constexpr DynEntry<void(int show)> dyn_ShowProgressBox{"dyn_ShowProgressBox",
+                                                              "Include/frontend_dynexport", 18};
+inline constexpr DynEntry<void()> dyn_CreateDialogFunctions{"dyn_CreateDialogFunctions",
+                                                            "Include/frontend_dynexport", 22};
+inline constexpr DynEntry<void*()> dyn_GetCommandLineData{"dyn_GetCommandLineData",
+                                                          "Include/frontend_dynexport", 25};
+/// Fills the record with the active graph's vectors.
+inline constexpr DynEntry<void(GraphEditData*)> dyn_GetGraphEditData{
+    "dyn_GetGraphEditData", "Include/frontend_dynexport", 28};

@@ -1,0 +1,77 @@
+#include "TestHost.h"
+
+#include "HostSupport/Options.h"
+#include "HostSupport/System.h"
+
+#include <gtest/gtest.h>
+
+#include <QFileInfo>
+
+// Lets the n-th host callback, then the n-th file operation, fail during every sample, for n = 1,
+// 2, … until a run has none left to fail. The call has to come back, with its result or without,
+// and nothing that was stored before may be lost.
+
+namespace {
+
+constexpr int farTooMany = 10000;
+
+class FaultLoop : public testing::TestWithParam<std::string> {
+protected:
+  QString sample() const { return QString::fromStdString(GetParam()); }
+
+  /// Runs the sample once with acceptance; whether the call came back with no error of its own.
+  bool runAccepted() {
+    TestHost& host = TestHost::instance();
+    const ScriptEngine::Outcome outcome =
+        host.runSample(sample(), [](DialogActions& dialog) { dialog.accept(); });
+    EXPECT_TRUE(host.driver().openDialogs().isEmpty());
+    return outcome.ok;
+  }
+};
+
+TEST_P(FaultLoop, HostCallbacks) {
+  int failing = 1;
+  for (; failing < farTooMany; ++failing) {
+    failHostCallback(failing);
+    runAccepted();
+    const int made = failHostCallback(0);
+    if (made < failing)
+      break;
+  }
+  EXPECT_LT(failing, farTooMany);
+  EXPECT_GT(failing, 1) << "the sample made no host callback";
+  EXPECT_TRUE(runAccepted());
+}
+
+TEST_P(FaultLoop, FileOperations) {
+  for (const bool andAllAfter : {false, true}) {
+    ASSERT_TRUE(sp_WriteOption("Witness", "stands"));
+    int failing = 1;
+    for (; failing < farTooMany; ++failing) {
+      // A geometry that differs from the stored one makes the dialog write.
+      cfgman_WriteConfigSetting("WidgetDims", QFileInfo(sample()).baseName().toUtf8().constData(),
+                                "10 10 301 301");
+      sp_FailFileOperation(failing, andAllAfter);
+      runAccepted();
+      const int made = sp_FailFileOperation(0);
+      EXPECT_EQ(sp_GetStringOption("Witness"), "stands") << "operation " << failing;
+      if (made < failing)
+        break;
+    }
+    EXPECT_LT(failing, farTooMany);
+    EXPECT_GT(failing, 1) << "the sample touched no file";
+  }
+}
+
+std::vector<std::string> samples() {
+  std::vector<std::string> files;
+  for (const QString& file : TestHost::sampleFiles())
+    files.push_back(file.toStdString());
+  return files;
+}
+
+INSTANTIATE_TEST_SUITE_P(Samples, FaultLoop, testing::ValuesIn(samples()), [](const auto& test) {
+  return QFileInfo(QString::fromStdString(test.param)).baseName().toStdString();
+});
+
+} // namespace

@@ -1,0 +1,190 @@
+#include "TestHost.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <random>
+
+// Calls every registered function with random counts, kinds and contents, plays with the dialog
+// that opens, and accepts or cancels it. Nothing may crash, hang or trip a sanitizer. A function
+// that is added to the module is found here by itself.
+
+namespace {
+
+class Chance {
+public:
+  explicit Chance(unsigned seed) : m_engine(seed) {}
+  int below(int limit) { return int(m_engine() % unsigned(limit)); }
+  bool one(int in) { return below(in) == 0; }
+  template <class T, std::size_t n> const T& of(const T (&items)[n]) {
+    return items[below(int(n))];
+  }
+
+private:
+  std::mt19937 m_engine;
+};
+
+double randomReal(Chance& chance) {
+  static const double corners[] = {0,
+                                   -0.0,
+                                   1,
+                                   -1,
+                                   4.7e3,
+                                   1e-18,
+                                   1e18,
+                                   -1e300,
+                                   2147483648.0,
+                                   -2147483649.0,
+                                   std::numeric_limits<double>::max(),
+                                   std::numeric_limits<double>::denorm_min(),
+                                   std::numeric_limits<double>::infinity(),
+                                   -std::numeric_limits<double>::infinity(),
+                                   std::nan("")};
+  return chance.one(3) ? chance.of(corners)
+                       : std::pow(10.0, chance.below(60) - 30) * (chance.below(2000) - 1000);
+}
+
+QByteArray randomText(Chance& chance) {
+  static const char* const words[] = {"",
+                                      "0",
+                                      "1",
+                                      "-1",
+                                      "true",
+                                      "false",
+                                      "4.7k",
+                                      "2Meg",
+                                      "1e400",
+                                      "nan",
+                                      "{2*Rload}",
+                                      "{",
+                                      "Switch",
+                                      "DIGITALPULSE",
+                                      "Transformer",
+                                      "TransmissionLine",
+                                      "a;b;c",
+                                      ";;;",
+                                      "a|b|c",
+                                      "label:real:0|10|1",
+                                      "&Ok",
+                                      "&&",
+                                      "<b>x</b>",
+                                      "line\nbreak",
+                                      "\r\n\t",
+                                      "C:\\x\\y",
+                                      "/tmp",
+                                      "2147483648",
+                                      "%s%n%d",
+                                      "multiple",
+                                      "sorted",
+                                      "\xff\xfe",
+                                      "\xc3\x28",
+                                      "\xed\xa0\x80",
+                                      "µΩ – 電圧"};
+  if (chance.one(40))
+    return QByteArray(chance.below(100000), 'x');
+  if (chance.one(4)) {
+    QByteArray text;
+    for (int i = chance.below(20); i > 0; --i)
+      text.append(char(1 + chance.below(255)));
+    return text;
+  }
+  return chance.of(words);
+}
+
+int randomCount(Chance& chance) {
+  return chance.one(50)   ? chance.below(1000000)
+         : chance.one(10) ? chance.below(200)
+                          : chance.below(8);
+}
+
+ScriptVector randomVector(Chance& chance, ArgType declared) {
+  const bool asDeclared = !chance.one(6);
+  const bool strings =
+      asDeclared ? declared == StringArg || (declared == AnyArg && chance.one(2)) : chance.one(2);
+  const int count = randomCount(chance);
+  if (strings) {
+    std::vector<QByteArray> texts;
+    const QByteArray filling = randomText(chance);
+    for (int i = 0; i < count; ++i)
+      texts.push_back(i < 100 ? randomText(chance) : filling.left(8));
+    return ScriptVector::ofStrings(std::move(texts));
+  }
+  std::vector<double> values;
+  for (int i = 0; i < count; ++i)
+    values.push_back(randomReal(chance));
+  return ScriptVector::ofReals(std::move(values));
+}
+
+void playWith(DialogActions& dialog, Chance& chance) {
+  static const char* const keys[] = {"Tab", "Up",     "Down", "PgUp", "Ctrl+A", "Ctrl+V", "Ctrl+X",
+                                     "F2",  "Delete", "Home", "End",  "Space",  "Right",  "Alt+O"};
+  const QStringList names = dialog.names();
+  for (int step = chance.below(8); step > 0 && dialog.isOpen() && !names.isEmpty(); --step) {
+    const QString name = names[chance.below(names.size())];
+    try {
+      switch (chance.below(5)) {
+      case 0:
+        dialog.type(name, QString::fromUtf8(randomText(chance).left(200)));
+        break;
+      case 1:
+        dialog.key(name, QString::fromLatin1(chance.of(keys)));
+        break;
+      case 2:
+        dialog.click(name);
+        break;
+      case 3:
+        dialog.set(name, chance.one(2) ? QVariant(randomReal(chance)) : QVariant(chance.one(2)));
+        break;
+      default:
+        dialog.key(QString(), QString::fromLatin1(chance.of(keys)));
+      }
+    } catch (const DriveError&) {
+      // A user could not have done this either.
+    }
+  }
+  if (!dialog.isOpen())
+    return;
+  try {
+    chance.one(2) ? dialog.accept() : chance.one(2) ? dialog.reject() : dialog.close();
+  } catch (const DriveError&) {
+  }
+}
+
+void callOnce(const FunctionInfo& function, Chance& chance) {
+  std::vector<ScriptVector> arguments;
+  for (int i = 0, count = chance.below(function.maxArgs + 1); i < count; ++i)
+    arguments.push_back(randomVector(chance, function.argTypes.value(i, AnyArg)));
+
+  TestHost& host = TestHost::instance();
+  host.driver().beginScope();
+  host.driver().onDialog([&chance](QWidget* widget) {
+    DialogActions dialog(widget);
+    playWith(dialog, chance);
+  });
+  try {
+    callHandler(function, arguments);
+  } catch (const CallError&) {
+    // An entry that nobody provides here.
+  }
+  host.driver().endScope();
+  host.driver().clearFailures();
+  for (QWidget* window : host.driver().detachedWindows())
+    window->close();
+}
+
+} // namespace
+
+TEST(FuzzCalls, NothingCrashesOrHangs) {
+  Chance chance(testSeed());
+  const int rounds = qEnvironmentVariableIntValue("KV_FUZZ_ROUNDS");
+  const int calls = rounds > 0 ? rounds : 200;
+  for (const FunctionInfo& function : TestHost::instance().table().functions()) {
+    if (function.kind != FunctionInfo::Kind::Legacy)
+      continue;
+    for (int i = 0; i < calls; ++i)
+      callOnce(function, chance);
+    std::printf("%s: %d calls\n", qPrintable(function.name), calls);
+  }
+  EXPECT_TRUE(TestHost::instance().driver().openDialogs().isEmpty());
+}

@@ -1,0 +1,305 @@
+#include "TestHost.h"
+
+#include "Paths.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAbstractScrollArea>
+#include <QAccessible>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDialog>
+#include <QFile>
+#include <QFileInfo>
+#include <QGroupBox>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QTabBar>
+
+#include <random>
+#include <set>
+
+// What every dialog of the module has to be, whoever wrote it. The rules run over all samples, so a
+// dialog that is added is held to them by itself.
+
+namespace {
+
+// What fits the smallest laptop screen that the product is used on, at 96 dpi.
+const QSize smallestScreen(1366, 768);
+
+/// Whether the widget is what a user meets, and not an inner part of one.
+bool isInnerPart(const QWidget* widget) {
+  const QWidget* parent = widget->parentWidget();
+  return widget->objectName().startsWith(QLatin1String("qt_")) || !parent ||
+         parent->inherits("Spinner") || parent->inherits("QAbstractSpinBox") ||
+         parent->inherits("QComboBox") || qobject_cast<const QTabBar*>(widget);
+}
+
+QList<QWidget*> shownWidgets(const QWidget* dialog) {
+  QList<QWidget*> shown;
+  for (QWidget* widget : dialog->findChildren<QWidget*>())
+    if (widget->isVisible() && !isInnerPart(widget))
+      shown.append(widget);
+  return shown;
+}
+
+std::string nameOf(const QWidget* widget) {
+  return (QString::fromLatin1(widget->metaObject()->className()) + QLatin1Char(' ') +
+          widget->objectName())
+      .toStdString();
+}
+
+QChar mnemonicOf(const QString& text) {
+  const int length = text.size();
+  for (int i = 0; i + 1 < length; ++i) {
+    if (text[i] != QLatin1Char('&'))
+      continue;
+    if (text[i + 1] != QLatin1Char('&'))
+      return text[i + 1].toLower();
+    ++i;
+  }
+  return {};
+}
+
+QString captionOf(const QWidget* widget) {
+  if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
+    return button->text();
+  if (const auto* box = qobject_cast<const QGroupBox*>(widget))
+    return box->title();
+  const auto* label = qobject_cast<const QLabel*>(widget);
+  return label && label->buddy() ? label->text() : QString();
+}
+
+/// The composite that a focus widget belongs to.
+QWidget* composite(QWidget* widget) {
+  while (widget && isInnerPart(widget) && widget->parentWidget())
+    widget = widget->parentWidget();
+  return widget;
+}
+
+void expectAccessible(const QWidget* dialog) {
+  for (QWidget* widget : shownWidgets(dialog)) {
+    if (widget->focusPolicy() == Qt::NoFocus || !widget->isEnabled())
+      continue;
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(widget);
+    EXPECT_TRUE(accessible && !accessible->text(QAccessible::Name).isEmpty())
+        << nameOf(widget) << " has no accessible name";
+  }
+}
+
+void expectMnemonics(const QWidget* dialog) {
+  std::set<QChar> seen;
+  for (QWidget* widget : shownWidgets(dialog)) {
+    const auto* label = qobject_cast<const QLabel*>(widget);
+    EXPECT_TRUE(!label || label->buddy() || mnemonicOf(label->text()).isNull())
+        << nameOf(widget) << " has a mnemonic and no buddy";
+    const QChar mnemonic = mnemonicOf(captionOf(widget));
+    EXPECT_TRUE(mnemonic.isNull() || seen.insert(mnemonic).second)
+        << nameOf(widget) << " shares its mnemonic";
+  }
+}
+
+bool readsBackwards(const QWidget* from, const QWidget* to) {
+  if (from->parentWidget() != to->parentWidget())
+    return false;
+  const QRect before = from->geometry();
+  const QRect after = to->geometry();
+  return after.bottom() < before.top() && after.left() < before.right();
+}
+
+void expectTabCycle(DialogActions& actions) {
+  QWidget* dialog = actions.dialog();
+  std::set<QWidget*> wanted;
+  for (QWidget* widget : shownWidgets(dialog))
+    if (widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus) &&
+        !qobject_cast<QAbstractScrollArea*>(widget->parentWidget()) &&
+        // Of exclusive buttons, Tab visits the checked one only.
+        !(qobject_cast<QAbstractButton*>(widget) &&
+          static_cast<QAbstractButton*>(widget)->autoExclusive()))
+      wanted.insert(widget);
+  ASSERT_FALSE(wanted.empty());
+
+  QWidget* const first = composite(dialog->focusWidget());
+  ASSERT_TRUE(first) << "nothing has the focus on opening";
+  std::set<QWidget*> visited{first};
+  QWidget* at = first;
+  bool back = false;
+  int turns = 0;
+  for (std::size_t step = 0; step < 4 * wanted.size() + 8 && !back; ++step) {
+    actions.key(QString(), QStringLiteral("Tab"));
+    QWidget* next = composite(dialog->focusWidget());
+    ASSERT_TRUE(next);
+    EXPECT_NE(next, at) << nameOf(at) << " swallows Tab";
+    if (next == at)
+      return;
+    back = next == first;
+    if (readsBackwards(at, next))
+      ++turns;
+    visited.insert(next);
+    at = next;
+  }
+  // Round once, Tab goes back up exactly where it passes from the last field to the first.
+  EXPECT_LE(turns, 1) << "Tab does not follow the reading order";
+  EXPECT_TRUE(back) << "Tab does not come back to " << nameOf(first);
+  for (QWidget* widget : wanted)
+    EXPECT_TRUE(visited.count(widget)) << "Tab does not reach " << nameOf(widget);
+}
+
+void expectButtons(const QWidget* dialog) {
+  bool hasDefault = false;
+  for (const QPushButton* button : dialog->findChildren<QPushButton*>())
+    hasDefault |= button->isVisible() && button->isDefault();
+  EXPECT_TRUE(hasDefault) << "no default button";
+}
+
+void expectNothingClipped(const QWidget* dialog) {
+  EXPECT_LE(dialog->frameGeometry().width(), smallestScreen.width());
+  EXPECT_LE(dialog->frameGeometry().height(), smallestScreen.height());
+  for (QWidget* widget : shownWidgets(dialog)) {
+    const bool hasText = qobject_cast<QAbstractButton*>(widget) || qobject_cast<QLabel*>(widget);
+    const QSize wanted = widget->minimumSizeHint();
+    EXPECT_TRUE(!hasText || widget->property("wordWrap").toBool() ||
+                (widget->width() >= wanted.width() && widget->height() >= wanted.height()))
+        << nameOf(widget) << " is clipped";
+  }
+}
+
+void editAtRandom(DialogActions& dialog, std::mt19937& random) {
+  static const char* const texts[] = {"4.7k", "{2*Rload}", "nonsense", "", "1e400", "0.1", "-3"};
+  for (const QString& name : dialog.names()) {
+    try {
+      if (dialog.has(name) && dialog.get(name, QStringLiteral("outElementIndex")).isValid() &&
+          random() % 3)
+        dialog.type(name, QString::fromLatin1(texts[random() % std::size(texts)]));
+    } catch (const DriveError&) {
+      // Not a text, or not enabled.
+    }
+  }
+}
+
+class HouseRules : public testing::TestWithParam<std::string> {
+protected:
+  QString sample() const { return QString::fromStdString(GetParam()); }
+  TestHost& host() { return TestHost::instance(); }
+
+  void SetUp() override {
+    host().takeWarnings();
+    host().driver().clearFailures();
+  }
+  void TearDown() override {
+    EXPECT_EQ(host().takeWarnings().join(QLatin1Char('\n')).toStdString(), "");
+    EXPECT_EQ(host().driver().failures().join(QLatin1Char('\n')).toStdString(), "");
+  }
+
+  std::string resultOf(const std::function<void(DialogActions&)>& act) {
+    bool opened = false;
+    const ScriptEngine::Outcome outcome = host().runSample(sample(), [&](DialogActions& dialog) {
+      opened = true;
+      act(dialog);
+    });
+    EXPECT_TRUE(outcome.ok) << outcome.error.toStdString();
+    EXPECT_TRUE(opened) << "no dialog opened";
+    return host().engine().toJson(outcome.value).toStdString();
+  }
+};
+
+TEST_P(HouseRules, LooksAndReadsAsItShould) {
+  resultOf([](DialogActions& actions) {
+    expectNothingClipped(actions.dialog());
+    expectAccessible(actions.dialog());
+    expectMnemonics(actions.dialog());
+    expectButtons(actions.dialog());
+    expectTabCycle(actions);
+    actions.reject();
+  });
+}
+
+TEST_P(HouseRules, CancelLeavesEverythingAsItWas) {
+  const std::string cancelled = resultOf([](DialogActions& dialog) { dialog.reject(); });
+  QGuiApplication::clipboard()->setText(QStringLiteral("before"));
+  const QByteArray stored = host().settingsSnapshot();
+  const int windows = QApplication::topLevelWidgets().size();
+
+  std::mt19937 random(testSeed());
+  const std::function<void(DialogActions&)> waysOut[] = {
+      [](DialogActions& dialog) { dialog.reject(); }, [](DialogActions& dialog) { dialog.close(); },
+      [](DialogActions& dialog) { dialog.key(QString(), QStringLiteral("Escape")); }};
+  for (const auto& leave : waysOut) {
+    const std::string result = resultOf([&](DialogActions& dialog) {
+      editAtRandom(dialog, random);
+      leave(dialog);
+    });
+    EXPECT_EQ(result, cancelled);
+    EXPECT_EQ(host().settingsSnapshot(), stored);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("before"));
+    EXPECT_EQ(QApplication::topLevelWidgets().size(), windows);
+  }
+}
+
+TEST_P(HouseRules, SameInputSameResult) {
+  const auto accept = [](DialogActions& dialog) { dialog.accept(); };
+  const std::string once = resultOf(accept);
+  EXPECT_EQ(resultOf(accept), once);
+
+  // "Reopens: N" in a sample says that the result can stand as argument N: it comes back unchanged.
+  QFile file(sample());
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  const QString text = QString::fromUtf8(file.readAll());
+  const QRegularExpression mark(QStringLiteral("^// Reopens: (\\d+)$"),
+                                QRegularExpression::MultilineOption);
+  const QRegularExpressionMatch match = mark.match(text);
+  if (!match.hasMatch())
+    return;
+  QString function;
+  QJsonArray arguments;
+  const auto connection = QObject::connect(
+      &host().engine(), &ScriptEngine::called, [&](const QString& name, const QString& json) {
+        function = name;
+        arguments = QJsonDocument::fromJson(json.toUtf8()).array();
+      });
+  resultOf(accept);
+  QObject::disconnect(connection);
+  arguments[match.captured(1).toInt()] =
+      QJsonDocument::fromJson(QByteArray::fromStdString(once)).array();
+  QString list = QString::fromUtf8(QJsonDocument(arguments).toJson(QJsonDocument::Compact));
+  list = list.mid(1, list.size() - 2);
+  host().driver().beginScope();
+  host().driver().onDialog([](QWidget* dialog) { DialogActions(dialog).accept(); });
+  const ScriptEngine::Outcome again =
+      host().engine().evaluate(QStringLiteral("%1(%2)").arg(function, list));
+  host().driver().endScope();
+  EXPECT_TRUE(again.ok) << again.error.toStdString();
+  EXPECT_EQ(host().engine().toJson(again.value).toStdString(), once);
+}
+
+std::vector<std::string> samples() {
+  std::vector<std::string> files;
+  for (const QString& file : TestHost::sampleFiles())
+    files.push_back(file.toStdString());
+  return files;
+}
+
+INSTANTIATE_TEST_SUITE_P(Samples, HouseRules, testing::ValuesIn(samples()), [](const auto& test) {
+  return QFileInfo(QString::fromStdString(test.param)).baseName().toStdString();
+});
+
+TEST(Registry, EveryFunctionHasASampleAndAHelpPage) {
+  for (const FunctionInfo& function : TestHost::instance().table().functions()) {
+    if (function.kind == FunctionInfo::Kind::Command)
+      continue;
+    const QString sample =
+        hostDataDir(QStringLiteral("samples")) + QStringLiteral("/calls/%1.js").arg(function.name);
+    const QString page =
+        hostDataDir(QStringLiteral("help")) + QStringLiteral("/%1.md").arg(function.name);
+    EXPECT_TRUE(QFile::exists(sample)) << qPrintable(sample);
+    EXPECT_TRUE(QFile::exists(page)) << qPrintable(page);
+  }
+}
+
+} // namespace

@@ -1,0 +1,9 @@
+#include "TestHost.h"
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  TestHost host(argc, argv);
+  return RUN_ALL_TESTS();
+}

@@ -1,0 +1,274 @@
+#include "KelvarinDialog.h"
+#include "DummyWidget.h"
+#include "HostSupport/System.h"
+#include "HostSupportQt/HostSupportQt.h"
+#include "HostWidgets/CheckBox.h"
+#include "HostWidgets/EditBox.h"
+#include "HostWidgets/Spinner.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <cstring>
+#include <deque>
+#include <limits>
+#include <string>
+
+namespace {
+
+/// An argument block with callbacks of its own, as a host makes it.
+class FakeCall {
+public:
+  FakeCall() {
+    // Whatever the module does not own is poisoned, so that reading it shows.
+    std::memset(static_cast<void*>(&m_host.block), 0xA5, sizeof m_host.block);
+    m_host.block.argCount = 0;
+    m_host.block.makeStringResult = &makeStrings;
+    m_host.block.makeRealResult = &makeReals;
+    m_host.block.hostString = &copyString;
+  }
+
+  FakeCall& reals(std::vector<double> values) {
+    m_reals.push_back(std::move(values));
+    add(UserReal, m_reals.back().data(), m_reals.back().size());
+    return *this;
+  }
+  FakeCall& strings(std::vector<const char*> texts) {
+    m_strings.push_back(std::move(texts));
+    add(UserString, m_strings.back().data(), m_strings.back().size());
+    return *this;
+  }
+
+  UserFunctionInterface* block() { return &m_host.block; }
+  const std::vector<double>& realResult() const { return m_host.realResult; }
+  const std::vector<char*>& stringResult() const { return m_host.stringResult; }
+  std::vector<std::string> texts() const {
+    return {m_host.stringResult.begin(), m_host.stringResult.end()};
+  }
+  void giveNothing() { m_host.isEmpty = true; }
+
+private:
+  struct Host {
+    UserFunctionInterface block;
+    std::vector<double> realResult;
+    std::vector<char*> stringResult;
+    bool isEmpty = false;
+  };
+  static Host* hostOf(UserFunctionInterface* call) { return reinterpret_cast<Host*>(call); }
+  static char** makeStrings(UserFunctionInterface* call, int count) {
+    hostOf(call)->stringResult.assign(std::size_t(count), nullptr);
+    return hostOf(call)->isEmpty ? nullptr : hostOf(call)->stringResult.data();
+  }
+  static double* makeReals(UserFunctionInterface* call, int count, const char*) {
+    hostOf(call)->realResult.assign(std::size_t(count), std::numeric_limits<double>::quiet_NaN());
+    return hostOf(call)->isEmpty ? nullptr : hostOf(call)->realResult.data();
+  }
+  static char* copyString(const char* text) {
+    static std::deque<std::string> kept;
+    kept.emplace_back(text);
+    return kept.back().data();
+  }
+  void add(UserDataType type, void* data, std::size_t count) {
+    UserArgument& argument = m_host.block.args[m_host.block.argCount++];
+    argument.data = count ? data : nullptr;
+    argument.count = std::uint32_t(count);
+    argument.type = type;
+  }
+
+  Host m_host;
+  std::deque<std::vector<double>> m_reals;
+  std::deque<std::vector<const char*>> m_strings;
+};
+
+/// Runs `act` once its `exec` has begun.
+class TestDialog : public KelvarinDialog {
+public:
+  explicit TestDialog(std::function<void(TestDialog*)> act = {})
+      : KelvarinDialog(nullptr, "TestDialog", true, {}), m_act(std::move(act)) {
+    setLayout(new QVBoxLayout);
+    dimsSavingEnabled = false;
+  }
+  template <class Widget> Widget* add(int argument, int element, int out) {
+    auto* widget = new Widget(this, "widget");
+    widget->argIndex = argument;
+    widget->elementIndex = element;
+    widget->outElementIndex = out;
+    layout()->addWidget(widget);
+    return widget;
+  }
+  QPushButton* addButton(const char* name) {
+    auto* button = new QPushButton(this);
+    button->setObjectName(QString::fromLatin1(name));
+    layout()->addWidget(button);
+    return button;
+  }
+  void prepareDialog(UserFunctionInterface* args, UserDataType type) override {
+    KelvarinDialog::prepareDialog(args, type);
+    QTimer::singleShot(0, this, [this] {
+      if (m_act)
+        m_act(this);
+      else
+        okClicked();
+    });
+  }
+
+private:
+  std::function<void(TestDialog*)> m_act;
+};
+
+} // namespace
+
+TEST(KelvarinDialog, AccessorsAreSafeForWhatIsMissing) {
+  FakeCall call;
+  call.reals({1.5, 2.5}).strings({"text", nullptr}).reals({}).strings({});
+  TestDialog dialog([](TestDialog* d) {
+    const double* reals = nullptr;
+    const char* const* strings = nullptr;
+    unsigned count = 7;
+    double real = 9;
+    YString text("kept");
+
+    EXPECT_EQ(d->getReal(0), 1.5);
+    EXPECT_TRUE(d->getReal(0, &real) && real == 1.5);
+    EXPECT_EQ(d->getString(1), "text");
+    EXPECT_TRUE(d->getRealVector(0, &reals, &count) && count == 2 && reals[1] == 2.5);
+    EXPECT_TRUE(d->getStringVector(1, &strings, &count) && count == 2);
+
+    for (const int missing : {2, 3, 4, 31, 32, 1000, -1}) {
+      real = 9;
+      EXPECT_EQ(d->getReal(missing), 0.0) << missing;
+      EXPECT_FALSE(d->getReal(missing, &real)) << missing;
+      EXPECT_EQ(real, 9) << missing;
+      EXPECT_EQ(d->getString(missing), "") << missing;
+      EXPECT_FALSE(d->getString(missing, &text)) << missing;
+      EXPECT_EQ(text, "kept") << missing;
+      EXPECT_EQ(d->copyReals(missing, &real, sizeof real), 0U) << missing;
+    }
+    // A vector of the other kind is none.
+    EXPECT_FALSE(d->getStringVector(0, &strings, &count));
+    EXPECT_TRUE(strings == nullptr && count == 0);
+    EXPECT_FALSE(d->getRealVector(1, &reals, &count));
+    EXPECT_TRUE(reals == nullptr && count == 0);
+    // A number is never followed as the address of a text.
+    EXPECT_EQ(d->getString(0), "");
+
+    double copied[3] = {-1, -1, -1};
+    EXPECT_EQ(d->copyReals(0, copied, 7), 0U);
+    EXPECT_EQ(d->copyReals(0, copied, 8), 1U);
+    EXPECT_EQ(d->copyReals(0, copied, sizeof copied), 2U);
+    EXPECT_EQ(copied[2], -1);
+    d->cancelClicked();
+  });
+  EXPECT_FALSE(dialog.runDialog(call.block(), UserReal));
+}
+
+TEST(KelvarinDialog, ElementsInAndOutNeedNotBeTheSame) {
+  FakeCall call;
+  call.reals({10, 20, 30}).strings({"4.7k", "{2*R}", "on"});
+  TestDialog dialog;
+  dialog.add<Spinner>(0, 2, 5);
+  dialog.add<Spinner>(1, 1, 0);
+  dialog.add<CheckBox>(0, 9, 2)->setChecked(true); // no such element: as the form made it
+  dialog.add<EditBox>(1, 0, 1);
+  dialog.add<EditBox>(1, 2, -1); // shown, not returned
+  const DummyWidget carrier(&dialog, 3);
+
+  EXPECT_TRUE(dialog.runDialog(call.block(), UserString));
+  EXPECT_EQ(call.texts(), (std::vector<std::string>{"{2*R}", "4.7k", "1", "", "", "30"}));
+  EXPECT_TRUE(dialog.runDialog(call.block(), UserReal));
+  EXPECT_EQ(call.realResult(), (std::vector<double>{0, 4700, 1, 0, 0, 30}));
+}
+
+TEST(KelvarinDialog, CancelMakesNoResult) {
+  FakeCall call;
+  TestDialog dialog([](TestDialog* d) { d->cancelClicked(); });
+  dialog.add<Spinner>(0, 0, 0);
+  EXPECT_FALSE(dialog.runDialog(call.block(), UserReal));
+  EXPECT_TRUE(call.realResult().empty());
+}
+
+TEST(KelvarinDialog, AHostWithoutMemoryGetsNoResult) {
+  for (const UserDataType type : {UserReal, UserString}) {
+    FakeCall call;
+    call.giveNothing();
+    TestDialog dialog([](TestDialog* d) {
+      d->setRealResult(1);
+      d->setStringResult("x");
+      d->okClicked();
+    });
+    dialog.add<Spinner>(0, 0, 0);
+    EXPECT_TRUE(dialog.runDialog(call.block(), type));
+  }
+}
+
+TEST(KelvarinDialog, HelpButtonGoesWithTheHelp) {
+  for (const bool hasHelp : {true, false}) {
+    sp_SetSystemValue("hasHelp", hasHelp ? "1" : "0");
+    FakeCall call;
+    TestDialog dialog([hasHelp](TestDialog* d) {
+      EXPECT_EQ(d->findChild<QPushButton*>(QStringLiteral("helpButton"))->isVisible(), hasHelp);
+      d->reject();
+    });
+    dialog.addButton("helpButton");
+    dialog.runDialog(call.block(), UserReal);
+  }
+  sp_SetSystemValue("hasHelp", nullptr);
+}
+
+TEST(KelvarinDialog, ButtonsAreWiredByName) {
+  for (const auto& [name, expected] :
+       {std::pair("okButton", 1), std::pair("cancelButton", 0), std::pair("applyButton", -1)}) {
+    FakeCall call;
+    int result = -1;
+    TestDialog dialog([&, buttonName = name](TestDialog* d) {
+      d->findChild<QPushButton*>(QString::fromLatin1(buttonName))->click();
+      result = d->isVisible() ? -1 : d->result();
+      d->reject();
+    });
+    dialog.addButton(name);
+    dialog.runDialog(call.block(), UserReal);
+    EXPECT_EQ(result, expected) << name;
+  }
+}
+
+TEST(KelvarinDialog, OkFinishesTheCellThatIsOpen) {
+  FakeCall call;
+  QString cell;
+  TestDialog dialog([&](TestDialog* d) {
+    auto* table = d->findChild<QTableWidget*>();
+    d->activateWindow();
+    table->setFocus();
+    table->editItem(table->item(0, 0));
+    QApplication::processEvents();
+    auto* editor = table->findChild<QLineEdit*>();
+    ASSERT_TRUE(editor);
+    editor->setText(QStringLiteral("typed"));
+    d->findChild<QPushButton*>(QStringLiteral("okButton"))->click();
+    cell = table->item(0, 0)->text();
+  });
+  auto* table = new QTableWidget(1, 1, &dialog);
+  table->setItem(0, 0, new QTableWidgetItem(QStringLiteral("old")));
+  dialog.layout()->addWidget(table);
+  dialog.addButton("okButton");
+  EXPECT_TRUE(dialog.runDialog(call.block(), UserReal));
+  EXPECT_EQ(cell, QStringLiteral("typed"));
+}
+
+TEST(KelvarinDialog, FlagsSayWhatKindOfWindowItIs) {
+  class Plain : public KelvarinDialog {
+  public:
+    explicit Plain(bool modal)
+        : KelvarinDialog(nullptr, "p", modal, Qt::WindowContextHelpButtonHint) {}
+  };
+  const Plain modal(true);
+  const Plain modeless(false);
+  EXPECT_TRUE(modal.isModal() && !(modal.windowFlags() & Qt::WindowStaysOnTopHint));
+  EXPECT_TRUE(!modeless.isModal() && (modeless.windowFlags() & Qt::WindowStaysOnTopHint));
+  EXPECT_TRUE(modal.windowFlags() & Qt::WindowContextHelpButtonHint);
+}

@@ -1,0 +1,148 @@
+#include "HostSupport/Files.h"
+#include "HostSupport/Options.h"
+#include "HostSupportQt/HostSupportQt.h"
+
+#include <gtest/gtest.h>
+
+#include <QDialog>
+#include <QFile>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+#include <QTemporaryDir>
+
+namespace {
+
+class Settings : public testing::Test {
+protected:
+  void SetUp() override { sp_SetSettingsDir(toYs(m_folder.path())); }
+  QTemporaryDir m_folder;
+};
+
+std::vector<HelpRequest> requests;
+
+} // namespace
+
+using GeometryTest = Settings;
+
+TEST_F(GeometryTest, OnlyWhatAScreenShowsIsRestored) {
+  const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+  const struct {
+    const char* stored;
+    bool restored;
+    bool moved;
+  } cases[] = {
+      {"40 50 320 240", true, true},
+      {"40 50 32000 24000", true, true}, // no larger than the screen
+      {"-5000 50 320 240", true, false}, // that screen is gone: the size only
+      {"40 90000 320 240", false, false},
+      {"40 50 0 240", false, false},
+      {"40 50 320", false, false},
+      {"40 50 320 240 1", false, false},
+      {"4e1 50 320 240", false, false},
+      {"", false, false},
+      {"\xff\xfe", false, false},
+  };
+  for (const auto& c : cases) {
+    cfgman_WriteConfigSetting("WidgetDims", "box", c.stored);
+    QDialog dialog;
+    dialog.setObjectName(QStringLiteral("box"));
+    dialog.resize(111, 112);
+    dialog.move(7, 8);
+    EXPECT_EQ(sp_RestoreWidgetDims(&dialog, YString()), c.restored) << c.stored;
+    EXPECT_EQ(dialog.pos() == QPoint(40, 50), c.moved) << c.stored;
+    if (!c.restored) {
+      EXPECT_EQ(dialog.size(), QSize(111, 112)) << c.stored;
+    }
+    EXPECT_LE(dialog.width(), screen.width()) << c.stored;
+  }
+}
+
+TEST_F(GeometryTest, SavedByNameAndByKey) {
+  QDialog first;
+  first.setObjectName(QStringLiteral("one"));
+  first.setGeometry(20, 30, 300, 200);
+  sp_SaveWidgetDims(&first, YString());
+  sp_SaveWidgetDims(&first, "other key");
+  QDialog second;
+  second.setObjectName(QStringLiteral("one"));
+  EXPECT_TRUE(sp_RestoreWidgetDims(&second, YString()));
+  EXPECT_EQ(second.size(), QSize(300, 200));
+  EXPECT_TRUE(sp_RestoreWidgetDims(&second, "other key"));
+  second.setObjectName(QString());
+  EXPECT_FALSE(sp_RestoreWidgetDims(&second, YString()));
+}
+
+TEST_F(GeometryTest, AWindowThatSavesByItself) {
+  for (const QSize size : {QSize(310, 210), QSize(320, 220)}) {
+    QWidget window;
+    window.setObjectName(QStringLiteral("auto"));
+    sp_AutoSaveDialogDims(&window);
+    sp_AutoSaveDialogDims(&window);
+    window.show();
+    if (size.width() == 320) {
+      EXPECT_EQ(window.size(), QSize(310, 210));
+    }
+    window.resize(size);
+    window.hide();
+  }
+}
+
+TEST(Help, TopicToNumberToPage) {
+  QTemporaryDir folder;
+  QFile index(folder.filePath(QStringLiteral("topics.txt")));
+  ASSERT_TRUE(index.open(QIODevice::WriteOnly));
+  index.write(
+      "# comment\n3004 Passive_conv  passive.md\r\nnonsense\n12 Two fields too many\n17 P q.md");
+  index.close();
+  ASSERT_TRUE(sp_SetHelpDir(toYs(folder.path())));
+  EXPECT_EQ(sp_GetHelpContextId("PASSIVE_CONV"), 3004);
+  EXPECT_EQ(sp_GetHelpContextId("p"), 17);
+  EXPECT_EQ(sp_GetHelpContextId("nonsense"), -1);
+  EXPECT_EQ(sp_GetHelpContextId(""), -1);
+
+  requests.clear();
+  sp_SetHelpViewer([](const HelpRequest& request) { requests.push_back(request); });
+  EXPECT_TRUE(sp_HasHelp());
+  sp_RunHelp("3004", nullptr);
+  sp_RunHelp("passive_conv", nullptr);
+  sp_RunHelpContext(99);
+  sp_RunHelp(nullptr, nullptr);
+  sp_SetHelpViewer(nullptr);
+  EXPECT_FALSE(sp_HasHelp());
+  ASSERT_EQ(requests.size(), 3U);
+  EXPECT_EQ(requests[0].topic, "Passive_conv");
+  EXPECT_EQ(requests[1].number, 3004);
+  EXPECT_TRUE(toQs(requests[1].page).endsWith(QStringLiteral("/passive.md")));
+  EXPECT_TRUE(requests[2].number == 99 && requests[2].page.isEmpty());
+  EXPECT_FALSE(sp_SetHelpDir("/nonexistent"));
+}
+
+TEST(Query, ByClassAndNameAndDepth) {
+  QWidget root;
+  auto* outer = new QWidget(&root);
+  outer->setObjectName(QStringLiteral("a"));
+  auto* inner = new QPushButton(outer);
+  inner->setObjectName(QStringLiteral("a"));
+  new QLabel(&root);
+  EXPECT_EQ(qtsp_QueryList(&root, nullptr, nullptr, true, true).size(), 3);
+  EXPECT_EQ(qtsp_QueryList(&root, nullptr, nullptr, true, false).size(), 2);
+  EXPECT_EQ(qtsp_SearchChild(&root, "a", "QPushButton", true), inner);
+  EXPECT_EQ(qtsp_SearchChild(&root, "a", "QPushButton", false), nullptr);
+  EXPECT_EQ(qtsp_SearchChild(&root, "a", "QAbstractButton", true), inner)
+      << "derived classes count";
+  EXPECT_EQ(qtsp_SearchChild(nullptr, "a", nullptr, true), nullptr);
+}
+
+TEST(Text, BothWaysAndForAMoment) {
+  const QString text = QStringLiteral("4.7 µF – 電圧");
+  EXPECT_EQ(toQs(toYs(text)), text);
+  const char* first = toCs(QStringLiteral("first"));
+  EXPECT_STREQ(toCs(QStringLiteral("second")), "second");
+  EXPECT_STREQ(first, "first");
+  EXPECT_TRUE(equals(QStringLiteral("Meg"), QStringLiteral("MEG")));
+  EXPECT_EQ(sp_ConvertHTMLcolourToRGB("#0a141e"), 0x0a141e);
+  EXPECT_EQ(sp_ConvertRGBcolourToHTML(0x0a141e), "#0a141e");
+  EXPECT_EQ(sp_ConvertHTMLcolourToRGB("no colour"), 0);
+}
