@@ -22,7 +22,7 @@ public:
   void setStringValue(const QString& text) { setText(text); }
   QString info() const { return m_info; }
   void setInfo(const QString& text); ///< plain or rich text; empty: no mark, no focus
-  void showInfo(); ///< pops the text up; nothing where there is none
+  void showInfo();                   ///< pops the text up; nothing where there is none
 
 protected:
   void paintEvent(QPaintEvent* event) override;

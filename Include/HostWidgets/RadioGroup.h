@@ -60,7 +60,7 @@ private:
   QVector<double> m_values;
   int m_pendingId = -1; ///< set by a form before its buttons exist
   bool m_adoptionPosted = false;
-  QButtonGroup* m_exclusion;        ///< one choice, though the buttons stand in several containers
+  QButtonGroup* m_exclusion; ///< one choice, though the buttons stand in several containers
   QVector<QPointer<QRadioButton>> m_known; ///< adopted, in the order of their creation
   QList<QRadioButton*> m_positions; ///< as first shown; a button hidden later keeps its position
 };

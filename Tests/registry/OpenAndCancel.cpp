@@ -71,8 +71,9 @@ void openAndCancel(const QString& sample, int times) {
   const std::size_t atEnd = heldBytes();
   std::printf("%s: %zu bytes held after 100 openings, %zu after %d\n", qPrintable(function),
               afterWarmUp, atEnd, times);
-  // One byte per opening would be 9,900: less than that is the allocator's own book-keeping.
-  EXPECT_LT(atEnd, afterWarmUp + 4096);
+  // The smallest block of the heap leaked per opening would be 160,000 bytes or more; a few
+  // thousand come and go with Qt's caches.
+  EXPECT_LT(atEnd, afterWarmUp + 32768);
   EXPECT_TRUE(host.driver().failures().isEmpty());
 }
 

@@ -1,7 +1,6 @@
 #include "TestHost.h"
 
 #include "HostSupport/Files.h"
-#include "Paths.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -24,8 +23,10 @@ bool isPlatformNoise(const QString& text) {
 }
 
 void keepWarning(QtMsgType type, const QMessageLogContext&, const QString& text) {
+  if (isPlatformNoise(text))
+    return;
   std::fprintf(stderr, "%s\n", qPrintable(text));
-  if (type != QtDebugMsg && type != QtInfoMsg && !isPlatformNoise(text))
+  if (type != QtDebugMsg && type != QtInfoMsg)
     warnings.append(text);
 }
 
@@ -93,7 +94,8 @@ ScriptEngine::Outcome TestHost::runSample(const QString& file,
 }
 
 QStringList TestHost::sampleFiles() {
-  const QDir folder(hostDataDir(QStringLiteral("samples")) + QStringLiteral("/calls"));
+  // Asked for before there is an application, to which `hostDataDir` would look.
+  const QDir folder(QStringLiteral(KV_SAMPLE_DIR));
   QStringList files;
   for (const QString& name : folder.entryList({QStringLiteral("*.js")}, QDir::Files, QDir::Name))
     files.append(folder.filePath(name));

@@ -1,0 +1,161 @@
+#include "FileAccess.h"
+
+#include "HostSupport/Files.h"
+#include "HostSupport/System.h"
+
+#include "Platform.h"
+
+#include <atomic>
+#include <cerrno>
+#include <mutex>
+#include <random>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::atomic<int> operationCount{0};
+std::atomic<int> failingOperation{0}; // 0 for none
+std::atomic<bool> failsAfterwards{false};
+
+/// Makes an error code the `errno` of the caller; true if there is none.
+bool succeeded(const std::error_code& error) {
+  if (error)
+    errno = error.value();
+  return !error;
+}
+
+bool writeAndClose(std::FILE* file, std::string_view bytes) {
+  bool written =
+      fileOperationMayRun() && std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
+  // What the buffer holds back may still fail to reach the file.
+  written = written && fileOperationMayRun() && std::fflush(file) == 0;
+  const int reason = errno;
+  const bool closed = std::fclose(file) == 0;
+  if (!written)
+    errno = reason;
+  return written && closed;
+}
+
+} // namespace
+
+int sp_FailFileOperation(int n, bool andAllAfter) {
+  failingOperation = n;
+  failsAfterwards = andAllAfter;
+  return operationCount.exchange(0);
+}
+
+bool fileOperationMayRun() {
+  const int number = ++operationCount;
+  const int failing = failingOperation.load(std::memory_order_relaxed);
+  if (failing <= 0 || number < failing || (number > failing && !failsAfterwards))
+    return true;
+  errno = ENOSPC;
+  return false;
+}
+
+fs::path pathOf(std::string_view utf8) {
+  try {
+    return fs::u8path(utf8);
+  } catch (const std::system_error&) {
+    return {}; // not UTF-8, where that matters
+  }
+}
+
+std::string textOf(const fs::path& path) {
+  return path.u8string();
+}
+
+ReadStatus readWholeFile(const std::string& path, std::size_t limit, std::string* bytes) {
+  bytes->clear();
+  std::error_code error;
+  const fs::path place = pathOf(path);
+  if (fs::symlink_status(place, error).type() == fs::file_type::not_found)
+    return ReadStatus::Missing;
+  // To open a pipe would wait for its writer.
+  if (!fs::is_regular_file(place, error))
+    return ReadStatus::Unreadable;
+  std::FILE* file = fopen_utf8(path.c_str(), "rb");
+  if (!file)
+    return ReadStatus::Unreadable;
+  char chunk[16384];
+  std::size_t count = 0;
+  ReadStatus status = ReadStatus::Read;
+  do {
+    count = fileOperationMayRun() ? std::fread(chunk, 1, sizeof chunk, file) : 0;
+    bytes->append(chunk, count);
+    if (bytes->size() > limit)
+      status = ReadStatus::TooLarge;
+  } while (count == sizeof chunk && status == ReadStatus::Read);
+  if (status == ReadStatus::Read && !std::feof(file))
+    status = ReadStatus::Unreadable;
+  std::fclose(file);
+  return status;
+}
+
+bool replaceFile(const std::string& path, std::string_view bytes) {
+  const fs::path place = pathOf(path);
+  std::error_code error;
+  const fs::file_status present = fs::status(place, error);
+  if (fs::exists(present)) {
+    std::FILE* writable = fopen_utf8(path.c_str(), "r+b");
+    if (!writable)
+      return false;
+    std::fclose(writable);
+  }
+  // The one name will do, since the caller holds the lock; so no leftovers pile up.
+  const std::string next = path + ".new";
+  std::FILE* file = fopen_utf8(next.c_str(), "wb");
+  if (!file)
+    return false;
+  if (writeAndClose(file, bytes)) {
+    if (fs::exists(present))
+      fs::permissions(pathOf(next), present.permissions(), error);
+    if (renameFile(next, path))
+      return true;
+  }
+  const int reason = errno;
+  unlink_utf8(next.c_str());
+  errno = reason;
+  return false;
+}
+
+bool renameFile(const std::string& from, const std::string& to) {
+  if (!fileOperationMayRun())
+    return false;
+  std::error_code error;
+  fs::rename(pathOf(from), pathOf(to), error);
+  return succeeded(error);
+}
+
+bool makeFolders(const std::string& path) {
+  const fs::path place = pathOf(path);
+  std::error_code error;
+  if (fs::is_directory(place, error))
+    return true;
+  if (!fileOperationMayRun())
+    return false;
+  fs::create_directories(place, error);
+  return succeeded(error);
+}
+
+std::string makeUniqueFile(const std::string& folder) {
+  static std::mutex mutex;
+  static std::mt19937_64 random{std::random_device{}()};
+  constexpr int attempts = 100;
+  for (int attempt = 0; attempt < attempts && fileOperationMayRun(); ++attempt) {
+    std::uint64_t number = 0;
+    {
+      const std::lock_guard<std::mutex> lock(mutex);
+      number = random();
+    }
+    const std::string path = folder + "/kv-" + std::to_string(number) + ".tmp";
+    if (std::FILE* file = platformCreateFile(path.c_str())) {
+      std::fclose(file);
+      return path;
+    }
+    if (errno != EEXIST)
+      break;
+  }
+  return {};
+}

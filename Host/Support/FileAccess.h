@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+// Access to files for this library. Each operation passes `fileOperationMayRun`, so that tests can
+// let any one of them fail.
+
+/// False, with `errno` set, where this operation is to fail.
+bool fileOperationMayRun();
+
+std::filesystem::path pathOf(std::string_view utf8);
+std::string textOf(const std::filesystem::path& path);
+
+enum class ReadStatus { Read, Missing, Unreadable, TooLarge };
+/// The whole of a regular file of at most `limit` bytes. A link that points nowhere is unreadable,
+/// not missing.
+ReadStatus readWholeFile(const std::string& path, std::size_t limit, std::string* bytes);
+
+/// Puts `bytes` in the place of the file at once: a reader sees all of the old or all of the new,
+/// and a failure, told by `errno`, leaves the old. The caller holds the file's lock. A file that is
+/// write-protected is not replaced.
+bool replaceFile(const std::string& path, std::string_view bytes);
+
+bool renameFile(const std::string& from, const std::string& to);
+bool makeFolders(const std::string& path);
+
+/// A new empty file in `folder`; its path, or empty.
+std::string makeUniqueFile(const std::string& folder);

@@ -1,0 +1,345 @@
+#include "HostSupport/Files.h"
+
+#include "HostSupport/Parsing.h"
+#include "HostSupport/System.h"
+
+#include "AsciiText.h"
+#include "FileAccess.h"
+#include "Platform.h"
+
+#include <QDir>
+#include <QStandardPaths>
+
+#include <cerrno>
+#include <cstring>
+#include <mutex>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string stringOf(const YString& text) {
+  return std::string(text.c_str(), text.length());
+}
+
+YString textOf(const QString& text) {
+  return YString(text.toStdString());
+}
+
+YString joined(const YString& folder, const char* name) {
+  const std::size_t length = folder.length();
+  const bool ends = length > 0 && isPathSeparator(folder.c_str()[length - 1]);
+  return ends ? folder.concat(name) : folder.concat("/").concat(name);
+}
+
+/// Length of a drive at the front of a path, "C:" or "//server/share".
+std::size_t driveLength(std::string_view path) {
+  if (!platformHasDrives())
+    return 0;
+  if (path.size() >= 2 && path[1] == ':' && isAsciiLetter(path[0]))
+    return 2;
+  if (path.size() < 3 || !isPathSeparator(path[0]) || !isPathSeparator(path[1]) ||
+      isPathSeparator(path[2]))
+    return 0;
+  const std::size_t share = path.find_first_of("/\\", 2);
+  if (share == std::string_view::npos)
+    return path.size();
+  return std::min(path.find_first_of("/\\", share + 1), path.size());
+}
+
+/// Cuts separators off the end, but for those of a root.
+std::string_view withoutTrailingSeparators(std::string_view path) {
+  const std::size_t root = driveLength(path) + 1;
+  while (path.size() > root && isPathSeparator(path.back()))
+    path.remove_suffix(1);
+  return path;
+}
+
+fs::path folderPath(const YString& path) {
+  return pathOf(withoutTrailingSeparators({path.c_str(), path.length()}));
+}
+
+YString withSeparators(const YString& path, char from, char to) {
+  YString result = path;
+  if (from != to && std::strchr(path, from))
+    for (char* c = result.detach(); *c; ++c)
+      if (*c == from)
+        *c = to;
+  return result;
+}
+
+} // namespace
+
+bool sp_ExistFile(const char* path) {
+  std::error_code error;
+  const fs::file_status status = fs::status(pathOf(path ? path : ""), error);
+  return fs::exists(status) && !fs::is_directory(status);
+}
+
+bool sp_ExistDir(YString path) {
+  std::error_code error;
+  return fs::is_directory(folderPath(path), error);
+}
+
+bool sp_MakeDir(const YString& path) {
+  if (sp_ExistDir(path))
+    return true;
+  if (path.isEmpty() || !fileOperationMayRun())
+    return false;
+  std::error_code error;
+  fs::create_directory(folderPath(path), error);
+  return sp_ExistDir(path);
+}
+
+bool sp_MakeTree(YString path) {
+  return !path.isEmpty() && makeFolders(textOf(folderPath(path))) && sp_ExistDir(path);
+}
+
+bool sp_DirectoryIsWriteable(const YString& path) {
+  if (!sp_ExistDir(path))
+    return false;
+  const std::string trial = makeUniqueFile(stringOf(path));
+  return !trial.empty() && unlink_utf8(trial.c_str()) == 0;
+}
+
+YString sp_GetFullPath(const YString& path) {
+  if (path.isEmpty())
+    return path;
+  std::error_code error;
+  const fs::path full = fs::absolute(pathOf(path.c_str()), error);
+  if (error)
+    return path;
+  return YString(std::string(withoutTrailingSeparators(textOf(full.lexically_normal()))));
+}
+
+void sp_SplitPath(YString path, PathName* parts) {
+  const std::string_view text(path.c_str(), path.length());
+  const std::size_t drive = driveLength(text);
+  const std::size_t lastSeparator = text.find_last_of("/\\");
+  const std::size_t name =
+      lastSeparator == std::string_view::npos || lastSeparator < drive ? drive : lastSeparator + 1;
+  // A point in front is part of the name: ".profile", "..".
+  const std::size_t firstOther = text.find_first_not_of('.', name);
+  const std::size_t point = text.rfind('.');
+  const bool hasExtension =
+      point != std::string_view::npos && firstOther != std::string_view::npos && point > firstOther;
+  const std::size_t extension = hasExtension ? point : text.size();
+  const auto part = [text](std::size_t from, std::size_t to) {
+    return YString(text.data() + from, to - from);
+  };
+  *parts = {part(0, drive), part(drive, name), part(name, extension), part(extension, text.size())};
+}
+
+YString sp_GetDirFromPath(const char* path) {
+  PathName parts;
+  sp_SplitPath(path, &parts);
+  const std::string folder = stringOf(YString(parts.drive.concat(parts.directory)));
+  return YString(std::string(withoutTrailingSeparators(folder)));
+}
+
+YString sp_GetCwd() {
+  std::error_code error;
+  return YString(textOf(fs::current_path(error)));
+}
+
+YString sp_GetTempPath() {
+  std::error_code error;
+  const fs::path path = fs::temp_directory_path(error);
+  const std::string text = error ? QDir::tempPath().toStdString() : textOf(path);
+  return YString(std::string(withoutTrailingSeparators(text)));
+}
+
+YString sp_GetTempFile() {
+  return YString(makeUniqueFile(stringOf(sp_GetTempPath())));
+}
+
+YString sp_GetExeFileName() {
+  return YString(platformExecutable());
+}
+
+YString sp_GetExeDir() {
+  return sp_GetDirFromPath(sp_GetExeFileName());
+}
+
+YString sp_GetKnownFolderPath(const YString& folder) {
+  if (sp_CompareNoCase(folder, "AppData") == 0)
+    return sp_GetSettingsDir();
+  if (sp_CompareNoCase(folder, "Temp") == 0)
+    return sp_GetTempPath();
+  static constexpr struct {
+    const char* name;
+    QStandardPaths::StandardLocation location;
+  } folders[] = {{"Documents", QStandardPaths::DocumentsLocation},
+                 {"Desktop", QStandardPaths::DesktopLocation},
+                 {"Home", QStandardPaths::HomeLocation}};
+  for (const auto& known : folders)
+    if (sp_CompareNoCase(folder, known.name) == 0)
+      return textOf(QStandardPaths::writableLocation(known.location));
+  return YString();
+}
+
+YString sp_ConvertLocalToUnix(const YString& path) {
+  return withSeparators(path, '\\', '/');
+}
+
+YString sp_ConvertUnixToLocal(const YString& path) {
+  return withSeparators(path, '/', static_cast<char>(fs::path::preferred_separator));
+}
+
+bool sp_TranslateSystemPath(const char* path, YString* out) {
+  *out = YString(path);
+  const YString given = *out;
+  const char* text = given;
+  const char* end = *text == '%' ? std::strchr(text + 1, '%') : nullptr;
+  if (!end)
+    return true;
+  const YString word(text + 1, static_cast<std::size_t>(end - text - 1));
+  const YString folder =
+      sp_CompareNoCase(word, "EXEPATH") == 0 ? sp_GetExeDir() : sp_GetKnownFolderPath(word);
+  if (folder.isEmpty())
+    return false;
+  const char* rest = end + 1;
+  while (isPathSeparator(*rest))
+    ++rest;
+  *out = *rest ? joined(folder, rest) : folder;
+  return true;
+}
+
+bool sp_CaseSensitiveFiles() {
+  return sp_GetSystemValue("caseSensitiveFiles") == "1";
+}
+
+std::FILE* fopen_utf8(const char* path, const char* mode) {
+  if (!path || !mode) {
+    errno = EINVAL;
+    return nullptr;
+  }
+  return fileOperationMayRun() ? platformOpenFile(path, mode) : nullptr;
+}
+
+int unlink_utf8(const char* path) {
+  if (!path) {
+    errno = EINVAL;
+    return -1;
+  }
+  return fileOperationMayRun() ? platformUnlink(path) : -1;
+}
+
+bool sp_ReadNextLine(std::FILE* file, YString* line) {
+  std::string text;
+  const bool found = file && fileOperationMayRun() && platformReadLine(file, &text);
+  *line = YString(text);
+  return found;
+}
+
+namespace {
+
+struct FileKind {
+  const char* name;
+  const char* extensions;
+};
+
+constexpr FileKind fileKinds[] = {
+    {"Schematic", "kvsch"}, {"Symbol", "kvsym"},      {"Component", "kvcmp"}, {"Graph", "kvgraph"},
+    {"Script", "js"},       {"Model", "lib;mod;mdl"}, {"Data", "kvdat;csv"},  {"Text", "txt;log"},
+};
+
+} // namespace
+
+bool sp_GetKelvarinFileExtension(const char* kind, YList<YString>* extensions) {
+  extensions->clear();
+  for (const FileKind& known : fileKinds) {
+    if (sp_CompareNoCase(known.name, kind) != 0)
+      continue;
+    YArray<YString> fields;
+    sp_SplitLine(known.extensions, ';', &fields, allFields);
+    for (const YString& field : fields)
+      extensions->append(field);
+    return true;
+  }
+  return false;
+}
+
+YString sp_GetKelvarinDefaultExtension(const char* fileKind) {
+  YList<YString> extensions;
+  return sp_GetKelvarinFileExtension(fileKind, &extensions) ? *extensions.begin() : YString();
+}
+
+namespace {
+
+/// "txt", ".txt" and "*.txt" are "*.txt"; "*" and "*.*" are all files.
+YString filterPattern(YString extension) {
+  if (extension == "*.*")
+    return "*";
+  if (std::strpbrk(extension, "*?"))
+    return extension;
+  extension.stripLeading(".");
+  return YString("*.").concat(extension);
+}
+
+YString filterEntry(const YString& title, const YString& extensions, const char* separator) {
+  YArray<YString> fields;
+  sp_ScanLine(extensions, "; \t", &fields, allFields);
+  YString patterns;
+  for (const YString& field : fields)
+    patterns = patterns.concat(patterns.isEmpty() ? "" : separator).concat(filterPattern(field));
+  if (patterns.isEmpty())
+    return patterns;
+  return title.concat(" (").concat(patterns).concat(")");
+}
+
+} // namespace
+
+bool sp_CompileFilter(const char* spec, YArray<YString>* out, const char* separator) {
+  out->clear();
+  if (!spec)
+    return false;
+  if (std::strchr(spec, '|')) {
+    YArray<YString> fields;
+    sp_SplitLine(spec, '|', &fields, allFields);
+    for (int i = 0; i + 1 < fields.count(); i += 2) {
+      const YString entry = filterEntry(fields[i], fields[i + 1], separator ? separator : " ");
+      if (!entry.isEmpty())
+        out->append(entry);
+    }
+    return !out->isEmpty();
+  }
+  for (std::string_view rest = spec; !rest.empty();) {
+    const std::size_t end = std::min(rest.find(";;"), rest.size());
+    const std::string_view entry = rest.substr(0, end);
+    if (entry.find_first_of("*?(") != std::string_view::npos)
+      out->append(YString(entry.data(), entry.size()));
+    rest.remove_prefix(std::min(end + 2, rest.size()));
+  }
+  return !out->isEmpty();
+}
+
+namespace {
+
+struct SettingsFolder {
+  std::mutex mutex;
+  YString path;
+};
+
+SettingsFolder& settingsFolder() {
+  static SettingsFolder* const folder = new SettingsFolder; // settings are written to the last
+  return *folder;
+}
+
+} // namespace
+
+YString sp_GetSettingsDir() {
+  SettingsFolder& folder = settingsFolder();
+  const std::lock_guard<std::mutex> lock(folder.mutex);
+  if (folder.path.isEmpty())
+    folder.path =
+        joined(textOf(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)),
+               "Kelvarin");
+  return folder.path;
+}
+
+void sp_SetSettingsDir(const YString& path) {
+  SettingsFolder& folder = settingsFolder();
+  const std::lock_guard<std::mutex> lock(folder.mutex);
+  folder.path = sp_GetFullPath(path);
+}

@@ -1,0 +1,290 @@
+#include "Platform.h"
+
+#include <QCoreApplication>
+#include <QThread>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <set>
+#include <thread>
+#include <utility>
+
+#ifdef _WIN32
+#define WIN32_LEAN_AND_MEAN
+#define NOMINMAX
+#include <windows.h>
+
+#include <fcntl.h>
+#include <io.h>
+#include <share.h>
+#include <sys/stat.h>
+#else
+#include <fcntl.h>
+#include <sched.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+namespace {
+
+#ifdef _WIN32
+std::wstring wide(const char* text) {
+  return QString::fromUtf8(text).toStdWString();
+}
+
+int nextByte(std::FILE* file) {
+  return _getc_nolock(file);
+}
+void lockStream(std::FILE* file) {
+  _lock_file(file);
+}
+void unlockStream(std::FILE* file) {
+  _unlock_file(file);
+}
+#else
+int nextByte(std::FILE* file) {
+  return getc_unlocked(file);
+}
+void lockStream(std::FILE* file) {
+  flockfile(file);
+}
+void unlockStream(std::FILE* file) {
+  funlockfile(file);
+}
+#endif
+
+} // namespace
+
+bool platformReadLine(std::FILE* file, std::string* line) {
+  // One lock for the whole line: with one for each byte, a long file takes several times as long.
+  lockStream(file);
+  char chunk[512];
+  std::size_t used = 0;
+  int c = nextByte(file);
+  const bool found = c != EOF;
+  for (; c != EOF && c != '\n' && c != '\r'; c = nextByte(file)) {
+    if (c == '\0')
+      continue;
+    chunk[used++] = static_cast<char>(c);
+    if (used == sizeof chunk) {
+      line->append(chunk, used);
+      used = 0;
+    }
+  }
+  line->append(chunk, used);
+  if (c == '\r') {
+    c = nextByte(file);
+    if (c != '\n' && c != EOF)
+      std::ungetc(c, file);
+  }
+  unlockStream(file);
+  return found;
+}
+
+PlatformLock::~PlatformLock() {
+  if (m_handle == -1)
+    return;
+#ifdef _WIN32
+  CloseHandle(reinterpret_cast<HANDLE>(m_handle));
+#else
+  ::close(static_cast<int>(m_handle));
+#endif
+}
+
+bool PlatformLock::acquire(const char* path, int milliseconds) {
+  using Clock = std::chrono::steady_clock;
+  const Clock::time_point deadline = Clock::now() + std::chrono::milliseconds(milliseconds);
+  std::chrono::milliseconds pause(1);
+  while (!tryAcquire(path)) {
+    if (errno != EWOULDBLOCK || Clock::now() >= deadline)
+      return false;
+    std::this_thread::sleep_for(pause);
+    pause = std::min(pause * 2, std::chrono::milliseconds(8));
+  }
+  return true;
+}
+
+#ifdef _WIN32
+
+std::FILE* platformOpenFile(const char* path, const char* mode) {
+  return _wfopen(wide(path).c_str(), wide(mode).c_str());
+}
+
+std::FILE* platformCreateFile(const char* path) {
+  int descriptor = -1;
+  _wsopen_s(&descriptor, wide(path).c_str(), _O_CREAT | _O_EXCL | _O_WRONLY | _O_BINARY, _SH_DENYNO,
+            _S_IREAD | _S_IWRITE);
+  return descriptor == -1 ? nullptr : _fdopen(descriptor, "wb");
+}
+
+int platformUnlink(const char* path) {
+  return _wunlink(wide(path).c_str());
+}
+
+FileStamp platformFileStamp(const char* path) {
+  FileStamp stamp;
+  WIN32_FILE_ATTRIBUTE_DATA data;
+  if (!GetFileAttributesExW(wide(path).c_str(), GetFileExInfoStandard, &data))
+    return stamp;
+  const auto join = [](DWORD high, DWORD low) {
+    return static_cast<std::int64_t>(high) << 32 | static_cast<std::int64_t>(low);
+  };
+  // From ticks of 100 ns since 1601.
+  const auto modified =
+      (join(data.ftLastWriteTime.dwHighDateTime, data.ftLastWriteTime.dwLowDateTime) -
+       116444736000000000) *
+      100;
+  const auto created = join(data.ftCreationTime.dwHighDateTime, data.ftCreationTime.dwLowDateTime);
+  return {true, join(data.nFileSizeHigh, data.nFileSizeLow), modified,
+          static_cast<std::uint64_t>(created)};
+}
+
+bool PlatformLock::tryAcquire(const char* path) {
+  HANDLE handle = CreateFileW(wide(path).c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS,
+                              FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) {
+    errno = GetLastError() == ERROR_SHARING_VIOLATION ? EWOULDBLOCK : EACCES;
+    return false;
+  }
+  m_handle = reinterpret_cast<std::intptr_t>(handle);
+  return true;
+}
+
+OperatingSystem platformOperatingSystem() {
+  return OperatingSystem::Windows;
+}
+bool platformFilesAreCaseSensitive() {
+  return false;
+}
+bool platformHasDrives() {
+  return true;
+}
+
+std::string platformExecutable() {
+  wchar_t path[32768];
+  const DWORD length = GetModuleFileNameW(nullptr, path, static_cast<DWORD>(std::size(path)));
+  return QString::fromWCharArray(path, static_cast<int>(length)).toStdString();
+}
+
+ProcessorCounts platformProcessors() {
+  const int threads = std::max(QThread::idealThreadCount(), 1);
+  DWORD bytes = 0;
+  GetLogicalProcessorInformation(nullptr, &bytes);
+  std::vector<SYSTEM_LOGICAL_PROCESSOR_INFORMATION> records(
+      bytes / sizeof(SYSTEM_LOGICAL_PROCESSOR_INFORMATION));
+  if (records.empty() || !GetLogicalProcessorInformation(records.data(), &bytes))
+    return {1, threads, threads};
+  const auto count = [&](LOGICAL_PROCESSOR_RELATIONSHIP kind) {
+    return std::max(1, static_cast<int>(std::count_if(
+                           records.begin(), records.end(),
+                           [kind](const auto& record) { return record.Relationship == kind; })));
+  };
+  return {count(RelationProcessorPackage), std::min(count(RelationProcessorCore), threads),
+          threads};
+}
+
+bool platformMemory(SystemMemoryInfo* info) {
+  MEMORYSTATUSEX status;
+  status.dwLength = sizeof status;
+  if (!GlobalMemoryStatusEx(&status))
+    return false;
+  info->total = status.ullTotalPhys;
+  info->available = status.ullAvailPhys;
+  return true;
+}
+
+#else
+
+std::FILE* platformOpenFile(const char* path, const char* mode) {
+  return std::fopen(path, mode);
+}
+
+std::FILE* platformCreateFile(const char* path) {
+  const int descriptor = ::open(path, O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, S_IRUSR | S_IWUSR);
+  return descriptor == -1 ? nullptr : ::fdopen(descriptor, "wb");
+}
+
+int platformUnlink(const char* path) {
+  return ::unlink(path);
+}
+
+FileStamp platformFileStamp(const char* path) {
+  struct stat status;
+  if (::stat(path, &status) != 0)
+    return {};
+  return {true, status.st_size,
+          std::int64_t{status.st_mtim.tv_sec} * 1'000'000'000 + status.st_mtim.tv_nsec,
+          status.st_ino};
+}
+
+bool PlatformLock::tryAcquire(const char* path) {
+  if (m_handle == -1)
+    m_handle = ::open(path, O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+  return m_handle != -1 && ::flock(static_cast<int>(m_handle), LOCK_EX | LOCK_NB) == 0;
+}
+
+OperatingSystem platformOperatingSystem() {
+  return OperatingSystem::Linux;
+}
+bool platformFilesAreCaseSensitive() {
+  return true;
+}
+bool platformHasDrives() {
+  return false;
+}
+
+std::string platformExecutable() {
+  std::error_code error;
+  const std::filesystem::path path = std::filesystem::read_symlink("/proc/self/exe", error);
+  return error ? QCoreApplication::applicationFilePath().toStdString() : path.string();
+}
+
+ProcessorCounts platformProcessors() {
+  ProcessorCounts counts;
+  cpu_set_t usable;
+  counts.threads = sched_getaffinity(0, sizeof usable, &usable) == 0
+                       ? std::max(CPU_COUNT(&usable), 1)
+                       : std::max(QThread::idealThreadCount(), 1);
+  counts.cores = counts.threads;
+  std::FILE* file = std::fopen("/proc/cpuinfo", "re");
+  if (!file)
+    return counts;
+  std::set<int> packages;
+  std::set<std::pair<int, int>> cores;
+  int package = 0;
+  std::string line;
+  for (; platformReadLine(file, &line); line.clear()) {
+    const std::size_t colon = line.find(':');
+    if (colon == std::string::npos)
+      continue;
+    const int number = std::atoi(line.c_str() + colon + 1);
+    if (line.rfind("physical id", 0) == 0)
+      packages.insert(package = number);
+    else if (line.rfind("core id", 0) == 0)
+      cores.insert({package, number});
+  }
+  std::fclose(file);
+  if (!packages.empty())
+    counts.packages = static_cast<int>(packages.size());
+  if (!cores.empty())
+    counts.cores = std::min(static_cast<int>(cores.size()), counts.threads);
+  return counts;
+}
+
+bool platformMemory(SystemMemoryInfo* info) {
+  const long pageSize = ::sysconf(_SC_PAGESIZE);
+  const long pages = ::sysconf(_SC_PHYS_PAGES);
+  const long available = ::sysconf(_SC_AVPHYS_PAGES);
+  if (pageSize <= 0 || pages <= 0)
+    return false;
+  info->total = static_cast<std::uint64_t>(pages) * static_cast<std::uint64_t>(pageSize);
+  info->available =
+      static_cast<std::uint64_t>(std::max(available, 0L)) * static_cast<std::uint64_t>(pageSize);
+  return true;
+}
+
+#endif

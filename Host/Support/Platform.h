@@ -1,0 +1,60 @@
+#pragma once
+
+#include "HostSupport/System.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <string>
+
+// All that differs between the platforms. Texts are UTF-8.
+
+std::FILE* platformOpenFile(const char* path, const char* mode);
+/// Opens a file that must not exist yet, for writing, readable by its owner only.
+std::FILE* platformCreateFile(const char* path);
+int platformUnlink(const char* path);
+/// Reads up to a line break (LF, CRLF, CR) and past it; NUL bytes are dropped. False where nothing
+/// is left.
+bool platformReadLine(std::FILE* file, std::string* line);
+
+/// What tells one state of a file from another without reading it.
+struct FileStamp {
+  bool exists = false;
+  std::int64_t size = 0;
+  std::int64_t modified = 0; ///< ns since 1970
+  std::uint64_t identity = 0;
+
+  friend bool operator==(const FileStamp& a, const FileStamp& b) {
+    return a.exists == b.exists && a.size == b.size && a.modified == b.modified &&
+           a.identity == b.identity;
+  }
+};
+FileStamp platformFileStamp(const char* path);
+
+/// A lock between processes that the system takes back from one that has died.
+class PlatformLock {
+public:
+  PlatformLock() = default;
+  ~PlatformLock();
+  PlatformLock(const PlatformLock&) = delete;
+  PlatformLock& operator=(const PlatformLock&) = delete;
+  /// Waits at most so long; false with `errno` set.
+  bool acquire(const char* path, int milliseconds);
+
+private:
+  bool tryAcquire(const char* path);
+  std::intptr_t m_handle = -1;
+};
+
+OperatingSystem platformOperatingSystem();
+bool platformFilesAreCaseSensitive();
+/// Whether paths start with a drive, and folders may be told apart by "\\" as well.
+bool platformHasDrives();
+std::string platformExecutable();
+
+struct ProcessorCounts {
+  int packages = 1;
+  int cores = 1;
+  int threads = 1; ///< those that this process may use
+};
+ProcessorCounts platformProcessors();
+bool platformMemory(SystemMemoryInfo* info);

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "Platform.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+/// A JSON file of texts under a section and a key, or under a key alone (all in the section ""),
+/// that several processes share. Not thread-safe.
+class SettingsFile {
+public:
+  SettingsFile(const char* name, bool hasSections) : m_name(name), m_hasSections(hasSections) {}
+
+  /// The value that the file holds now; null if there is none.
+  const std::string* find(const std::string& section, const std::string& key);
+  /// Stores one value, or removes it where `value` is null, beside what others have stored
+  /// meanwhile. False if it could not be stored; nothing has changed then.
+  bool write(const std::string& section, const std::string& key, const std::string* value);
+
+  /// What the user is to be told, for when no lock is held.
+  std::vector<std::string> takeMessages() { return std::exchange(m_messages, {}); }
+
+private:
+  using Section = std::map<std::string, std::string, std::less<>>;
+  using Contents = std::map<std::string, Section, std::less<>>;
+  enum class State { Known, Damaged, Unreadable };
+  struct Change {
+    std::string section;
+    std::string key;
+    std::optional<std::string> value; ///< none: the key goes
+  };
+
+  void locate();
+  State load();
+  State loadLocked();
+  bool setAside();
+  bool acquire(PlatformLock* lock);
+  const std::string* findLoaded(const std::string& section, const std::string& key) const;
+  bool stands(const Change& change) const;
+  bool storeLocked(const Change& change);
+  bool parse(const std::string& bytes, Contents* contents) const;
+  std::string serialise(const Contents& contents) const;
+  void report(std::string* last, std::string message);
+
+  std::string m_name;
+  bool m_hasSections;
+  std::string m_path;     ///< of the file itself, links resolved
+  std::string m_linkPath; ///< as it was looked for
+  Contents m_contents;
+  FileStamp m_stamp;
+  bool m_isCurrent = false; ///< the contents are those of the file with this stamp
+  std::string m_lastReadMessage;
+  std::string m_lastWriteMessage;
+  std::vector<std::string> m_messages;
+};

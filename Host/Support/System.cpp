@@ -1,0 +1,207 @@
+#include "HostSupport/System.h"
+
+#include "HostSupport/Files.h"
+#include "HostSupport/Numbers.h"
+
+#include "FileAccess.h"
+#include "Platform.h"
+
+#include <QLibrary>
+
+#include <atomic>
+#include <charconv>
+#include <cstdio>
+#include <map>
+#include <memory>
+#include <mutex>
+
+namespace {
+
+struct SystemState {
+  std::mutex mutex;
+  std::map<std::string, std::string, std::less<>> values; // what the host tells instead
+  std::map<std::string, std::unique_ptr<QLibrary>, std::less<>> libraries;
+};
+
+/// Never destroyed: modules ask and unload to the end of the process.
+SystemState& state() {
+  static SystemState* const instance = new SystemState;
+  return *instance;
+}
+
+using Lock = std::lock_guard<std::mutex>;
+
+std::string keyOf(const YString& key) {
+  YString lower = key;
+  lower.tolower();
+  return lower.c_str();
+}
+
+/// What the host tells instead of the machine, if it does.
+bool findOverride(const YString& key, YString* value) {
+  SystemState& system = state();
+  const Lock lock(system.mutex);
+  const auto found = system.values.find(keyOf(key));
+  if (found == system.values.end())
+    return false;
+  *value = YString(found->second);
+  return true;
+}
+
+bool findOverride(const char* key, double* number) {
+  YString text;
+  return findOverride(key, &text) && sp_IsEngNumber(text, number);
+}
+
+int processorCount(int ProcessorCounts::*kind) {
+  double told = 0;
+  if (findOverride("cores", &told) && told >= 1 && told <= 1e6)
+    return static_cast<int>(told);
+  static const ProcessorCounts counts = platformProcessors();
+  return counts.*kind;
+}
+
+/// Reads "1", "1.2" or "1.2.3"; false where the text is none of these.
+bool readVersion(std::string_view text, FileVersion* version) {
+  FileVersion read;
+  int* const parts[] = {&read.major, &read.minor, &read.patch};
+  const char* next = text.data();
+  const char* const end = next + text.size();
+  for (int* part : parts) {
+    const auto [stop, error] = std::from_chars(next, end, *part);
+    if (error != std::errc() || *part < 0)
+      return false;
+    next = stop;
+    if (next == end) {
+      *version = read;
+      return true;
+    }
+    if (*next++ != '.')
+      return false;
+  }
+  return false;
+}
+
+} // namespace
+
+OperatingSystem sp_GetOs() {
+  return platformOperatingSystem();
+}
+
+int sp_GetNumCores() {
+  return processorCount(&ProcessorCounts::cores);
+}
+
+int sp_GetNumPhysicalProcessors() {
+  return processorCount(&ProcessorCounts::packages);
+}
+
+int sp_GetNumLogicalProcessors() {
+  return processorCount(&ProcessorCounts::threads);
+}
+
+bool sp_GetSystemMemoryInfo(SystemMemoryInfo* info) {
+  const bool known = platformMemory(info);
+  double told = 0;
+  if (!findOverride("memory", &told) || !(told >= 0 && told < 1.8e19))
+    return known;
+  info->total = static_cast<std::uint64_t>(told);
+  info->available = std::min(info->available, info->total);
+  return true;
+}
+
+bool sp_GetFileVersion(const YString& path, FileVersion* version) {
+  if (path.isEmpty() || path.comparePath(sp_GetExeFileName()) == 0) {
+    const YString own = sp_GetSystemValue("version");
+    return readVersion(own.c_str(), version);
+  }
+  // A library's file carries its version behind its name: "libm.so.6.1".
+  std::error_code error;
+  const std::filesystem::path file = std::filesystem::canonical(pathOf(path.c_str()), error);
+  if (error)
+    return false;
+  const std::string name = textOf(file.filename());
+  const std::size_t suffix = name.find(".so.");
+  return suffix != std::string::npos &&
+         readVersion(std::string_view(name).substr(suffix + 4), version);
+}
+
+YString sp_GetSystemValue(const YString& key, bool* found) {
+  YString value;
+  bool known = findOverride(key, &value);
+  if (!known) {
+    known = true;
+    if (sp_CompareNoCase(key, "memory") == 0) {
+      SystemMemoryInfo info;
+      known = platformMemory(&info);
+      value = YString(static_cast<std::int64_t>(info.total));
+    } else if (sp_CompareNoCase(key, "cores") == 0) {
+      value = YString(sp_GetNumCores());
+    } else if (sp_CompareNoCase(key, "version") == 0) {
+      value = KELVARIN_VERSION;
+    } else if (sp_CompareNoCase(key, "caseSensitiveFiles") == 0) {
+      value = platformFilesAreCaseSensitive() ? "1" : "0";
+    } else {
+      known = false;
+    }
+  }
+  if (found)
+    *found = known;
+  return value;
+}
+
+void sp_SetSystemValue(const YString& key, const char* value) {
+  SystemState& system = state();
+  const Lock lock(system.mutex);
+  if (value)
+    system.values[keyOf(key)] = value;
+  else
+    system.values.erase(keyOf(key));
+}
+
+void* sp_GetLibraryFunction(const char* library, const char* function, bool, const char* message,
+                            bool) {
+  QFunctionPointer entry = nullptr;
+  if (library && *library && function && *function) {
+    SystemState& system = state();
+    const Lock lock(system.mutex);
+    std::unique_ptr<QLibrary>& loaded = system.libraries[library];
+    if (!loaded)
+      loaded = std::make_unique<QLibrary>(QString::fromUtf8(library));
+    entry = loaded->resolve(function);
+    if (!loaded->isLoaded())
+      system.libraries.erase(library);
+  }
+  if (!entry && message && *message)
+    sp_ReportMessage(message);
+  return reinterpret_cast<void*>(entry);
+}
+
+bool sp_UnloadLibrary(const char* library) {
+  SystemState& system = state();
+  const Lock lock(system.mutex);
+  const auto found = system.libraries.find(library ? library : "");
+  if (found == system.libraries.end())
+    return false;
+  const bool unloaded = found->second->unload();
+  system.libraries.erase(found);
+  return unloaded;
+}
+
+namespace {
+
+void printMessage(const char* text) {
+  std::fprintf(stderr, "%s\n", text);
+}
+
+std::atomic<MessageSink> messageSink{printMessage};
+
+} // namespace
+
+void sp_SetMessageSink(MessageSink sink) {
+  messageSink = sink ? sink : printMessage;
+}
+
+void sp_ReportMessage(const char* text) {
+  messageSink.load()(text ? text : "");
+}

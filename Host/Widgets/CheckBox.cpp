@@ -1,0 +1,16 @@
+#include "HostWidgets/CheckBox.h"
+
+#include "FlagText.h"
+
+CheckBox::CheckBox(QWidget* parent, const char* objectName) : QCheckBox(parent) {
+  setObjectName(QLatin1String(objectName));
+}
+
+QString CheckBox::stringValue() const {
+  return flagText(isChecked());
+}
+
+void CheckBox::setStringValue(const QString& text) {
+  if (const auto on = readFlag(text))
+    setChecked(*on);
+}

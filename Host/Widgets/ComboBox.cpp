@@ -1,0 +1,58 @@
+#include "HostWidgets/ComboBox.h"
+
+#include "BoundElement.h"
+#include "HostSupportQt/Text.h"
+
+#include <QWheelEvent>
+
+#include <cmath>
+
+ComboBox::ComboBox(QWidget* parent, const char* objectName) : QComboBox(parent) {
+  setObjectName(QLatin1String(objectName));
+  // The wheel that scrolls a page must not take the focus on its way.
+  setFocusPolicy(Qt::StrongFocus);
+}
+
+void ComboBox::loadStrings(const char* items) {
+  clear();
+  const QString text = QString::fromUtf8(items);
+  if (!text.isEmpty())
+    addItems(text.split(QLatin1Char('|')));
+}
+
+void ComboBox::insertItem(const QString& text, int index) {
+  QComboBox::insertItem(index < 0 ? count() : index, text);
+}
+
+void ComboBox::setValue(double index) {
+  const double nearest = std::round(index);
+  if (nearest >= 0 && nearest < count())
+    setCurrentIndex(static_cast<int>(nearest));
+}
+
+void ComboBox::setStringValue(const QString& text) {
+  int index = findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
+  if (index < 0)
+    index = findText(text, Qt::MatchFixedString);
+  double number = 0;
+  if (index < 0 && sp_IsEngNumber(text, &number)) {
+    number = std::round(number);
+    if (number >= 0 && number < count())
+      index = static_cast<int>(number);
+  }
+  if (index >= 0)
+    setCurrentIndex(index);
+  else if (isEditable())
+    setEditText(text);
+}
+
+bool ComboBox::initialiseWidget(UserFunctionInterface* call) {
+  return loadBoundElement(this, call);
+}
+
+void ComboBox::wheelEvent(QWheelEvent* event) {
+  if (hasFocus())
+    QComboBox::wheelEvent(event);
+  else
+    event->ignore();
+}

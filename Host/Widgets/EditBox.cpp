@@ -1,0 +1,9 @@
+#include "HostWidgets/EditBox.h"
+
+#include <limits>
+
+EditBox::EditBox(QWidget* parent, const char* objectName) : QLineEdit(parent) {
+  setObjectName(QLatin1String(objectName));
+  // What a script hands in comes back whole, however long it is.
+  setMaxLength(std::numeric_limits<int>::max());
+}

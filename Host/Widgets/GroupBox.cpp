@@ -1,0 +1,16 @@
+#include "HostWidgets/GroupBox.h"
+
+#include "FlagText.h"
+
+GroupBox::GroupBox(QWidget* parent, const char* objectName) : QGroupBox(parent) {
+  setObjectName(QLatin1String(objectName));
+}
+
+QString GroupBox::stringValue() const {
+  return flagText(isChecked());
+}
+
+void GroupBox::setStringValue(const QString& text) {
+  if (const auto on = readFlag(text))
+    setChecked(*on);
+}

@@ -1,0 +1,340 @@
+#include "HostWidgets/Spinner.h"
+
+#include "HostSupport/Numbers.h"
+#include "HostSupportQt/Text.h"
+#include "SpinnerAccessibility.h"
+#include "SpinnerPrivate.h"
+#include "SpinnerSteps.h"
+
+#include <QMetaMethod>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace {
+
+constexpr double largest = std::numeric_limits<double>::max();
+constexpr int coarseCount = 10;
+constexpr int exactDigits = 15; ///< every whole number of this size is shown in full
+constexpr int shownDigits = 12; ///< a number that needs more is shown rounded
+
+/// A limit may have been written directly: one that says nothing is the end of the range.
+double limit(double value, double unlimited) {
+  return std::isnan(value) ? unlimited : std::clamp(value, -largest, largest);
+}
+
+} // namespace
+
+Spinner::Private::Private(Spinner* spinner) : q(spinner), edit(new QLineEdit(spinner)) {
+  edit->setFrame(false);
+  edit->setMaxLength(std::numeric_limits<int>::max()); // an expression comes back whole
+  edit->setText(QStringLiteral("0"));
+  reportedText = edit->text();
+  edit->installEventFilter(q);
+  QObject::connect(edit, &QLineEdit::textChanged, q,
+                   [this](const QString& text) { textChanged(text); });
+}
+
+Spinner::Private::Kind Spinner::Private::kindOf(const QString& text, double* value) const {
+  const QStringRef trimmed = QStringRef(&text).trimmed();
+  if (trimmed.isEmpty())
+    return Kind::Empty;
+  if (trimmed.size() > 1 && trimmed.startsWith(QLatin1Char('{')) &&
+      trimmed.endsWith(QLatin1Char('}')))
+    return Kind::Expression;
+  double read = 0;
+  if (!sp_IsEngNumber(text, &read))
+    return Kind::Bad;
+  *value = limit(read, read);
+  return Kind::Number;
+}
+
+double Spinner::Private::lowest() const {
+  const double value = limit(q->min, -largest);
+  return q->wholeNumber ? std::ceil(value) : value;
+}
+
+double Spinner::Private::highest() const {
+  const double value = limit(q->max, largest);
+  return q->wholeNumber ? std::floor(value) : value;
+}
+
+double Spinner::Private::taken(double value) const {
+  // `max` last: it counts where the two contradict each other.
+  return std::min(std::max(q->wholeNumber ? std::round(value) : value, lowest()), highest()) + 0.0;
+}
+
+QString Spinner::Private::format(double value, int digits) const {
+  if (q->wholeNumber)
+    digits = std::max(digits, exactDigits);
+  return toQs(q->engMode ? sp_ConvertRealToJSEng(value, digits)
+                         : sp_ConvertRealToPlain(value, digits));
+}
+
+void Spinner::Private::replaceText(const QString& text, bool undoable) {
+  if (text == edit->text())
+    return;
+  if (undoable) {
+    edit->selectAll();
+    edit->insert(text);
+  } else {
+    edit->setText(text);
+  }
+}
+
+void Spinner::Private::write(double value) {
+  number = value;
+  kind = Kind::Number;
+  ownText = true;
+  const QScopedValueRollback<bool> guard(writing, true);
+  replaceText(format(value, precision), false);
+}
+
+QString Spinner::Private::stepText(double from, double to) const {
+  const auto reads = [this](const QString& text, double value) {
+    double read = 0;
+    return kindOf(text, &read) == Kind::Number && read == value;
+  };
+  // Where every digit was on show, none gets lost.
+  if (reads(edit->text(), from))
+    for (int digits = precision; digits <= shownDigits; ++digits)
+      if (const QString text = format(to, digits); reads(text, to))
+        return text;
+  int digits = precision;
+  while (digits < exactDigits && to != from && format(to, digits) == format(from, digits))
+    ++digits;
+  return format(to, digits);
+}
+
+void Spinner::Private::writeStep(double from, double to) {
+  const QString text = stepText(from, to);
+  number = to;
+  kind = Kind::Number;
+  ownText = true;
+  const QScopedValueRollback<bool> guard(writing, true);
+  replaceText(text, true);
+}
+
+void Spinner::Private::textChanged(const QString& text) {
+  if (!writing) {
+    ownText = false;
+    kind = kindOf(text, &number);
+  }
+  showKind();
+  q->update(); // the arrows show whether a step is possible
+  SpinnerAccessibility::valueChanged(q);
+  emit q->textChanged(text);
+}
+
+bool Spinner::Private::applyLimits() {
+  if (kind == Kind::Expression)
+    return false;
+  double& held = kind == Kind::Number ? number : finished;
+  const double value = taken(held);
+  if (value == held)
+    return false;
+  if (kind == Kind::Number)
+    write(value);
+  else
+    held = value;
+  return true;
+}
+
+void Spinner::Private::finish() {
+  applyLimits();
+  report();
+}
+
+void Spinner::Private::report() {
+  if (kind == Kind::Number)
+    finished = number;
+  const QString text = edit->text();
+  const double value = q->value();
+  if (text == reportedText && value == reportedValue)
+    return;
+  reportedText = text;
+  reportedValue = value;
+  emit q->changed(text);
+}
+
+void Spinner::Private::notation() {
+  if (kind != Kind::Number || !ownText)
+    return;
+  // The same value in another notation is no change.
+  const bool wasReported = edit->text() == reportedText;
+  write(number);
+  if (wasReported)
+    reportedText = edit->text();
+}
+
+bool Spinner::Private::isOwned(bool up) const {
+  return q->isSignalConnected(
+      QMetaMethod::fromSignal(up ? &Spinner::incrementing : &Spinner::decrementing));
+}
+
+bool Spinner::Private::canStep(bool up) const {
+  if (kind == Kind::Expression)
+    return false;
+  const double value = taken(q->value());
+  if (up ? value >= highest() : value <= lowest())
+    return false;
+  return q->step125 || isOwned(up) || (std::isfinite(q->increment) && q->increment > 0);
+}
+
+double Spinner::Private::stepped(double from, bool up, int count, Span span) const {
+  const double increment = q->wholeNumber ? std::max(1.0, std::round(q->increment)) : q->increment;
+  if (!q->step125) {
+    if (span == Span::Coarse)
+      count *= coarseCount;
+    return plainStep(from, increment, up ? count : -count);
+  }
+  const SeriesLimits limits{increment, q->wholeNumber ? 1.0 : SeriesLimits().smallest};
+  double value = from;
+  for (int i = 0; i < count; ++i)
+    value = taken(span == Span::Coarse ? nextDecade(value, up, limits)
+                                       : nextInSeries(value, up, limits));
+  return value;
+}
+
+void Spinner::Private::step(bool up, int count, Span span) {
+  if (kind == Kind::Expression)
+    return;
+  const double from = taken(q->value());
+  double to = from;
+  if (isOwned(up)) {
+    // The owner knows no coarse steps: its own are as large as it wants them.
+    for (int i = 0; i < (span == Span::Coarse ? 1 : count); ++i)
+      up ? emit q->incrementing(&to) : emit q->decrementing(&to);
+  } else if (canStep(up)) {
+    to = stepped(from, up, count, span);
+    // A step that only takes a rounding off would not be seen.
+    if (q->step125 && format(taken(to), exactDigits) == edit->text())
+      to = stepped(to, up, 1, span);
+  }
+  to = std::isnan(to) ? from : taken(to);
+  if (kind != Kind::Number || number != to)
+    writeStep(from, to);
+  if (edit->hasFocus())
+    edit->selectAll();
+  report();
+}
+
+Spinner::Spinner(QWidget* parent, const char* objectName)
+    : QWidget(parent), d(std::make_unique<Private>(this)) {
+  setObjectName(QLatin1String(objectName));
+  SpinnerAccessibility::install();
+  setFocusPolicy(Qt::StrongFocus);
+  setFocusProxy(d->edit);
+  setSizePolicy(QSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed, QSizePolicy::SpinBox));
+  setAttribute(Qt::WA_Hover);
+}
+
+Spinner::~Spinner() = default;
+
+double Spinner::value() const {
+  switch (d->kind) {
+  case Private::Kind::Number:
+    return d->number;
+  case Private::Kind::Expression:
+    return 0;
+  case Private::Kind::Empty:
+  case Private::Kind::Bad:
+    break;
+  }
+  return d->finished;
+}
+
+QString Spinner::text() const {
+  return d->edit->text();
+}
+
+bool Spinner::isExpression() const {
+  return d->kind == Private::Kind::Expression;
+}
+
+bool Spinner::isAcceptable() const {
+  return d->kind == Private::Kind::Number || d->kind == Private::Kind::Expression;
+}
+
+int Spinner::precision() const {
+  return d->precision;
+}
+
+QString Spinner::placeholderText() const {
+  return d->edit->placeholderText();
+}
+
+void Spinner::setMin(double value) {
+  min = limit(value, min);
+  checkMaxMin();
+}
+
+void Spinner::setMax(double value) {
+  max = limit(value, max);
+  checkMaxMin();
+}
+
+void Spinner::setIncrement(double value) {
+  increment = value;
+  update();
+}
+
+void Spinner::setEngMode(bool on) {
+  engMode = on;
+  d->notation();
+}
+
+void Spinner::setStep125(bool on) {
+  step125 = on;
+  update();
+}
+
+void Spinner::setWholeNumber(bool on) {
+  wholeNumber = on;
+  checkMaxMin();
+}
+
+void Spinner::setPrecision(int digits) {
+  d->precision = std::clamp(digits, 1, 17);
+  d->notation();
+}
+
+void Spinner::setPlaceholderText(const QString& text) {
+  d->edit->setPlaceholderText(text);
+}
+
+void Spinner::checkMaxMin() {
+  update();
+  if (d->applyLimits())
+    d->report();
+}
+
+void Spinner::selectAll() {
+  d->edit->selectAll();
+}
+
+void Spinner::setValue(double value) {
+  if (std::isnan(value))
+    return;
+  value = d->taken(value);
+  if (d->kind == Private::Kind::Number && d->number == value)
+    return;
+  d->write(value);
+  d->report();
+}
+
+void Spinner::setText(const QString& text) {
+  if (text != d->edit->text())
+    d->edit->setText(text);
+  d->report();
+}
+
+void Spinner::pressUp() {
+  d->step(true, 1, Private::Span::Single);
+}
+
+void Spinner::pressDown() {
+  d->step(false, 1, Private::Span::Single);
+}

@@ -1,0 +1,130 @@
+// Loading modules: what a sound one gives, and what is said of one that is not.
+
+#include "FunctionTable.h"
+#include "HostSupport/Registry.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonObject>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QString moduleFile(const QString& name) {
+  const QDir folder(QStringLiteral(KV_TEST_MODULES));
+  const QStringList files = folder.entryList(
+      {name + QStringLiteral(".*"), QStringLiteral("lib%1.*").arg(name)}, QDir::Files);
+  return files.isEmpty() ? QString() : folder.absoluteFilePath(files.first());
+}
+
+QString loadFault(FunctionTable* table, const QString& file) {
+  try {
+    table->loadModule(file);
+  } catch (const ModuleError& error) {
+    return QString::fromUtf8(error.what());
+  }
+  return QString();
+}
+
+QStringList namesOf(const FunctionTable& table) {
+  QStringList names;
+  for (const FunctionInfo& info : table.functions())
+    names.append(info.name);
+  return names;
+}
+
+} // namespace
+
+TEST(FunctionTable, refusesFaultyModules) {
+  const struct {
+    int fault;
+    const char* said;
+  } cases[] = {
+      {1, "the argument block's size is 2184, expected 2192"},
+      {2, "the function record's size is 360, expected 368"},
+      {3, "the interface version is 3, expected 2"},
+      {4, "list of functions is empty"},
+      {5, "list of functions has a loop after 2 records"},
+      {6, "list of functions has more than 4096 records"},
+      {7, "does not end within its 64 bytes"},
+      {8, "a function has an empty name"},
+      {9, "the function name \"bad name??\" is not an identifier"},
+      {10, "FunctionA is declared twice"},
+      {11, "FunctionA: declares at least 2 arguments but at most 1"},
+      {12, "FunctionA: declares up to 33 arguments, more than 32"},
+      {13, "FunctionA: the handler is null"},
+      {14, "FunctionA: argument 1 is declared with the unknown type code 2"},
+      {15, "it has no symbol udf_GetFunctionDecls"},
+  };
+  FunctionTable table;
+  ASSERT_EQ(loadFault(&table, moduleFile(QStringLiteral("FaultyModule0"))), QString());
+  const QString soundFile = table.moduleFile();
+  for (const auto& c : cases) {
+    const QString file = moduleFile(QStringLiteral("FaultyModule%1").arg(c.fault));
+    ASSERT_FALSE(file.isEmpty()) << c.fault;
+    const QString message = loadFault(&table, file);
+    EXPECT_TRUE(message.startsWith(QDir::toNativeSeparators(file))) << message.toStdString();
+    EXPECT_TRUE(message.contains(QLatin1String(c.said))) << message.toStdString();
+    EXPECT_FALSE(message.contains(QLatin1Char('\n'))) << c.fault;
+    EXPECT_EQ(namesOf(table).join(QLatin1Char(' ')).toStdString(), "FunctionA FunctionB");
+    EXPECT_EQ(table.moduleFile(), soundFile);
+  }
+}
+
+TEST(FunctionTable, refusesFilesThatAreNoModule) {
+  QTemporaryDir folder;
+  QFile text(folder.filePath(QStringLiteral("text.so")));
+  ASSERT_TRUE(text.open(QIODevice::WriteOnly));
+  text.write("no library\n");
+  text.close();
+  FunctionTable table;
+  EXPECT_TRUE(loadFault(&table, folder.filePath(QStringLiteral("none.so")))
+                  .endsWith(QStringLiteral("none.so: there is no such file")));
+  for (const QString& file : {text.fileName(), folder.path()}) {
+    const QString message = loadFault(&table, file);
+    EXPECT_TRUE(message.startsWith(file)) << message.toStdString();
+    EXPECT_FALSE(message.contains(QLatin1Char('\n'))) << message.toStdString();
+  }
+  EXPECT_TRUE(table.functions().isEmpty());
+}
+
+TEST(FunctionTable, readsWhatAModuleRegisters) {
+  const QString file = moduleFile(QStringLiteral("EchoModule"));
+  FunctionTable table;
+  ASSERT_EQ(loadFault(&table, file), QString());
+  const QString all =
+      QStringLiteral("Apply ArgumentCount Ask AskSchematic EchoAny EchoReals "
+                     "EchoStrings EmptyResult Evaluate EvaluateText Fail Hang Kinds "
+                     "Note Shape");
+  EXPECT_EQ(namesOf(table).join(QLatin1Char(' ')), all);
+  EXPECT_EQ(table.find(QStringLiteral("Kinds"))->kind, FunctionInfo::Kind::Typed);
+  EXPECT_EQ(table.find(QStringLiteral("EchoReal")), nullptr);
+
+  const QJsonArray json = table.toJson();
+  EXPECT_EQ(json.at(6).toObject(),
+            (QJsonObject{{QStringLiteral("name"), QStringLiteral("EchoStrings")},
+                         {QStringLiteral("kind"), QStringLiteral("legacy")},
+                         {QStringLiteral("minArgs"), 1},
+                         {QStringLiteral("maxArgs"), 2},
+                         {QStringLiteral("argTypes"), QJsonArray{1, 1}},
+                         {QStringLiteral("resultType"), 9}}));
+  EXPECT_EQ(json.at(14).toObject().value(QStringLiteral("argTypes")), (QJsonArray{4, 4}));
+  EXPECT_EQ(json.at(13).toObject().value(QStringLiteral("kind")), QStringLiteral("command"));
+
+  // Again, and by a second table, what static objects registered is there although they ran once.
+  FunctionTable second;
+  for (FunctionTable* again : {&table, &second}) {
+    EXPECT_EQ(loadFault(again, file), QString());
+    EXPECT_EQ(namesOf(*again).join(QLatin1Char(' ')), all);
+  }
+  table.unloadModule();
+  EXPECT_TRUE(table.functions().isEmpty());
+  EXPECT_EQ(namesOf(second).join(QLatin1Char(' ')), all);
+  second.unloadModule();
+  for (const TypedFunctionRecord& record : sp_RegisteredFunctions())
+    EXPECT_NE(record.name, "Kinds");
+  EXPECT_EQ(loadFault(&second, file), QString());
+  EXPECT_EQ(namesOf(second).join(QLatin1Char(' ')), all);
+}
