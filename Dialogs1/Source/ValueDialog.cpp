@@ -52,6 +52,11 @@ void ValueDialog::prepareDialog(UserFunctionInterface* args, UserDataType type) 
     applyLinkedLimits();
   }
   setWindowTitle(toQs(getString(2)));
+  // The form's buttons were there first; the user starts in the rows.
+  if (Spinner* first = rowSpinner("Spinner0")) {
+    first->setFocus(Qt::TabFocusReason);
+    first->selectAll();
+  }
   scrollWhenTall(form.groupBox);
   KelvarinDialog::prepareDialog(args, type);
 }

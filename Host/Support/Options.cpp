@@ -76,7 +76,7 @@ int clampToInt(double value) {
   return static_cast<int>(std::clamp(value, double{Limits::min()}, double{Limits::max()}));
 }
 
-/// Reads "#rrggbb" or a number as 0xRRGGBB.
+/// Reads "#rrggbb", or the packed number itself, with red in the low byte.
 bool readColour(const YString& text, int* colour) {
   const char* const start = text;
   const char* const end = start + text.length();
@@ -85,7 +85,7 @@ bool readColour(const YString& text, int* colour) {
     const auto [stop, error] = std::from_chars(start + 1, end, value, 16);
     if (error != std::errc() || stop != end || text.length() != 7)
       return false;
-    *colour = static_cast<int>(value);
+    *colour = static_cast<int>(value >> 16 | (value & 0xFF00) | (value & 0xFF) << 16);
     return true;
   }
   double value = 0;

@@ -26,6 +26,7 @@
 #include <sched.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/sysinfo.h>
 #include <unistd.h>
 #endif
 
@@ -194,6 +195,8 @@ bool platformMemory(SystemMemoryInfo* info) {
     return false;
   info->total = status.ullTotalPhys;
   info->available = status.ullAvailPhys;
+  info->swapTotal = status.ullTotalPageFile - std::min(status.ullTotalPageFile, info->total);
+  info->swapAvailable = std::min(status.ullAvailPageFile, info->swapTotal);
   return true;
 }
 
@@ -276,14 +279,14 @@ ProcessorCounts platformProcessors() {
 }
 
 bool platformMemory(SystemMemoryInfo* info) {
-  const long pageSize = ::sysconf(_SC_PAGESIZE);
-  const long pages = ::sysconf(_SC_PHYS_PAGES);
-  const long available = ::sysconf(_SC_AVPHYS_PAGES);
-  if (pageSize <= 0 || pages <= 0)
+  struct sysinfo told;
+  if (::sysinfo(&told) != 0)
     return false;
-  info->total = static_cast<std::uint64_t>(pages) * static_cast<std::uint64_t>(pageSize);
-  info->available =
-      static_cast<std::uint64_t>(std::max(available, 0L)) * static_cast<std::uint64_t>(pageSize);
+  const std::uint64_t unit = told.mem_unit;
+  info->total = told.totalram * unit;
+  info->available = told.freeram * unit;
+  info->swapTotal = told.totalswap * unit;
+  info->swapAvailable = told.freeswap * unit;
   return true;
 }
 

@@ -88,9 +88,9 @@ void sp_CvtToHyperlink(QLabel* label, QObject* receiver) {
 
 int sp_ConvertHTMLcolourToRGB(const YString& colour) {
   const QColor parsed(toQs(colour));
-  return parsed.isValid() ? static_cast<int>(parsed.rgb() & 0xffffffU) : 0;
+  return parsed.isValid() ? parsed.red() | parsed.green() << 8 | parsed.blue() << 16 : 0;
 }
 
 YString sp_ConvertRGBcolourToHTML(int colour) {
-  return toYs(QColor(QRgb(colour) & 0xffffffU).name());
+  return toYs(QColor(colour & 0xff, colour >> 8 & 0xff, colour >> 16 & 0xff).name());
 }

@@ -42,8 +42,8 @@ HOSTSUPPORT_EXPORT YString sp_GetStringOption(const char* key); ///< empty if no
 /// text are false. `exists`, which may be null, tells whether it is set.
 HOSTSUPPORT_EXPORT bool sp_GetBoolOption(const char* key, bool* exists = nullptr);
 HOSTSUPPORT_EXPORT int sp_GetIntOption(const char* key); ///< 0 if not set
-/// A colour as 0xRRGGBB, from "#rrggbb" or a number; of a key that is not set, the declared
-/// default. `defaultColour` where neither is there or can be read.
+/// A colour packed with red in the low byte (0xBBGGRR), from "#rrggbb" or the packed number; of a
+/// key that is not set, the declared default. `defaultColour` where neither can be read.
 HOSTSUPPORT_EXPORT int sp_GetColourOption(const char* key, int defaultColour);
 /// False when it could not be stored; the value then stands as it was.
 HOSTSUPPORT_EXPORT bool sp_WriteOption(const YString& key, const YString& value);

@@ -20,6 +20,8 @@ HOSTSUPPORTQT_EXPORT YString sp_GetFontSpec(const YString& name);
 /// Makes a label look and act as a link: a click or Return calls the slot `linkActivated(QString)`
 /// of `receiver`, or opens the address where it is null.
 HOSTSUPPORTQT_EXPORT void sp_CvtToHyperlink(QLabel* label, QObject* receiver);
-/// "#rrggbb" or a colour's name as 0xRRGGBB; 0 where it is neither.
+// Colours in numbers are packed with red in the low byte: 0xBBGGRR.
+
+/// From "#rrggbb" or a colour's name; 0 where it is neither.
 HOSTSUPPORTQT_EXPORT int sp_ConvertHTMLcolourToRGB(const YString& colour);
 HOSTSUPPORTQT_EXPORT YString sp_ConvertRGBcolourToHTML(int colour);

@@ -21,6 +21,13 @@ for (const [values, labels, rows] of [
   equal(result, [].concat(values).slice(0, rows), `untouched: ${values} / ${labels}`);
 }
 
+box([1, 2], ["a", "b"], "", d => {
+  equal(d.focused(), "Spinner0", "the user starts in the first row");
+  d.key(null, "7");
+  equal(d.text("Spinner0"), "7", "and types over it");
+  d.reject();
+});
+
 host.onDialog(d => {
   equal(d.title, "");
   check(!d.visible("helpButton") && !d.visible("selectAllButton"), "unused buttons are hidden");

@@ -42,8 +42,8 @@ template <typename W> W* named(W* widget, const char* name) {
   return widget;
 }
 
-QString text(const char* latin) {
-  return QString::fromLatin1(latin);
+QString text(const char* utf8) {
+  return QString::fromUtf8(utf8);
 }
 
 /// An item of a class of its own, as modules derive them.

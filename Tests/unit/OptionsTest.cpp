@@ -66,14 +66,14 @@ TEST_F(Options, ValuesCompareAsTheyAreStored) {
 TEST_F(Options, ColoursAndDeclaredDefaults) {
   EXPECT_EQ(sp_GetColourOption("Colour", 0x123456), 0x123456);
   sp_MakeColourOption("file.cpp", 3, "Colour", "#a0B1c2");
-  EXPECT_EQ(sp_GetColourOption("Colour", 0x123456), 0xA0B1C2);
+  EXPECT_EQ(sp_GetColourOption("Colour", 0x123456), 0xC2B1A0);
   OptionValue current;
   OptionValue defaultValue;
   EXPECT_TRUE(sp_ReadOptionsInfo("Colour", &current, &defaultValue));
   EXPECT_EQ(current, defaultValue);
   EXPECT_STREQ(defaultValue.toText(), "#a0B1c2");
   ASSERT_TRUE(sp_WriteOption("Colour", "#010203"));
-  EXPECT_EQ(sp_GetColourOption("Colour", 0), 0x010203);
+  EXPECT_EQ(sp_GetColourOption("Colour", 0), 0x030201);
   EXPECT_TRUE(sp_ReadOptionsInfo("Colour", &current, &defaultValue));
   EXPECT_STREQ(current.toText(), "#010203");
   EXPECT_STREQ(defaultValue.toText(), "#a0B1c2");

@@ -142,7 +142,7 @@ TEST(Text, BothWaysAndForAMoment) {
   EXPECT_STREQ(toCs(QStringLiteral("second")), "second");
   EXPECT_STREQ(first, "first");
   EXPECT_TRUE(equals(QStringLiteral("Meg"), QStringLiteral("MEG")));
-  EXPECT_EQ(sp_ConvertHTMLcolourToRGB("#0a141e"), 0x0a141e);
-  EXPECT_EQ(sp_ConvertRGBcolourToHTML(0x0a141e), "#0a141e");
+  EXPECT_EQ(sp_ConvertHTMLcolourToRGB("#0a141e"), 0x1e140a);
+  EXPECT_EQ(sp_ConvertRGBcolourToHTML(0x1e140a), "#0a141e");
   EXPECT_EQ(sp_ConvertHTMLcolourToRGB("no colour"), 0);
 }

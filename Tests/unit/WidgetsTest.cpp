@@ -330,6 +330,13 @@ TEST(RadioGroup, MapsPositionsToValues) {
   EXPECT_EQ(group.value(), 3);
   group.setSelectedId(2);
   EXPECT_EQ(group.value(), 2) << "an entry that is no number stands for its position";
+
+  RadioGroup other;
+  other.setSelectedId(1); // as a form does before it makes the buttons
+  RadioButton* first = addButton(&other, "first");
+  addButton(&other, "second");
+  first->setChecked(true);
+  EXPECT_EQ(other.selectedId(), 0) << "the later word counts";
 }
 
 TEST(RadioGroup, TellsWhatTheUserChose) {
