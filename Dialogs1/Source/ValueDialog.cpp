@@ -49,6 +49,7 @@ void ValueDialog::prepareDialog(UserFunctionInterface* args, UserDataType type) 
     const int rows = static_cast<int>(rowCount(args));
     for (int row = 0; row < rows; ++row)
       addRow(row, captions[row], values[row]);
+    form.groupBoxLayout->setRowStretch(rows, 1); // rows stay together in a tall window
     applyLinkedLimits();
   }
   setWindowTitle(toQs(getString(2)));

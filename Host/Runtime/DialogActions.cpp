@@ -45,9 +45,14 @@ void act(const QPointer<QWidget>& dialog, const QString& what, Action action) {
   if (driver)
     emit driver->moved(what);
   const int openings = driver ? driver->openings() : 0;
-  if (!InputPlayer::waitFor([&] { return !dialog || !InputPlayer::isBlocked(dialog); }))
+  // a dialog over it may be about to be served, unless it is the one whose handler acts here
+  InputPlayer::waitFor([&] {
+    return !dialog || !InputPlayer::isBlocked(dialog) ||
+           (driver && driver->isServing(QApplication::activeModalWidget()));
+  });
+  if (dialog && InputPlayer::isBlocked(dialog))
     throw DriveError(
-        QStringLiteral("\"%1\" waits for \"%2\"")
+        QStringLiteral("\"%1\" cannot be acted on while \"%2\" is open")
             .arg(dialog->windowTitle(), QApplication::activeModalWidget()->windowTitle()));
   if (dialog)
     InputPlayer::activate(dialog);

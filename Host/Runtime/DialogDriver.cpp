@@ -364,6 +364,13 @@ bool DialogDriver::isOpenSince(int openings) const {
   return false;
 }
 
+bool DialogDriver::isServing(const QWidget* dialog) const {
+  for (const auto& opening : d->openings)
+    if (opening->dialog == dialog && opening->stage == Private::Stage::Running)
+      return true;
+  return false;
+}
+
 bool DialogDriver::eventFilter(QObject* watched, QEvent* event) {
   const bool isShow = event->type() == QEvent::Show;
   if ((!isShow && event->type() != QEvent::Hide) || event->spontaneous() ||

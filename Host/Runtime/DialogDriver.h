@@ -55,6 +55,8 @@ public:
   /// dialog closes does not count.
   int openings() const;
   bool isOpenSince(int openings) const;
+  /// Whether a handler is acting on this dialog.
+  bool isServing(const QWidget* dialog) const;
 
 signals:
   /// A dialog opened, was acted on or closed: the script is alive.

@@ -170,18 +170,25 @@ public:
       throw CallError(
           QStringLiteral("%1: calls are nested more than %2 deep").arg(name).arg(deepestNesting));
     ++depth;
+    innermost = this;
   }
   Nesting(const Nesting&) = delete;
   Nesting& operator=(const Nesting&) = delete;
   ~Nesting() {
+    innermost = m_outer;
     if (--depth == 0)
       freeIssuedStrings();
   }
 
+  static Nesting* innermost;
+  QString raised; ///< message of what is to be raised when the handler has ended
+
 private:
   static int depth;
+  Nesting* m_outer = innermost;
 };
 
+Nesting* Nesting::innermost = nullptr;
 int Nesting::depth = 0;
 
 /// Runs a handler: what it returns must be 0, and what it raises becomes a `CallError`.
@@ -194,6 +201,8 @@ template <class Handler> void runGuarded(const QString& name, Handler handler) {
   } catch (...) {
     throw CallError(describeException());
   }
+  if (!Nesting::innermost->raised.isEmpty())
+    throw CallError(Nesting::innermost->raised);
   if (status != 0)
     throw CallError(QStringLiteral("%1: the handler returned %2").arg(name).arg(status));
 }
@@ -270,6 +279,13 @@ QStringList commandWords(const QString& line) {
 }
 
 } // namespace
+
+bool raiseWhenHandlerEnds(const QString& message) {
+  if (!Nesting::innermost)
+    return false;
+  Nesting::innermost->raised = message;
+  return true;
+}
 
 QString describeException() {
   try {

@@ -25,6 +25,11 @@ void runCommand(const FunctionTable& table, const QString& commandLine);
 /// standard one, else what it is. To be called in a `catch`.
 QString describeException();
 
+/// Lets the running handler's call end with a `CallError` of this message, as if the exception had
+/// left the handler: for one that a driver has caught in an event of the handler's dialog. False
+/// where no handler runs.
+bool raiseWhenHandlerEnds(const QString& message);
+
 /// One of the host's vector functions ("interp", "integ", …), as a module calls it through the
 /// argument block. It raises `CallError`, which the module sees as a non-zero return.
 using HostFunction = std::function<CallResult(const std::vector<ScriptVector>&)>;

@@ -82,7 +82,10 @@ void recordHelp(const HelpRequest& request) {
 
 QVariant hostFact(const QString& key) {
   const Fact& fact = factOf(key);
-  const QString text = toQs(sp_GetSystemValue(YString(fact.key)));
+  bool isKnown = false;
+  const QString text = toQs(sp_GetSystemValue(YString(fact.key), &isKnown));
+  if (!isKnown && fact.kind == FactKind::Flag)
+    return sp_HasHelp(); // untold, it is whether somebody shows the pages
   switch (fact.kind) {
   case FactKind::Number:
     return sp_ConvertEngToReal(text);

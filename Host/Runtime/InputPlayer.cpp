@@ -18,6 +18,7 @@
 #include <QPointer>
 #include <QRadioButton>
 #include <QScrollArea>
+#include <QSet>
 #include <QStyleOption>
 #include <QTextEdit>
 #include <QTimer>
@@ -101,11 +102,12 @@ QPoint reachablePoint(const QWidget* widget, const QRect& area) {
   const QPoint middle = area.center();
   if (hits(widget, middle))
     return middle;
-  constexpr int steps = 7;
-  for (int y = 1; y < steps; ++y)
+  const QRect seen = area & widget->visibleRegion().boundingRect();
+  constexpr int steps = 8;
+  for (int y = 1; y < steps && !seen.isEmpty(); ++y)
     for (int x = 1; x < steps; ++x) {
-      const QPoint point(area.left() + area.width() * x / steps,
-                         area.top() + area.height() * y / steps);
+      const QPoint point(seen.left() + seen.width() * x / steps,
+                         seen.top() + seen.height() * y / steps);
       if (hits(widget, point))
         return point;
     }
@@ -178,7 +180,9 @@ QString textOfKey(int key, Qt::KeyboardModifiers modifiers) {
 }
 
 void playKey(const QWidget* window, int key, Qt::KeyboardModifiers modifiers, const QString& text) {
-  const QPointer<QWindow> handle(windowOf(window));
+  // a pop-up grabs the keyboard; not every platform does that for it
+  const QWidget* popup = QApplication::activePopupWidget();
+  const QPointer<QWindow> handle(windowOf(popup ? popup : window));
   if (!handle)
     throw DriveError(QStringLiteral("%1 has no window").arg(describeWidget(window)));
   qt_handleKeyEvent(handle, QEvent::KeyPress, key, modifiers, text, false, 1);
@@ -186,13 +190,15 @@ void playKey(const QWidget* window, int key, Qt::KeyboardModifiers modifiers, co
     qt_handleKeyEvent(handle, QEvent::KeyRelease, key, modifiers, text, false, 1);
 }
 
-/// A shortcut's button stays down for a moment, and clicks when it comes up again.
-bool isButtonDown(const QWidget* window) {
+/// The buttons that are down now: a shortcut's button stays down for a moment, and clicks when it
+/// comes up again.
+QSet<const QAbstractButton*> buttonsDown(const QWidget* window) {
+  QSet<const QAbstractButton*> found;
   const auto buttons = window->findChildren<QAbstractButton*>();
   for (const QAbstractButton* button : buttons)
     if (button->isDown() && button->isVisible())
-      return true;
-  return false;
+      found.insert(button);
+  return found;
 }
 
 bool isMultiLine(const QWidget* widget) {
@@ -225,8 +231,13 @@ bool waitFor(const std::function<bool()>& condition, int milliseconds) {
 
 bool isBlocked(const QWidget* window) {
   const QWidget* modal = QApplication::activeModalWidget();
-  return modal && modal != window && !modal->isAncestorOf(window) &&
-         window->windowType() != Qt::Popup;
+  if (!modal || window->windowType() == Qt::Popup)
+    return false;
+  // a modal dialog blocks neither itself nor the windows that belong to it
+  for (const QWidget* owner = window; owner; owner = owner->parentWidget())
+    if (owner == modal)
+      return false;
+  return true;
 }
 
 void activate(QWidget* window) {
@@ -338,6 +349,7 @@ void pressKey(QWidget* window, const QString& keys) {
 
 void pressKey(QWidget* window, int key, Qt::KeyboardModifiers modifiers, const QString& text) {
   const QPointer<QWidget> guard(window);
+  const auto before = buttonsDown(window); // some are so for good, to mark a mode
   playKey(window, key, modifiers, text);
   if (key == Qt::Key_Menu && guard && !QApplication::activePopupWidget()) {
     // the platform makes this event of the key
@@ -348,8 +360,11 @@ void pressKey(QWidget* window, int key, Qt::KeyboardModifiers modifiers, const Q
   }
   settle();
   constexpr int longest = 2000; // far beyond the tenth of a second that it takes
-  waitFor([&guard] { return !guard || QApplication::activePopupWidget() || !isButtonDown(guard); },
-          longest);
+  waitFor(
+      [&] {
+        return !guard || QApplication::activePopupWidget() || before.contains(buttonsDown(guard));
+      },
+      longest);
 }
 
 void typeText(QWidget* window, const QString& text) {

@@ -75,8 +75,8 @@ ItemCells ItemCells::of(QWidget* widget) {
 QVector<QModelIndex> ItemCells::rowIndexes() const {
   const QAbstractItemModel* model = m_view->model();
   QVector<QModelIndex> found;
-  if (!qobject_cast<QTreeView*>(m_view)) {
-    const auto* list = qobject_cast<QListView*>(m_view);
+  if (!qobject_cast<QTreeView*>(m_view.data())) {
+    const auto* list = qobject_cast<QListView*>(m_view.data());
     for (int row = 0; row < model->rowCount(m_view->rootIndex()); ++row)
       found.append(model->index(row, list ? list->modelColumn() : 0, m_view->rootIndex()));
     return found;
@@ -95,20 +95,22 @@ QVector<QModelIndex> ItemCells::rowIndexes() const {
 }
 
 int ItemCells::rows() const {
-  return qobject_cast<QTreeView*>(m_view) ? rowIndexes().size()
-                                          : m_view->model()->rowCount(m_view->rootIndex());
+  return qobject_cast<QTreeView*>(m_view.data()) ? rowIndexes().size()
+                                                 : m_view->model()->rowCount(m_view->rootIndex());
 }
 
 int ItemCells::columns() const {
-  return qobject_cast<QListView*>(m_view) ? 1 : m_view->model()->columnCount(m_view->rootIndex());
+  return qobject_cast<QListView*>(m_view.data())
+             ? 1
+             : m_view->model()->columnCount(m_view->rootIndex());
 }
 
 QModelIndex ItemCells::index(int row, int column) const {
   const int across = qMax(0, column); // a row alone means its first cell
   QModelIndex found;
   if (row >= 0 && across < columns()) {
-    const auto* list = qobject_cast<QListView*>(m_view);
-    if (qobject_cast<QTreeView*>(m_view))
+    const auto* list = qobject_cast<QListView*>(m_view.data());
+    if (qobject_cast<QTreeView*>(m_view.data()))
       found = rowIndexes().value(row);
     else
       found = m_view->model()->index(row, list ? list->modelColumn() : 0, m_view->rootIndex());
@@ -128,8 +130,9 @@ QModelIndex ItemCells::index(int row, int column) const {
 int ItemCells::rowOf(const QModelIndex& index) const {
   if (!index.isValid())
     return -1;
-  return qobject_cast<QTreeView*>(m_view) ? rowIndexes().indexOf(index.sibling(index.row(), 0))
-                                          : index.row();
+  return qobject_cast<QTreeView*>(m_view.data())
+             ? rowIndexes().indexOf(index.sibling(index.row(), 0))
+             : index.row();
 }
 
 int ItemCells::rowOf(const QVariant& numberOrText) const {
@@ -147,11 +150,11 @@ int ItemCells::rowOf(const QVariant& numberOrText) const {
 }
 
 bool ItemCells::isHidden(const QModelIndex& index) const {
-  if (const auto* table = qobject_cast<QTableView*>(m_view))
+  if (const auto* table = qobject_cast<QTableView*>(m_view.data()))
     return table->isRowHidden(index.row()) || table->isColumnHidden(index.column());
-  if (const auto* list = qobject_cast<QListView*>(m_view))
+  if (const auto* list = qobject_cast<QListView*>(m_view.data()))
     return list->isRowHidden(index.row());
-  const auto* tree = qobject_cast<QTreeView*>(m_view);
+  const auto* tree = qobject_cast<QTreeView*>(m_view.data());
   if (!tree)
     return false;
   bool hidden = tree->isColumnHidden(index.column());
@@ -184,7 +187,7 @@ QStringList ItemCells::items() const {
 
 QStringList ItemCells::headers() const {
   QStringList texts;
-  if (!qobject_cast<QListView*>(m_view))
+  if (!qobject_cast<QListView*>(m_view.data()))
     for (int column = 0; column < columns(); ++column)
       texts.append(m_view->model()->headerData(column, Qt::Horizontal).toString());
   return texts;
@@ -204,7 +207,7 @@ QVariantList ItemCells::table() const {
 
 QVariant ItemCells::current() const {
   const QModelIndex index = m_view->currentIndex();
-  if (qobject_cast<QTableView*>(m_view))
+  if (qobject_cast<QTableView*>(m_view.data()))
     return QVariantList{index.row(), index.column()};
   return rowOf(index);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractItemView>
+#include <QPointer>
 #include <QStringList>
 #include <QVariant>
 
@@ -47,7 +48,8 @@ private:
   QModelIndexList chosenCells(const QVariantList& rows, bool* areCells) const;
   std::vector<QModelIndex> comparable(const QModelIndexList& cells, bool areCells) const;
   void clickIndex(const QModelIndex& index, bool twice, Qt::KeyboardModifiers modifiers);
+  void requireView() const;
   QWidget* openEditor(const QModelIndex& index);
 
-  QAbstractItemView* m_view;
+  QPointer<QAbstractItemView> m_view; ///< an action may close its dialog
 };

@@ -64,6 +64,12 @@ void ItemCells::clickIndex(const QModelIndex& index, bool twice, Qt::KeyboardMod
   if (rect.isEmpty())
     throw DriveError(place + QStringLiteral(" cannot be seen"));
   InputPlayer::clickAt(m_view->viewport(), rect, twice, modifiers);
+  requireView();
+}
+
+void ItemCells::requireView() const {
+  if (!m_view)
+    throw DriveError(QStringLiteral("the view is gone after the click on it"));
 }
 
 void ItemCells::click(int row, int column, bool twice, Qt::KeyboardModifiers modifiers) {
@@ -95,7 +101,7 @@ QWidget* ItemCells::openEditor(const QModelIndex& index) {
 void ItemCells::edit(int row, int column, const QString& text) {
   const QPersistentModelIndex cell = index(row, column);
   const QPointer<QWidget> editor = openEditor(cell);
-  const QPointer<QWidget> view = m_view;
+  const QPointer<QWidget> view = m_view.data();
   const bool isMultiLine =
       qobject_cast<QPlainTextEdit*>(editor) || qobject_cast<QTextEdit*>(editor);
   if (auto* combo = qobject_cast<QComboBox*>(editor.data()); combo && combo->findText(text) >= 0)
@@ -202,7 +208,7 @@ void ItemCells::choose(const QVariantList& rows) {
   const QModelIndexList wanted = chosenCells(rows, &areCells);
   const auto mode = m_view->selectionMode();
   const QItemSelectionModel* selection = m_view->selectionModel();
-  const auto* table = qobject_cast<QTableView*>(m_view);
+  const auto* table = qobject_cast<QTableView*>(m_view.data());
   const bool byHeader = table && !areCells && table->verticalHeader()->isVisible() &&
                         table->selectionBehavior() == QAbstractItemView::SelectItems &&
                         table->verticalHeader()->sectionsClickable();
@@ -218,6 +224,7 @@ void ItemCells::choose(const QVariantList& rows) {
                         header->sectionSize(cell.row()));
     InputPlayer::clickAt(header->viewport(), section & header->viewport()->rect(), false,
                          modifiers);
+    requireView();
   };
   const bool toggles = mode == QAbstractItemView::MultiSelection;
   if (toggles || wanted.isEmpty()) {

@@ -126,19 +126,22 @@ ScriptChecks::ScriptChecks(ScriptRunner* runner, QObject* parent)
   Q_ASSERT_X(!made.isError(), "ScriptChecks", qPrintable(made.toString()));
 }
 
-void ScriptChecks::fail(const QString& message, const QString& stack) {
+void ScriptChecks::report(const QString& message, const QString& stack, const QString& detail) {
   ++m_failed;
-  const QString where = callerPlace(stack).toText();
-  emit failed(QStringLiteral("%1: check failed: %2").arg(where, message));
+  QStringList parts{callerPlace(stack).toText(), QStringLiteral("check failed"),
+                    message.simplified(), detail};
+  parts.removeAll(QString());
+  emit failed(parts.join(QStringLiteral(": ")));
+}
+
+void ScriptChecks::fail(const QString& message, const QString& stack) {
+  report(message, stack, QString());
 }
 
 void ScriptChecks::failEqual(const QString& message, const QString& stack, const QString& place,
                              const QJSValue& actual, const QJSValue& expected) {
-  ++m_failed;
-  const QString where = callerPlace(stack).toText();
   const QString got = shortened(m_runner->toText(actual, true));
   const QString wanted = shortened(m_runner->toText(expected, true));
   const QString at = place.isEmpty() ? QString() : QStringLiteral(" at %1").arg(place);
-  emit failed(QStringLiteral("%1: check failed: %2: got %3, expected %4%5")
-                  .arg(where, message, got, wanted, at));
+  report(message, stack, QStringLiteral("got %1, expected %2%3").arg(got, wanted, at));
 }

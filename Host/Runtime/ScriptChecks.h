@@ -26,6 +26,8 @@ signals:
   void failed(const QString& line); ///< file, line, message, actual and expected value
 
 private:
+  void report(const QString& message, const QString& stack, const QString& detail);
+
   ScriptRunner* m_runner;
   int m_passed = 0;
   int m_failed = 0;

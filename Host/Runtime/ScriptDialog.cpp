@@ -1,7 +1,10 @@
 #include "ScriptDialog.h"
 
+#include "HostCall.h"
+#include "HostSupport/KelvarinException.h"
 #include "WidgetValues.h"
 
+#include <QDialog>
 #include <QJSEngine>
 
 #include <type_traits>
@@ -80,10 +83,16 @@ template <typename Action> QJSValue ScriptDialog::guarded(Action action) {
       return engine && result.isValid() ? engine->toScriptValue(result)
                                         : QJSValue(QJSValue::NullValue);
     }
-  } catch (const std::exception& exception) {
-    error = QString::fromUtf8(exception.what());
+  } catch (const KelvarinException&) {
+    // A fault of the module in answer to the action. It has to leave the handler, not the action.
+    error = describeException();
+    auto* dialog = qobject_cast<QDialog*>(m_actions.dialog());
+    if (dialog && raiseWhenHandlerEnds(error)) {
+      dialog->reject();
+      return QJSValue();
+    }
   } catch (...) {
-    error = QStringLiteral("an unknown exception");
+    error = describeException();
   }
   if (engine)
     engine->throwError(error);

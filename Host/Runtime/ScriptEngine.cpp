@@ -16,6 +16,8 @@
 
 namespace {
 
+constexpr int mostFrames = 10;
+
 QString describeDialog(const QWidget* dialog) {
   const QString name = dialog->objectName().isEmpty()
                            ? QLatin1String(dialog->metaObject()->className())
@@ -85,8 +87,10 @@ ScriptEngine::Outcome ScriptEngine::Private::fail(const QString& message,
                                                   const QStringList& stack) {
   report(message);
   if (stack.size() > 1)
-    for (const QString& frame : stack)
+    for (const QString& frame : stack.mid(0, mostFrames))
       emit q->problem(QStringLiteral("    in %1").arg(frame));
+  if (stack.size() > mostFrames)
+    emit q->problem(QStringLiteral("    and %1 more").arg(stack.size() - mostFrames));
   return {false, QJSValue(), message};
 }
 

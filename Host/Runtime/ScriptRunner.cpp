@@ -91,7 +91,7 @@ QString sourceFile(const QString& source) {
 bool readFrame(const QString& frame, QString* name, ScriptPlace* place) {
   const int at = frame.indexOf(QLatin1Char('@'));
   const int colon = frame.lastIndexOf(QLatin1Char(':'));
-  if (at < 0 || colon < at)
+  if (at < 0 || colon <= at + 1) // the engine leaves the file out of frames of its own
     return false;
   bool isNumber = false;
   const int line = frame.midRef(colon + 1).toInt(&isNumber);
@@ -145,6 +145,7 @@ ScriptFault describeFault(const QJSValue& thrown) {
   } else {
     fault.message = thrown.toString();
   }
+  fault.message = fault.message.simplified();
   const QString where = place.toText();
   fault.headline =
       where.isEmpty() ? fault.message : QStringLiteral("%1: %2").arg(where, fault.message);

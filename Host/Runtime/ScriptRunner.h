@@ -13,7 +13,7 @@ struct ScriptOutcome {
 /// An uncaught exception in words.
 struct ScriptFault {
   QString headline;  ///< "FILE:LINE: MESSAGE"
-  QString message;   ///< without the place
+  QString message;   ///< without the place, one line
   QStringList stack; ///< "NAME (FILE:LINE)", innermost first; the host's own frames left out
 };
 

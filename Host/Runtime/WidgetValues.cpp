@@ -24,6 +24,7 @@
 #include <QLineEdit>
 #include <QMetaProperty>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QProgressBar>
 #include <QRadioButton>
 #include <QRect>
@@ -73,8 +74,19 @@ void requireEditable(const QWidget* widget, bool isReadOnly) {
 }
 
 void setText(QWidget* widget, const QVariant& value) {
+  const QPointer<QWidget> guard(widget);
   InputPlayer::replaceText(widget, typedText(value));
-  InputPlayer::leave(widget);
+  if (guard)
+    InputPlayer::leave(widget);
+}
+
+/// A click on a widget that has to be there afterwards.
+void clickStaying(QWidget* widget) {
+  const QPointer<QWidget> guard(widget);
+  const QString name = describeWidget(widget);
+  InputPlayer::click(widget);
+  if (!guard)
+    throw DriveError(QStringLiteral("%1 is gone after the click on it").arg(name));
 }
 
 void setCombo(QComboBox* combo, const QVariant& value) {
@@ -106,7 +118,7 @@ void setButton(QAbstractButton* button, bool on) {
                : button->isChecked() == on;
   };
   for (int click = 0; click < 2 && !isReached(); ++click)
-    InputPlayer::click(button);
+    clickStaying(button);
   if (!isReached())
     throw DriveError(QStringLiteral("%1 cannot be brought to %2 by a click")
                          .arg(describeWidget(button),
@@ -127,7 +139,7 @@ void setGroupBox(QGroupBox* box, const QVariant& value) {
   if (!box->isCheckable())
     throw DriveError(QStringLiteral("%1 cannot be checked").arg(describeWidget(box)));
   if (box->isChecked() != value.toBool())
-    InputPlayer::click(box);
+    clickStaying(box);
   if (box->isChecked() != value.toBool())
     throw DriveError(QStringLiteral("%1 did not change by a click").arg(describeWidget(box)));
 }
@@ -141,8 +153,12 @@ void setSlider(QAbstractSlider* slider, const QVariant& value) {
                          .arg(slider->minimum())
                          .arg(slider->maximum()));
   InputPlayer::focus(slider);
-  const auto play = [slider](int key) {
+  const QPointer<QWidget> guard(slider);
+  const QString name = describeWidget(slider);
+  const auto play = [&](int key) {
     InputPlayer::pressKey(slider->window(), key, Qt::NoModifier, QString());
+    if (!guard)
+      throw DriveError(QStringLiteral("%1 is gone after a step").arg(name));
   };
   const int single = qMax(1, slider->singleStep());
   if ((target - slider->value()) % single != 0)
@@ -364,9 +380,10 @@ void pickEntry(QWidget* comboBox, int row) {
                          .arg(combo->itemText(row), describeWidget(combo)));
   }
   const QPointer<QWidget> guard(list);
+  const QString name = describeWidget(combo);
   InputPlayer::clickAt(list->viewport(), rect);
   if (!InputPlayer::waitFor([&guard] { return !guard || !guard->isVisible(); }))
-    throw DriveError(QStringLiteral("the list of %1 does not close").arg(describeWidget(comboBox)));
+    throw DriveError(QStringLiteral("the list of %1 does not close").arg(name));
 }
 
 QStringList tabCaptions(const QWidget* tabs) {
@@ -385,8 +402,9 @@ bool bringTab(QWidget* tabs, const QVariant& captionOrIndex) {
   if (!bar->isTabEnabled(index) || !bar->isTabVisible(index))
     throw DriveError(QStringLiteral("tab \"%1\" is disabled or hidden").arg(bar->tabText(index)));
   scrollToTab(bar, index);
+  const QPointer<QTabBar> guard(bar);
   InputPlayer::clickAt(bar, bar->tabRect(index) & bar->rect());
-  if (bar->currentIndex() != index)
+  if (guard && bar->currentIndex() != index)
     throw DriveError(
         QStringLiteral("tab \"%1\" did not come to the front").arg(bar->tabText(index)));
   return true;

@@ -100,7 +100,7 @@ QString Spinner::Private::stepText(double from, double to) const {
   // Where every digit was on show, none gets lost.
   if (reads(edit->text(), from))
     for (int digits = precision; digits <= shownDigits; ++digits)
-      if (const QString text = format(to, digits); reads(text, to))
+      if (QString text = format(to, digits); reads(text, to))
         return text;
   int digits = precision;
   while (digits < exactDigits && to != from && format(to, digits) == format(from, digits))
@@ -184,13 +184,13 @@ bool Spinner::Private::canStep(bool up) const {
 }
 
 double Spinner::Private::stepped(double from, bool up, int count, Span span) const {
-  const double increment = q->wholeNumber ? std::max(1.0, std::round(q->increment)) : q->increment;
+  const double stride = q->wholeNumber ? std::max(1.0, std::round(q->increment)) : q->increment;
   if (!q->step125) {
     if (span == Span::Coarse)
       count *= coarseCount;
-    return plainStep(from, increment, up ? count : -count);
+    return plainStep(from, stride, up ? count : -count);
   }
-  const SeriesLimits limits{increment, q->wholeNumber ? 1.0 : SeriesLimits().smallest};
+  const SeriesLimits limits{stride, q->wholeNumber ? 1.0 : SeriesLimits().smallest};
   double value = from;
   for (int i = 0; i < count; ++i)
     value = taken(span == Span::Coarse ? nextDecade(value, up, limits)

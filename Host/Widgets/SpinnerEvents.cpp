@@ -22,7 +22,7 @@ constexpr int smallestLength = 4;
 
 /// Text colour of what is no number: readable on a light and on a dark field.
 QColor badTextColour(const QPalette& palette, QPalette::ColorGroup group) {
-  const QColor base = palette.color(group, QPalette::Base);
+  const QColor& base = palette.color(group, QPalette::Base);
   const QColor colour = base.lightness() < 128 ? QColor(255, 138, 128) : QColor(183, 28, 28);
   if (group != QPalette::Disabled)
     return colour;

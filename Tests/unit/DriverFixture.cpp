@@ -88,7 +88,12 @@ QWidget* FixtureDialog::fieldPage() {
   readOnly->setReadOnly(true);
   add("Read-only", readOnly);
   add("Memo", new TextEdit(nullptr, "memo"));
-  add("Rich", named(new QTextEdit, "rich"));
+  auto* rich = named(new QTextEdit, "rich");
+  rich->setContextMenuPolicy(Qt::ActionsContextMenu);
+  auto* insert = new QAction(text("Insert"), rich);
+  connect(insert, &QAction::triggered, this, [this] { note(text("insert")); });
+  rich->addAction(insert);
+  add("Rich", rich);
   auto* spinner = new Spinner(nullptr, "spinner");
   spinner->setValue(4700);
   connect(spinner, &Spinner::changed, this,
@@ -273,6 +278,17 @@ QWidget* FixtureDialog::buttonRow() {
     const QStringList paths = QFileDialog::getOpenFileNames(this, text("Open several"));
     note(text("files=%1").arg(paths.size()));
   });
+  add(new PushButton(nullptr, "save"), "Save",
+      [this] { note(text("save=") + QFileDialog::getSaveFileName(this, text("Save"))); });
+  add(new PushButton(nullptr, "folder"), "Folder",
+      [this] { note(text("folder=") + QFileDialog::getExistingDirectory(this, text("Folder"))); });
+  add(new PushButton(nullptr, "later"), "Later", [this] {
+    auto* box = new QMessageBox(QMessageBox::Information, text("Later"), text("Not at once"),
+                                QMessageBox::Ok, this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    connect(box, &QMessageBox::finished, this, [this] { note(text("later")); });
+    box->open();
+  });
   add(new PushButton(nullptr, "colour"), "Colour",
       [this] { note(text("colour=") + QColorDialog::getColor(Qt::white, this).name()); });
   add(new PushButton(nullptr, "font"), "Font", [this] {
@@ -319,6 +335,10 @@ void FixtureDialog::askNonModal() {
 void FixtureDialog::keyPressEvent(QKeyEvent* event) {
   note(text("key%1").arg(event->key(), 0, 16));
   QDialog::keyPressEvent(event);
+}
+
+bool ScriptBridge::hasPopup() const {
+  return QApplication::activePopupWidget() != nullptr;
 }
 
 void ScriptBridge::onDialog(const QJSValue& handler) {

@@ -37,5 +37,5 @@ public:
   FixtureDialog* dialog = nullptr;
   Q_INVOKABLE void onDialog(const QJSValue& handler);
   Q_INVOKABLE QString log() const { return dialog->log.join(QLatin1Char(' ')); }
-  Q_INVOKABLE void clear() { dialog->log.clear(); }
+  Q_INVOKABLE bool hasPopup() const; ///< whether one is open now
 };
