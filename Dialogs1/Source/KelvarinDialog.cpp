@@ -126,7 +126,8 @@ bool KelvarinDialog::getRealVector(int index, const double** reals, unsigned* co
   return sp_GetRealIfVector(scriptArgs, index, reals, count);
 }
 
-bool KelvarinDialog::getStringVector(int index, const char* const** strings, unsigned* count) const {
+bool KelvarinDialog::getStringVector(int index, const char* const** strings,
+                                     unsigned* count) const {
   return sp_GetStringIfVector(scriptArgs, index, strings, count);
 }
 

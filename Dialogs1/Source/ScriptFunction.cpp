@@ -1,0 +1,32 @@
+#include "ScriptFunction.h"
+
+#include <algorithm>
+#include <cstring>
+
+static std::uint32_t argTypeOf(char letter) {
+  switch (letter) {
+  case 'S':
+    return StringArg;
+  case 'R':
+    return RealArg;
+  case 'A':
+    return AnyArg;
+  default:
+    return 0; // no such type: the host refuses the module
+  }
+}
+
+ScriptFunction::ScriptFunction(const char* functionName, int leastArgs, const char* letters,
+                               ResultType type, UserFunctionHandler function)
+    : UserFunctionDecl{} {
+  std::strncpy(name, functionName, sizeof name - 1);
+  const auto count = std::min<std::size_t>(std::strlen(letters), maxUserArguments);
+  std::transform(letters, letters + count, argTypes, argTypeOf);
+  minArgs = static_cast<std::uint16_t>(leastArgs);
+  maxArgs = static_cast<std::uint16_t>(count);
+  handler = function;
+  resultType = type;
+  declVersion = 1;
+  next = s_head;
+  s_head = this;
+}
