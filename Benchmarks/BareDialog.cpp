@@ -1,11 +1,16 @@
 #include <QApplication>
 #include <QDialog>
-#include <QDialogButtonBox>
 #include <QDoubleSpinBox>
-#include <QFormLayout>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
 #include <QTimer>
 
-// The least that a Qt program can do to show four numbers, and ends once they are painted.
+#include <cstdio>
+
+// The least that a Qt program can do to show the box of ColdStartBenchmark: four labelled numbers
+// in a group, OK and Cancel. Says so once it is painted, and ends.
 
 namespace {
 
@@ -13,7 +18,11 @@ class OnePaintDialog : public QDialog {
 protected:
   void paintEvent(QPaintEvent* event) override {
     QDialog::paintEvent(event);
-    QTimer::singleShot(0, this, &QDialog::reject);
+    QTimer::singleShot(0, this, [this] {
+      std::puts("painted");
+      std::fflush(stdout);
+      reject();
+    });
   }
 };
 
@@ -22,10 +31,19 @@ protected:
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   OnePaintDialog dialog;
-  auto* layout = new QFormLayout(&dialog);
-  for (const char* caption : {"a", "b", "c", "d"})
-    layout->addRow(QString::fromLatin1(caption), new QDoubleSpinBox(&dialog));
-  layout->addRow(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog));
+  auto* layout = new QVBoxLayout(&dialog);
+  auto* group = new QGroupBox(&dialog);
+  auto* rows = new QGridLayout(group);
+  int row = 0;
+  for (const char* caption : {"a", "b", "c", "d"}) {
+    rows->addWidget(new QLabel(QString::fromLatin1(caption), group), row, 0);
+    rows->addWidget(new QDoubleSpinBox(group), row++, 1);
+  }
+  layout->addWidget(group);
+  auto* buttons = new QHBoxLayout;
+  for (const char* caption : {"OK", "Cancel"})
+    buttons->addWidget(new QPushButton(QString::fromLatin1(caption), &dialog));
+  layout->addLayout(buttons);
   dialog.exec();
   return 0;
 }

@@ -6,7 +6,9 @@ install(TARGETS Dialogs1 LIBRARY DESTINATION lib)
 install(TARGETS HostWidgetsDesigner LIBRARY DESTINATION lib/designer)
 install(TARGETS dialoghost RUNTIME DESTINATION bin)
 install(DIRECTORY Include/ DESTINATION include/kelvarin-dialogs FILES_MATCHING PATTERN "*.h")
-install(DIRECTORY docs/ DESTINATION share/kelvarin-dialogs/docs)
+install(DIRECTORY docs/help docs/images DESTINATION share/kelvarin-dialogs)
+file(GLOB guides docs/*.md)
+install(FILES ${guides} DESTINATION share/kelvarin-dialogs/docs)
 install(DIRECTORY Samples/ DESTINATION share/kelvarin-dialogs/samples)
 
 install(EXPORT KelvarinDialogs NAMESPACE Kelvarin:: DESTINATION lib/cmake/KelvarinDialogs
