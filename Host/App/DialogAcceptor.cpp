@@ -1,0 +1,25 @@
+#include "DialogAcceptor.h"
+
+#include "DialogActions.h"
+#include "DialogDriver.h"
+
+DialogAcceptor::DialogAcceptor(DialogDriver* driver, const Look& look) {
+  connect(driver, &DialogDriver::dialogOpened, this, [this, driver] {
+    // What opens in answer to our own accepting, a question say, is ours as well.
+    if (!driver->isDriving() || m_accepting > 0)
+      driver->onDialog([this](QWidget* dialog) { accept(dialog); });
+  });
+  if (look)
+    connect(driver, &DialogDriver::dialogReady, this, look);
+}
+
+void DialogAcceptor::accept(QWidget* dialog) {
+  ++m_accepting;
+  try {
+    DialogActions(dialog).accept();
+  } catch (...) {
+    --m_accepting;
+    throw;
+  }
+  --m_accepting;
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QTimer>
+
+#include <functional>
+
+class DialogDriver;
+class QJSEngine;
+class ScriptEngine;
+
+/// Ends the program cleanly when the user presses Ctrl+C in the terminal. A second Ctrl+C ends the
+/// process at once. One at a time.
+class Interruption {
+public:
+  /// Interrupts the script and rejects the dialogs that it has open.
+  Interruption(DialogDriver* driver, const ScriptEngine* engine);
+  /// Calls `end` from the event loop until this object goes.
+  explicit Interruption(std::function<void()> end);
+  ~Interruption();
+  Interruption(const Interruption&) = delete;
+  Interruption& operator=(const Interruption&) = delete;
+
+  static bool wasAsked();
+  static constexpr int exitStatus = 130; ///< as shells have it for an interrupted program
+
+private:
+  QTimer m_poll;
+};

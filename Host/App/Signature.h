@@ -1,0 +1,10 @@
+#pragma once
+
+#include "FunctionTable.h"
+
+// How functions are shown to script authors.
+
+QString argTypeName(ArgType type);          ///< "real", "string" or "any"
+QString resultTypeWords(ResultType result); ///< "real[]", "boolean[]" …; "nothing"
+/// "ValueDialog(real[]?, string[]?) → real[]"; a question mark stands behind what may be left out.
+QString signatureText(const FunctionInfo& function);

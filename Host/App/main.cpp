@@ -1,0 +1,70 @@
+#include "CommandLine.h"
+#include "FunctionTable.h"
+#include "HostSupport/Files.h"
+#include "HostSupportQt/Text.h"
+#include "Output.h"
+#include "ScriptCommands.h"
+#include "Startup.h"
+#include "Tour.h"
+#include "WorkbenchCommand.h"
+
+#include <QApplication>
+
+namespace {
+
+constexpr int statusOfUsage = 2;
+constexpr int statusOfBadModule = 2;
+
+/// The words as the user gave them. The window system's application object would take options of
+/// its own out of them, those that belong to a script included; this one does not.
+std::variant<CommandLine, CommandLineAnswer> readWords(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  return readCommandLine(QCoreApplication::arguments());
+}
+
+int obey(const CommandLine& line) {
+  switch (line.command) {
+  case CommandLine::Command::Workbench:
+    return runWorkbench(line);
+  case CommandLine::Command::Run:
+  case CommandLine::Command::Eval:
+    return runScript(line);
+  case CommandLine::Command::List:
+    return listFunctions(line);
+  case CommandLine::Command::Tour:
+    return runTour(line);
+  }
+  return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  const auto words = readWords(argc, argv);
+  if (const auto* answer = std::get_if<CommandLineAnswer>(&words)) {
+    answer->status == 0 ? printLine(answer->text) : printError(answer->text);
+    return answer->status;
+  }
+  const CommandLine& line = std::get<CommandLine>(words);
+
+  if (lacksDisplayFor(line)) {
+    printError(QCoreApplication::translate(
+        "CommandLine",
+        "dialoghost: there is no display for the workbench. \"dialoghost tour\" takes "
+        "pictures without one; see \"dialoghost --help\"."));
+    return statusOfUsage;
+  }
+
+  prepareEnvironment(line);
+  int programOnly = 1;
+  QApplication application(programOnly, argv);
+  prepareApplication();
+  if (!line.settingsDir.isEmpty())
+    sp_SetSettingsDir(toYs(line.settingsDir));
+  try {
+    return obey(line);
+  } catch (const ModuleError& error) {
+    printError(QString::fromUtf8(error.what()));
+    return statusOfBadModule;
+  }
+}
