@@ -7,6 +7,8 @@
 #include <QEvent>
 #include <QFile>
 #include <QFileInfo>
+#include <QImage>
+#include <QScrollBar>
 #include <QTextBlock>
 #include <QTextTable>
 
@@ -75,6 +77,14 @@ QString MarkdownView::pageTitle() const {
 }
 
 QVariant MarkdownView::loadResource(int type, const QUrl& name) {
+  if (type == QTextDocument::ImageResource) {
+    // No wider than the page, which the user may have made narrow.
+    const QImage image = QImage::fromData(QTextBrowser::loadResource(type, name).toByteArray());
+    const int room = viewport()->width() - int(2 * document()->documentMargin()) -
+                     verticalScrollBar()->sizeHint().width();
+    return image.width() > room && room > 0 ? image.scaledToWidth(room, Qt::SmoothTransformation)
+                                            : image;
+  }
   if (type != QTextDocument::MarkdownResource)
     return QTextBrowser::loadResource(type, name);
   if (name.scheme() == contentsScheme)

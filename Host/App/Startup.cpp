@@ -2,6 +2,7 @@
 
 #include "CommandLine.h"
 #include "HostSupport/System.h"
+#include "HostSupportQt/QtMessages.h"
 
 #include <QApplication>
 
@@ -29,6 +30,7 @@ bool lacksDisplayFor(const CommandLine& line) {
 }
 
 void prepareEnvironment(const CommandLine& line) {
+  qtsp_DropPlatformNoise();
   const bool isTour = line.command == Command::Tour;
   const bool tourOffscreen = isTour && sp_GetOs() == OperatingSystem::Linux;
   if (qEnvironmentVariableIsEmpty(platformVariable) && (lacksDisplay() || tourOffscreen))

@@ -15,6 +15,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QSaveFile>
+#include <QTemporaryDir>
 
 namespace {
 
@@ -147,6 +148,10 @@ void Tour::takePicture(QWidget* dialog, PaletteKind palette, int number, TourEnt
 }
 
 int runTour(const CommandLine& line) {
+  // Pictures must not depend on the sizes that somebody left their dialogs in.
+  const QTemporaryDir settings;
+  if (line.settingsDir.isEmpty())
+    sp_SetSettingsDir(toYs(settings.path()));
   FunctionTable table;
   loadModule(line, &table);
   DialogDriver driver;

@@ -6,4 +6,5 @@
 #include "HostSupportQt/Help.h"
 #include "HostSupportQt/KV_FunctionDef.h"
 #include "HostSupportQt/Paste.h"
+#include "HostSupportQt/QtMessages.h"
 #include "HostSupportQt/Text.h"

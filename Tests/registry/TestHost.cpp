@@ -1,6 +1,7 @@
 #include "TestHost.h"
 
 #include "HostSupport/Files.h"
+#include "HostSupportQt/QtMessages.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -17,13 +18,8 @@ namespace {
 TestHost* currentHost = nullptr;
 QStringList warnings;
 
-bool isPlatformNoise(const QString& text) {
-  return text.contains(QLatin1String("propagateSizeHints")) ||
-         text.contains(QLatin1String("XDG_RUNTIME_DIR"));
-}
-
 void keepWarning(QtMsgType type, const QMessageLogContext&, const QString& text) {
-  if (isPlatformNoise(text))
+  if (qtsp_IsPlatformNoise(text))
     return;
   std::fprintf(stderr, "%s\n", qPrintable(text));
   if (type != QtDebugMsg && type != QtInfoMsg)

@@ -1,21 +1,14 @@
+#include "HostSupportQt/QtMessages.h"
+
 #include <QApplication>
 
 #include <gtest/gtest.h>
 
-#include <array>
-
 namespace {
 
-// What the offscreen platform says of itself; everything else that Qt warns of is a fault.
-constexpr std::array<const char*, 2> knownNoise{"This plugin does not support", "XDG_RUNTIME_DIR"};
-
 void failOnWarning(QtMsgType type, const QMessageLogContext&, const QString& message) {
-  if (type == QtDebugMsg || type == QtInfoMsg)
-    return;
-  for (const char* noise : knownNoise)
-    if (message.contains(QLatin1String(noise)))
-      return;
-  ADD_FAILURE() << "Qt warns: " << message.toStdString();
+  if (type != QtDebugMsg && type != QtInfoMsg && !qtsp_IsPlatformNoise(message))
+    ADD_FAILURE() << "Qt warns: " << message.toStdString();
 }
 
 } // namespace
