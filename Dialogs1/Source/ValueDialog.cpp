@@ -1,9 +1,7 @@
 #include "ValueDialog.h"
 
-#include "HostSupport/Arguments.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "HostWidgets/Spinner.h"
-#include "RowBox.h"
 #include "ScriptFunction.h"
 
 #include <QLabel>
@@ -11,28 +9,20 @@
 #include <algorithm>
 
 static int runValueDialog(UserFunctionInterface* call) {
-  if (refusesRowCount(ValueDialog::rowCount(call), QStringLiteral("ValueDialog")))
+  if (refusesRowCount(ValueDialog::rowCount(call), "ValueDialog"))
     return 0;
   return runDialogFunction<ValueDialog, UserReal>(call);
 }
 
 static const ScriptFunction declaration("ValueDialog", 0, "RSSS", RealVectorResult, runValueDialog);
 
-ValueDialog::ValueDialog() : KelvarinDialog(nullptr, "ValueDialog", true, {}) {
-  form.setupUi(this);
+ValueDialog::ValueDialog() : RowBox("ValueDialog") {
   form.helpButton->hide();
-  form.selectAllButton->hide();
-  form.unselectAllButton->hide();
+  hideSelectButtons();
 }
 
 unsigned ValueDialog::rowCount(UserFunctionInterface* call) {
-  const double* values = nullptr;
-  const char* const* captions = nullptr;
-  unsigned valueCount = 0;
-  unsigned captionCount = 0;
-  sp_GetRealIfVector(call, 0, &values, &valueCount);
-  sp_GetStringIfVector(call, 1, &captions, &captionCount);
-  return std::min(valueCount, captionCount);
+  return std::min(realCount(call, 0), stringCount(call, 1));
 }
 
 void ValueDialog::prepareDialog(UserFunctionInterface* args, UserDataType type) {
@@ -49,16 +39,10 @@ void ValueDialog::prepareDialog(UserFunctionInterface* args, UserDataType type) 
     const int rows = static_cast<int>(rowCount(args));
     for (int row = 0; row < rows; ++row)
       addRow(row, captions[row], values[row]);
-    form.groupBoxLayout->setRowStretch(rows, 1); // rows stay together in a tall window
     applyLinkedLimits();
   }
   setWindowTitle(toQs(getString(2)));
-  // The form's buttons were there first; the user starts in the rows.
-  if (Spinner* first = rowSpinner("Spinner0")) {
-    first->setFocus(Qt::TabFocusReason);
-    first->selectAll();
-  }
-  scrollWhenTall(form.groupBox);
+  finishRows(rowSpinner("Spinner0"));
   KelvarinDialog::prepareDialog(args, type);
 }
 
@@ -87,11 +71,6 @@ void ValueDialog::addRow(int row, const char* caption, double value) {
     spinner->setMax(*rule.max);
   spinner->setValue(value);
   spinner->outElementIndex = row;
-}
-
-void ValueDialog::initialiseDialog() {
-  // The rows have their values already, within limits that loading them again would meet.
-  dimsSavingEnabled = true;
 }
 
 void ValueDialog::applyLinkedLimits() {
@@ -125,10 +104,4 @@ void ValueDialog::box2Change(const QString&) {
 
 Spinner* ValueDialog::rowSpinner(const char* name) const {
   return static_cast<Spinner*>(qtsp_SearchChild(this, name, "Spinner", true));
-}
-
-void ValueDialog::showEvent(QShowEvent* event) {
-  // Shrinks to what the rows need, before a stored size has its turn.
-  resize(0, 0);
-  KelvarinDialog::showEvent(event);
 }

@@ -31,7 +31,9 @@ public:
   ScriptEngine::Outcome runSample(const QString& file,
                                   const std::function<void(DialogActions&)>& act);
 
-  static QStringList sampleFiles(); ///< of every function, sorted
+  /// Samples of all functions that open a dialog and wait for it, sorted. A line "// Opens: no
+  /// dialog" in a sample says that its function does not.
+  static QStringList sampleFiles();
 
 private:
   QTemporaryDir m_settings;
