@@ -238,7 +238,7 @@ public:
   }
 
   /// As a user would; by force where that does not close it.
-  void reject(const QPointer<QWidget>& dialog) {
+  void reject(QPointer<QWidget> dialog) { // a copy: its opening goes when it closes
     ++rejecting;
     const auto isOpen = [&dialog] { return dialog && dialog->isVisible(); };
     try {

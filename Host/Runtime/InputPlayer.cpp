@@ -245,6 +245,12 @@ void activate(QWidget* window) {
       QApplication::activeWindow() == window)
     return;
   const QPointer<QWidget> guard(window);
+  // a window that the platform has not mapped yet cannot have the focus
+  constexpr int longest = 1000;
+  waitFor([&] { return !guard || !guard->windowHandle() || guard->windowHandle()->isExposed(); },
+          longest);
+  if (!guard)
+    return;
   window->activateWindow();
   settle();
   // a platform that gives the activation to nobody by itself

@@ -1,4 +1,5 @@
 #include "DriverHarness.h"
+#include "InputPlayer.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -240,6 +241,18 @@ TEST_F(Driving, LeavesTheUsersDialogsToTheUser) {
   EXPECT_EQ(driver.failures(), QStringList());
 }
 
+TEST_F(Driving, ReturnsFromAClickWhenTheUserHasClosedWhatItOpened) {
+  driver.setInteractive(true);
+  FixtureDialog dialog;
+  dialog.show();
+  QObject::connect(&driver, &DialogDriver::dialogReady, &dialog, [&](QWidget* opened) {
+    if (opened != &dialog)
+      QTimer::singleShot(100, opened, [opened] { opened->close(); });
+  });
+  DialogActions(&dialog).click(text("later")); // opens a message box without waiting for it
+  EXPECT_EQ(dialog.log, QStringList{text("later")});
+}
+
 TEST_F(Driving, WaitsWithADialogThatIsBlocked) {
   // the first dialog opens, and another one over it before its turn has come
   QStringList order;
@@ -258,6 +271,42 @@ TEST_F(Driving, WaitsWithADialogThatIsBlocked) {
   dialog.exec();
   EXPECT_EQ(order.join(QLatin1Char(' ')), text("Over it first Every Widget"));
   EXPECT_EQ(driver.failures(), QStringList());
+}
+
+TEST_F(Driving, ServesABlockedWindowWhenTheModalDialogHasClosed) {
+  QDialog beside;
+  beside.setWindowTitle(text("Beside"));
+  FixtureDialog dialog;
+  QStringList order;
+  driver.onDialog([&](QWidget* opened) {
+    beside.show();
+    DialogActions actions(opened);
+    actions.click(text("add"));
+    order.append(actions.title());
+    actions.reject();
+  });
+  driver.onDialog([&](QWidget* opened) {
+    order.append(opened->windowTitle());
+    DialogActions(opened).reject();
+  });
+  dialog.exec();
+  EXPECT_TRUE(InputPlayer::waitFor([&] { return !beside.isVisible(); }));
+  EXPECT_EQ(order.join(QLatin1Char('/')), text("Every Widget/Beside"));
+  EXPECT_EQ(driver.failures(), QStringList());
+}
+
+TEST_F(Driving, RejectsInnerDialogsOfAHandlerThatRaises) {
+  driver.setInteractive(true); // the inner one would be left to its user
+  FixtureDialog dialog;
+  QDialog inner(&dialog);
+  driver.onDialog([&](QWidget*) {
+    inner.open();
+    InputPlayer::settle();
+    throw std::runtime_error("broken");
+  });
+  EXPECT_EQ(dialog.exec(), int(QDialog::Rejected));
+  EXPECT_FALSE(inner.isVisible());
+  EXPECT_EQ(driver.failures().size(), 1);
 }
 
 TEST_F(Driving, TellsThatItMoves) {

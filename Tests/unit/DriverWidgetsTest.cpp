@@ -269,8 +269,9 @@ TEST_F(Driving, ActsOnItemViews) {
              "d.cell('table', 2, 2), d.text('kind')]",
        R"(["pnp",true,"3k","pnp"])"},
       {VIEWS "d.click('table', 0, 0); d.key('table', 'F2'); d.key(null, 'z'); "
-             "return [d.focused(), d.cell('table', 0, 0, 'end'), d.cell('table', 0, 0)]",
-       R"(["table",null,"end"])"},
+             "return [d.focused(), d.cell('table', 0, 0, 'end'), d.cell('table', 0, 0), "
+             "d.current('table'), test.log()]",
+       R"(["table",null,"end",[0,0],"cell=z cell=end"])"},
   });
 }
 
