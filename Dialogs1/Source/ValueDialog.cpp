@@ -88,8 +88,7 @@ void ValueDialog::applyLinkedLimits() {
 }
 
 void ValueDialog::box1Change(const QString&) {
-  if (!updating)
-    applyLinkedLimits();
+  applyLinkedLimits();
 }
 
 void ValueDialog::box2Change(const QString&) {

@@ -1,5 +1,6 @@
 #include "KelvarinDialog.h"
 #include "DummyWidget.h"
+#include "HostSupport/Files.h"
 #include "HostSupport/System.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "HostWidgets/CheckBox.h"
@@ -12,6 +13,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableWidget>
+#include <QTemporaryDir>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -94,6 +96,7 @@ public:
     setLayout(new QVBoxLayout);
     dimsSavingEnabled = false;
   }
+  using KelvarinDialog::dimsSavingEnabled;
   template <class Widget> Widget* add(int argument, int element, int out) {
     auto* widget = new Widget(this, "widget");
     widget->argIndex = argument;
@@ -219,6 +222,43 @@ TEST(KelvarinDialog, HelpButtonGoesWithTheHelp) {
     dialog.runDialog(call.block(), UserReal);
   }
   sp_SetSystemValue("hasHelp", nullptr);
+}
+
+TEST(KelvarinDialog, HelpIsAskedForByAnyNumberButMinusOne) {
+  class Helped : public TestDialog {
+  public:
+    explicit Helped(int topic) : m_topic(topic) {}
+    int helpContextId() override { return m_topic; }
+
+  private:
+    int m_topic;
+  };
+  static std::vector<std::string> asked;
+  sp_SetHelpViewer([](const HelpRequest& request) { asked.emplace_back(request.asked.c_str()); });
+  for (const int topic : {-1, 0, 3004})
+    Helped(topic).helpClicked();
+  sp_SetHelpViewer(nullptr);
+  EXPECT_EQ(asked, (std::vector<std::string>{"0", "3004"}));
+}
+
+TEST(KelvarinDialog, RemembersItsSizeWhereItIsToldTo) {
+  QTemporaryDir settings;
+  sp_SetSettingsDir(toYs(settings.path()));
+  for (const bool saves : {false, true}) {
+    QSize seen;
+    for (const QSize size : {QSize(321, 234), QSize(345, 256)}) {
+      FakeCall call;
+      TestDialog dialog([&](TestDialog* d) {
+        seen = d->size();
+        d->resize(size);
+        d->reject();
+      });
+      dialog.dimsSavingEnabled = saves;
+      dialog.runDialog(call.block(), UserReal);
+    }
+    EXPECT_EQ(seen == QSize(321, 234), saves);
+  }
+  sp_SetSettingsDir("");
 }
 
 TEST(KelvarinDialog, ButtonsAreWiredByName) {
