@@ -92,7 +92,7 @@ void ValueDialog::box1Change(const QString&) {
 }
 
 void ValueDialog::box2Change(const QString&) {
-  if (updating || mode != ValueMode::Switch)
+  if (updating)
     return;
   Spinner* first = rowSpinner("Spinner0");
   Spinner* second = rowSpinner("Spinner1");

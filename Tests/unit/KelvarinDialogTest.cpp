@@ -37,8 +37,11 @@ public:
   }
 
   FakeCall& reals(std::vector<double> values) {
+    // A zero behind the end shows who reads one too many.
+    const std::size_t count = values.size();
+    values.push_back(0);
     m_reals.push_back(std::move(values));
-    add(UserReal, m_reals.back().data(), m_reals.back().size());
+    add(UserReal, m_reals.back().data(), count);
     return *this;
   }
   FakeCall& strings(std::vector<const char*> texts) {
@@ -177,7 +180,7 @@ TEST(KelvarinDialog, ElementsInAndOutNeedNotBeTheSame) {
   TestDialog dialog;
   dialog.add<Spinner>(0, 2, 5);
   dialog.add<Spinner>(1, 1, 0);
-  dialog.add<CheckBox>(0, 9, 2)->setChecked(true); // no such element: as the form made it
+  dialog.add<CheckBox>(0, 3, 2)->setChecked(true); // no such element: as the form made it
   dialog.add<EditBox>(1, 0, 1);
   dialog.add<EditBox>(1, 2, -1); // shown, not returned
   const DummyWidget carrier(&dialog, 3);
@@ -186,6 +189,23 @@ TEST(KelvarinDialog, ElementsInAndOutNeedNotBeTheSame) {
   EXPECT_EQ(call.texts(), (std::vector<std::string>{"{2*R}", "4.7k", "1", "", "", "30"}));
   EXPECT_TRUE(dialog.runDialog(call.block(), UserReal));
   EXPECT_EQ(call.realResult(), (std::vector<double>{0, 4700, 1, 0, 0, 30}));
+}
+
+TEST(KelvarinDialog, AWidgetThatLoadsItselfIsLeftAlone) {
+  class OwnWay : public DummyWidget {
+  public:
+    explicit OwnWay(QWidget* parent) : DummyWidget(parent, 0) { argIndex = elementIndex = 0; }
+    bool initialiseWidget(UserFunctionInterface*) override {
+      stringValue = QStringLiteral("own");
+      return true;
+    }
+  };
+  FakeCall call;
+  call.strings({"given"});
+  TestDialog dialog;
+  const OwnWay widget(&dialog);
+  dialog.runDialog(call.block(), UserString);
+  EXPECT_EQ(call.texts(), std::vector<std::string>{"own"});
 }
 
 TEST(KelvarinDialog, CancelMakesNoResult) {

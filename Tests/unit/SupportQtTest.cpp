@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QTemporaryDir>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -37,6 +38,7 @@ TEST_F(GeometryTest, OnlyWhatAScreenShowsIsRestored) {
       {"40 50 32000 24000", true, true}, // no larger than the screen
       {"-5000 50 320 240", true, false}, // that screen is gone: the size only
       {"40 90000 320 240", false, false},
+      {"40 50 1 1", true, true}, // no smaller than its contents
       {"40 50 0 240", false, false},
       {"40 50 320", false, false},
       {"40 50 320 240 1", false, false},
@@ -48,14 +50,18 @@ TEST_F(GeometryTest, OnlyWhatAScreenShowsIsRestored) {
     cfgman_WriteConfigSetting("WidgetDims", "box", c.stored);
     QDialog dialog;
     dialog.setObjectName(QStringLiteral("box"));
+    QVBoxLayout layout(&dialog);
+    QLabel contents(QStringLiteral("contents"));
+    layout.addWidget(&contents);
     dialog.resize(111, 112);
     dialog.move(7, 8);
     EXPECT_EQ(sp_RestoreWidgetDims(&dialog, YString()), c.restored) << c.stored;
-    EXPECT_EQ(dialog.pos() == QPoint(40, 50), c.moved) << c.stored;
+    EXPECT_EQ(dialog.pos(), c.moved ? QPoint(40, 50) : QPoint(7, 8)) << c.stored;
     if (!c.restored) {
       EXPECT_EQ(dialog.size(), QSize(111, 112)) << c.stored;
     }
     EXPECT_LE(dialog.width(), screen.width()) << c.stored;
+    EXPECT_GE(dialog.width(), contents.sizeHint().width()) << c.stored;
   }
 }
 
