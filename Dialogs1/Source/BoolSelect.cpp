@@ -51,10 +51,10 @@ void BoolSelect::prepareDialog(UserFunctionInterface* args, UserDataType type) {
     getStringVector(1, &captions, &captionCount);
 
   const int columns = columnsFor(boxes);
-  const QString groupTitle = toQs(getString(3));
+  const QString groupTitle = shownCaption(toQs(getString(3)));
   if (!groupTitle.isEmpty())
     form.groupBox->setTitle(groupTitle);
-  const QString heading = toQs(getString(4));
+  const QString heading = shownCaption(toQs(getString(4)));
   int firstRow = 0;
   if (!heading.isEmpty()) {
     auto* label = new Label(form.groupBox);

@@ -2,8 +2,8 @@
 
 #include "HostSupport/Arguments.h"
 
-#include <QCoreApplication>
-#include <QGuiApplication>
+#include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QScreen>
@@ -13,11 +13,19 @@
 namespace {
 
 constexpr unsigned mostRows = 1000;
+constexpr int longestCaption = 500;  // characters
+constexpr int rowsOnAnyScreen = 8;   // so few need no measuring, which costs a layout
 constexpr double tallestShare = 0.7; // of the screen; title bar and buttons want the rest
 
 class RowScrollArea : public QScrollArea {
 public:
-  RowScrollArea(QWidget* parent, int height) : QScrollArea(parent), m_height(height) {}
+  RowScrollArea(QWidget* parent, int height) : QScrollArea(parent), m_height(height) {
+    // Tab scrolls by itself, arrow keys and the first focus do not.
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+      if (now && isAncestorOf(now))
+        ensureWidgetVisible(now);
+    });
+  }
   QSize sizeHint() const override { return minimumSizeHint(); }
   QSize minimumSizeHint() const override {
     const QSize contents = widget()->sizeHint();
@@ -28,20 +36,8 @@ private:
   int m_height;
 };
 
-/// Puts `contents` in a scroll area where it is taller than the screen has room for.
-void scrollWhenTall(QWidget* contents) {
-  const QScreen* screen = QGuiApplication::primaryScreen();
-  const int tallest = screen ? int(screen->availableGeometry().height() * tallestShare) : 0;
-  if (!screen || contents->sizeHint().height() <= tallest)
-    return;
-  QWidget* parent = contents->parentWidget();
-  auto* area = new RowScrollArea(parent, tallest);
-  area->setFrameShape(QFrame::NoFrame);
-  area->setWidgetResizable(true);
-  area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  area->setFocusPolicy(Qt::NoFocus);
-  delete parent->layout()->replaceWidget(contents, area);
-  area->setWidget(contents);
+QLineEdit* lineEditOf(QWidget* field) {
+  return qobject_cast<QLineEdit*>(field->focusProxy() ? field->focusProxy() : field);
 }
 
 } // namespace
@@ -64,16 +60,33 @@ void RowBox::hideSelectButtons() {
   form.unselectAllButton->hide();
 }
 
+void RowBox::addCaptioned(QWidget* field, const QString& caption, int row, int column) {
+  // Not a buddy: the caption is the script's, and an ampersand in it is meant to be seen.
+  form.groupBoxLayout->addWidget(new QLabel(shownCaption(caption), form.groupBox), row, column);
+  addSelfCaptioned(field, caption, row, column + 1, 1);
+}
+
+void RowBox::addSelfCaptioned(QWidget* field, const QString& caption, int row, int column,
+                              int columnSpan) {
+  form.groupBoxLayout->addWidget(field, row, column, 1, columnSpan);
+  field->setAccessibleName(caption.isEmpty()
+                               ? QCoreApplication::translate("RowBox", "Field %1").arg(row + 1)
+                               : shownCaption(caption));
+  // Of a text that is longer than its field, the beginning says more than the end.
+  if (QLineEdit* edit = lineEditOf(field))
+    edit->setCursorPosition(0);
+}
+
 void RowBox::finishRows(QWidget* first) {
   // Rows stay together in a window that is taller than they are.
   form.groupBoxLayout->setRowStretch(form.groupBoxLayout->rowCount(), 1);
-  scrollWhenTall(form.groupBox);
+  if (form.groupBoxLayout->rowCount() > rowsOnAnyScreen)
+    scrollWhenTall(form.groupBox);
   if (!first)
     return;
   // The form's buttons were there first; the user starts in the rows.
   first->setFocus(Qt::TabFocusReason);
-  QWidget* field = first->focusProxy() ? first->focusProxy() : first;
-  if (auto* edit = qobject_cast<QLineEdit*>(field))
+  if (QLineEdit* edit = lineEditOf(first))
     edit->selectAll();
 }
 
@@ -102,6 +115,29 @@ bool refusesRowCount(unsigned rows, const char* function) {
   return true;
 }
 
-QString captionAt(const char* const* texts, unsigned count, unsigned index) {
+void scrollWhenTall(QWidget* contents) {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  const int tallest = screen ? int(screen->availableGeometry().height() * tallestShare) : 0;
+  if (!screen || contents->sizeHint().height() <= tallest)
+    return;
+  QWidget* parent = contents->parentWidget();
+  auto* area = new RowScrollArea(parent, tallest);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setWidgetResizable(true);
+  area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  area->setFocusPolicy(Qt::NoFocus);
+  delete parent->layout()->replaceWidget(contents, area);
+  area->setWidget(contents);
+}
+
+QString textAt(const char* const* texts, unsigned count, unsigned index) {
   return index < count ? QString::fromUtf8(texts[index]) : QString();
+}
+
+QString shownCaption(const QString& text) {
+  return text.size() > longestCaption ? text.left(longestCaption - 1) + QChar(0x2026) : text;
+}
+
+QString captionAt(const char* const* texts, unsigned count, unsigned index) {
+  return shownCaption(textAt(texts, count, index));
 }

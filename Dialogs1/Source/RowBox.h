@@ -13,6 +13,12 @@ public:
 protected:
   void showEvent(QShowEvent* event) override; ///< shrinks to the rows, unless a size is remembered
   void hideSelectButtons();
+  /// Adds a field with its caption before it, in the grid's `column` and the next, and names it for
+  /// those who do not see it.
+  void addCaptioned(QWidget* field, const QString& caption, int row, int column);
+  /// The same for a field that shows its caption itself, across `columnSpan` columns.
+  void addSelfCaptioned(QWidget* field, const QString& caption, int row, int column,
+                        int columnSpan);
   /// Once the rows are in: the user starts in `first` (null: nowhere), and rows that are taller
   /// than the screen scroll.
   void finishRows(QWidget* first);
@@ -28,5 +34,14 @@ unsigned stringCount(UserFunctionInterface* call, int index);
 /// widget, and a million of them would stop the host for minutes.
 bool refusesRowCount(unsigned rows, const char* function);
 
+/// Puts `contents`, a widget in a layout, in a scroll area where it is taller than the screen has
+/// room for.
+void scrollWhenTall(QWidget* contents);
+
 /// Text i of a string vector; empty where there is none.
+QString textAt(const char* const* texts, unsigned count, unsigned index);
+
+/// A caption as it is shown: one that would be wider than any window is cut.
+QString shownCaption(const QString& text);
+/// Text i of a string vector as a caption.
 QString captionAt(const char* const* texts, unsigned count, unsigned index);

@@ -1,5 +1,7 @@
 #include "ScriptFunction.h"
 
+#include "HostSupport/Arguments.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -29,4 +31,9 @@ ScriptFunction::ScriptFunction(const char* functionName, int leastArgs, const ch
   declVersion = 1;
   next = s_head;
   s_head = this;
+}
+
+void setStringResult(UserFunctionInterface* call, const char* text) {
+  if (char** slot = sp_MakeStringResult(call, 1))
+    *slot = call->hostString(text);
 }

@@ -25,6 +25,10 @@ private:
 
 static_assert(sizeof(ScriptFunction) == userFunctionDeclSize);
 
+/// Makes one text the result of a call, nothing where the host has no memory to give: for handlers
+/// without a `KelvarinDialog`.
+void setStringResult(UserFunctionInterface* call, const char* text);
+
 /// The handler of a dialog that needs no more than to be run: `Type` is what its result is made of.
 template <class Dialog, UserDataType Type> int runDialogFunction(UserFunctionInterface* call) {
   const auto dialog = std::make_unique<Dialog>();

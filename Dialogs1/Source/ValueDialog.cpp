@@ -4,8 +4,6 @@
 #include "HostWidgets/Spinner.h"
 #include "ScriptFunction.h"
 
-#include <QLabel>
-
 #include <algorithm>
 
 static int runValueDialog(UserFunctionInterface* call) {
@@ -49,12 +47,7 @@ void ValueDialog::prepareDialog(UserFunctionInterface* args, UserDataType type) 
 void ValueDialog::addRow(int row, const char* caption, double value) {
   auto* spinner = new Spinner(form.groupBox, QByteArray("Spinner" + QByteArray::number(row)));
   spinner->setMinimumSize(75, 0);
-  form.groupBoxLayout->addWidget(spinner, row, 1);
-
-  const QString text = QString::fromUtf8(caption);
-  // Not a buddy: the caption is the script's, and an ampersand in it is meant to be seen.
-  form.groupBoxLayout->addWidget(new QLabel(text, form.groupBox), row, 0);
-  spinner->setAccessibleName(text);
+  addCaptioned(spinner, QString::fromUtf8(caption), row, 0);
 
   const ValueRowRule rule = valueRowRule(mode, row);
   if (isLinkedRow(mode, row))

@@ -35,23 +35,14 @@ HistoryView::HistoryView(QWidget* parent)
       m_copy(new QPushButton(tr("Copy as &Script"))), m_clear(new QPushButton(tr("C&lear"))) {
   m_table->setHorizontalHeaderLabels({tr("Time"), tr("Call"), tr("Result"), tr("Error")});
   m_table->setAccessibleName(tr("History"));
-  m_table->setFrameShape(QFrame::NoFrame);
-  m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setUpTable(m_table);
   m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
-  m_table->setAlternatingRowColors(true);
-  m_table->setShowGrid(false);
-  m_table->setWordWrap(false);
-  m_table->setTabKeyNavigation(false);
-  m_table->verticalHeader()->hide();
-  m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 6);
   QHeaderView* header = m_table->horizontalHeader();
-  header->setHighlightSections(false);
   header->setSectionResizeMode(1, QHeaderView::Stretch);
   header->resizeSection(
       0, m_table->fontMetrics().horizontalAdvance(QStringLiteral("00:00:00.000")) + 16);
   header->resizeSection(2, 150);
   header->resizeSection(3, 100);
-  addCopyAction(m_table);
   setFocusProxy(m_table);
 
   auto* buttons = new QVBoxLayout;

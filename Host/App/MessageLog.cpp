@@ -42,18 +42,9 @@ void takeHostMessage(const char* text) {
 MessageLog::MessageLog(QWidget* parent) : QWidget(parent), m_table(new QTableWidget(0, 3)) {
   m_table->setHorizontalHeaderLabels({tr("Time"), tr("From"), tr("Message")});
   m_table->setAccessibleName(tr("Messages"));
-  m_table->setFrameShape(QFrame::NoFrame);
-  m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setUpTable(m_table);
   m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
-  m_table->setAlternatingRowColors(true);
-  m_table->setShowGrid(false);
-  m_table->setTabKeyNavigation(false);
-  m_table->setWordWrap(false);
-  m_table->verticalHeader()->hide();
-  m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 6);
-  m_table->horizontalHeader()->setHighlightSections(false);
   m_table->horizontalHeader()->setStretchLastSection(true);
-  addCopyAction(m_table);
   setFocusProxy(m_table);
 
   auto* clearButton = new QPushButton(tr("C&lear"));

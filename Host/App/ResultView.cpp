@@ -23,17 +23,9 @@ ResultView::ResultView(QWidget* parent)
   m_heading->setMargin(6);
   m_table->setModel(m_model);
   m_table->setAccessibleName(tr("Result"));
-  m_table->setFrameShape(QFrame::NoFrame);
-  m_table->setAlternatingRowColors(true);
-  m_table->setShowGrid(false);
-  m_table->setTabKeyNavigation(false);
-  m_table->setWordWrap(false);
-  m_table->verticalHeader()->hide();
-  m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 6);
-  m_table->horizontalHeader()->setHighlightSections(false);
+  setUpTable(m_table);
   m_table->horizontalHeader()->setMinimumSectionSize(narrowestColumn);
   m_table->horizontalHeader()->setResizeContentsPrecision(measuredRows);
-  addCopyAction(m_table);
   setFocusProxy(m_table);
 
   auto* column = new QVBoxLayout(this);

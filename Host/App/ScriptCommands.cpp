@@ -20,18 +20,6 @@ namespace {
 
 constexpr int defaultTimeout = 60; // seconds
 
-QString kindName(FunctionInfo::Kind kind) {
-  switch (kind) {
-  case FunctionInfo::Kind::Legacy:
-    return QStringLiteral("legacy");
-  case FunctionInfo::Kind::Typed:
-    return QStringLiteral("typed");
-  case FunctionInfo::Kind::Command:
-    break;
-  }
-  return QStringLiteral("command");
-}
-
 QString countText(const FunctionInfo& function) {
   if (function.kind == FunctionInfo::Kind::Command)
     return QStringLiteral("-");

@@ -4,6 +4,8 @@
 #include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QHeaderView>
+#include <QTableView>
 
 #include <algorithm>
 
@@ -32,4 +34,17 @@ void addCopyAction(QAbstractItemView* view) {
                    [view] { QGuiApplication::clipboard()->setText(selectedText(view)); });
   view->addAction(copy);
   view->setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+void setUpTable(QTableView* table) {
+  table->setFrameShape(QFrame::NoFrame);
+  table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  table->setAlternatingRowColors(true);
+  table->setShowGrid(false);
+  table->setTabKeyNavigation(false);
+  table->setWordWrap(false);
+  table->verticalHeader()->hide();
+  table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 6);
+  table->horizontalHeader()->setHighlightSections(false);
+  addCopyAction(table);
 }

@@ -214,6 +214,8 @@ QVector<FunctionInfo> readModule(QLibrary& library, const Registrations& own) {
   return functions;
 }
 
+} // namespace
+
 QString kindName(FunctionInfo::Kind kind) {
   switch (kind) {
   case FunctionInfo::Kind::Legacy:
@@ -225,8 +227,6 @@ QString kindName(FunctionInfo::Kind kind) {
   }
   return QStringLiteral("command");
 }
-
-} // namespace
 
 void FunctionTable::loadModule(const QString& file) {
   const auto fault = [&](const QString& what) {

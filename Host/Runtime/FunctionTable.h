@@ -22,6 +22,9 @@ struct FunctionInfo {
   CommandHandler commandHandler = nullptr;
 };
 
+/// "legacy", "typed" or "command".
+QString kindName(FunctionInfo::Kind kind);
+
 /// A module that is not what it should be: no file, no symbol, wrong sizes or version, a damaged
 /// list.
 class ModuleError : public std::runtime_error {

@@ -9,6 +9,7 @@
 #include <QDesktopServices>
 #include <QFont>
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QLabel>
 #include <QMetaObject>
 #include <QPixmap>
@@ -53,6 +54,17 @@ YString sp_GetImagePath(const YString& name) {
   return sp_GetExeDir().concat("/../share/kelvarin-dialogs/images/").concat(name);
 }
 
+static YString fontSpec(const QFont& font) {
+  const QFontInfo info(font); // has a point size also where the font is measured in pixels
+  return toYs(QStringLiteral("%1;%2;%3;%4;%5;0;%6")
+                  .arg(info.pointSize())
+                  .arg(int(font.bold()))
+                  .arg(int(font.italic()))
+                  .arg(int(font.underline()))
+                  .arg(int(font.strikeOut()))
+                  .arg(font.family()));
+}
+
 YString sp_GetFontSpec(const YString& name) {
   const YString stored = sp_GetStringOption(YString(YString("Font").concat(name)));
   if (!stored.isEmpty())
@@ -66,7 +78,7 @@ YString sp_GetFontSpec(const YString& name) {
     font = QFontDatabase::systemFont(QFontDatabase::TitleFont);
   else
     return YString();
-  return toYs(font.toString());
+  return fontSpec(font);
 }
 
 void sp_CvtToHyperlink(QLabel* label, QObject* receiver) {

@@ -1,6 +1,10 @@
 #include "HostWidgets/TextEdit.h"
 
+#include <QTextOption>
+
 TextEdit::TextEdit(QWidget* parent, const char* objectName) : QPlainTextEdit(parent) {
   setObjectName(QLatin1String(objectName));
   setTabChangesFocus(true);
+  // Wrapping inside words takes time that grows with the square of an unbroken text.
+  setWordWrapMode(QTextOption::WordWrap);
 }
