@@ -12,9 +12,8 @@ static void passOn(QtMsgType type, const QMessageLogContext& context, const QStr
 
 bool qtsp_IsPlatformNoise(const QString& message) {
   static const char* const noise[] = {"This plugin does not support", "XDG_RUNTIME_DIR"};
-  return std::any_of(std::begin(noise), std::end(noise), [&](const char* part) {
-    return message.contains(QLatin1String(part));
-  });
+  return std::any_of(std::begin(noise), std::end(noise),
+                     [&](const char* part) { return message.contains(QLatin1String(part)); });
 }
 
 void qtsp_DropPlatformNoise() {
