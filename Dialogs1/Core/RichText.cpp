@@ -48,3 +48,14 @@ bool nestsTooDeep(const char* text) {
   }
   return false;
 }
+
+std::size_t longestWord(const char* text) {
+  static constexpr char blanks[] = " \t\n\r";
+  std::size_t longest = 0;
+  for (const char* word = text ? text : ""; *word; word += std::strspn(word, blanks)) {
+    const std::size_t length = std::strcspn(word, blanks);
+    longest = std::max(longest, length);
+    word += length;
+  }
+  return longest;
+}

@@ -20,6 +20,8 @@ static void readHeader(Sample* sample) {
     words = words.mid(2).trimmed();
     if (words.startsWith(familyKey))
       sample->family = words.mid(familyKey.size()).trimmed();
+    else if (words == QLatin1String("Opens: no dialog"))
+      sample->opensDialog = false;
     else if (!words.isEmpty())
       purpose << words;
   }

@@ -10,10 +10,11 @@
 /// A sample is a script whose leading comment says what it is for, with a line "Family: …" for the
 /// group of functions that it belongs to, and whose last expression is the call.
 struct Sample {
-  QString name;    ///< of the function, and of the file without its extension
-  QString family;  ///< empty where the comment names none
-  QString purpose; ///< the rest of the leading comment, as one paragraph
-  QString text;    ///< the whole script
+  QString name;            ///< of the function, and of the file without its extension
+  QString family;          ///< empty where the comment names none
+  bool opensDialog = true; ///< false where the comment says "Opens: no dialog"
+  QString purpose;         ///< the rest of the leading comment, as one paragraph
+  QString text;            ///< the whole script
   QString file;
 };
 

@@ -22,11 +22,15 @@ protected:
   /// Runs the sample once with acceptance; whether the call came back with no error of its own.
   bool runAccepted() {
     TestHost& host = TestHost::instance();
-    const ScriptEngine::Outcome outcome =
-        host.runSample(sample(), [](DialogActions& dialog) { dialog.accept(); });
+    const ScriptEngine::Outcome outcome = host.runSample(sample(), [this](DialogActions& dialog) {
+      m_isQtsOwn = dialog.dialog()->inherits("QFontDialog");
+      dialog.accept();
+    });
     EXPECT_TRUE(host.driver().openDialogs().isEmpty());
     return outcome.ok;
   }
+
+  bool m_isQtsOwn = false; ///< a chooser of Qt's, which keeps no geometry here
 };
 
 TEST_P(FaultLoop, HostCallbacks) {
@@ -59,7 +63,7 @@ TEST_P(FaultLoop, FileOperations) {
         break;
     }
     EXPECT_LT(failing, farTooMany);
-    EXPECT_GT(failing, 1) << "the sample touched no file";
+    EXPECT_TRUE(failing > 1 || m_isQtsOwn) << "the sample touched no file";
   }
 }
 

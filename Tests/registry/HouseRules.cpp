@@ -13,6 +13,7 @@
 #include <QDialog>
 #include <QFile>
 #include <QFileInfo>
+#include <QFontDialog>
 #include <QGroupBox>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -228,6 +229,10 @@ protected:
 
 TEST_P(HouseRules, LooksAndReadsAsItShould) {
   resultOf([](DialogActions& actions) {
+    if (qobject_cast<QFontDialog*>(actions.dialog())) { // is as Qt made it
+      actions.reject();
+      return;
+    }
     expectNothingClipped(actions.dialog());
     expectAccessible(actions.dialog());
     expectMnemonics(actions.dialog());

@@ -39,3 +39,12 @@ TEST(RichText, DepthCountsAndLengthDoesNot) {
     EXPECT_EQ(nestsTooDeep(c.text.c_str()), c.isTooDeep) << c.text.substr(0, 40);
   EXPECT_FALSE(nestsTooDeep(nullptr));
 }
+
+TEST(RichText, LongestWord) {
+  const struct {
+    const char* text;
+    std::size_t length;
+  } cases[] = {{nullptr, 0}, {"", 0}, {" \n", 0}, {"a bcd\nef", 3}, {" ab", 2}, {"abc\tde ", 3}};
+  for (const auto& c : cases)
+    EXPECT_EQ(longestWord(c.text), c.length) << (c.text ? c.text : "(null)");
+}

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "FontSpec.h"
+
+#include <optional>
+
+/// Lets the user choose a font, starting from a font specification or from the name of one of the
+/// host's fonts. Nothing on cancel. The colour, which nobody is asked for, comes back as it was.
+std::optional<FontSpec> askForFont(const YString& initial);

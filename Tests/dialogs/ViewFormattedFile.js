@@ -1,0 +1,61 @@
+// ViewFormattedFile: documents by name and by address.
+
+const folder = host.tempDir();
+const page = `${folder}/a page #1 50%.html`;
+host.writeFile(page, "<h1>Page µΩ</h1><p><a href='next.txt'>next</a></p>");
+host.writeFile(`${folder}/next.txt`, "next < document\nline");
+host.writeFile(`${folder}/notes.md`, "# Notes\n\ntext");
+host.writeFile(`${folder}/empty.html`, "");
+host.writeFile(`${folder}/deep.html`, "<html>" + "<table><tr><td>".repeat(1000));
+
+function opened(name, ...title) {
+  const before = host.windows().length;
+  equal(host.call("ViewFormattedFile", [name, ...title]), { made: true, type: "string", values: ["ok"] });
+  equal(host.windows().length, before + 1);
+  return host.windows()[before];
+}
+function shown(name) {
+  const window = opened(name);
+  const text = window.text("textBrowser");
+  window.close();
+  return text;
+}
+
+// Two calls, two windows.
+const first = opened(page, "First");
+const second = opened(`${folder}/next.txt`);
+equal(host.windows().map(w => w.title), ["First", "View Results"]);
+equal(second.text("textBrowser"), "next < document\nline");
+
+// A local link opens here when the user follows it, by keyboard too; Alt+Left goes back.
+equal(first.text("textBrowser"), "Page µΩ\nnext");
+first.key(null, "Tab");
+equal(first.text("textBrowser"), "Page µΩ\nnext");
+first.key(null, "Return");
+equal(first.text("textBrowser"), "next < document\nline");
+first.key(null, "Alt+Left");
+equal(first.text("textBrowser"), "Page µΩ\nnext");
+first.key(null, "Escape");
+second.key(null, "Return");
+equal(host.windows().length, 0);
+
+equal(shown(GetURLFromLocalPath(page)[0]), "Page µΩ\nnext", "by address");
+equal(shown(`${folder}/notes.md`), "Notes\ntext");
+equal(shown(`${folder}/notes.md#Notes`), "Notes\ntext", "a place in a document");
+equal(shown(""), "");
+
+// What cannot be shown is said, and no device or folder stops the host.
+for (const name of [`${folder}/none.html`, folder, "/dev/zero", "none.html", "file:///none.html", "%s%n",
+                    "<b>x</b>", "qrc:/none", "x".repeat(100000)])
+  check(shown(name).endsWith(" cannot be read."), name.slice(0, 20));
+equal(shown(`${folder}/none<b>.html`), `The document ${folder}/none<b>.html cannot be read.`);
+equal(shown(`${folder}/empty.html`), `The document ${folder}/empty.html is empty.`);
+equal(shown("http://127.0.0.1:1/x.html"), "This document opens in the browser: http://127.0.0.1:1/x.html");
+check(shown(`${folder}/deep.html`).startsWith("<html><table>"), "too deep: as it is written");
+
+const empty = (ViewFormattedFile([]), host.windows()[0]);
+equal(empty.text("textBrowser"), "");
+empty.close();
+equal(ViewFormattedFile(new Array(1000000).fill(page)), ["ok"]);
+host.windows()[0].close();
+equal(host.windows().length, 0);
