@@ -71,9 +71,9 @@ void openAndCancel(const QString& sample, int times) {
   const std::size_t atEnd = heldBytes();
   std::printf("%s: %zu bytes held after 100 openings, %zu after %d\n", qPrintable(function),
               afterWarmUp, atEnd, times);
-  // The smallest block of the heap leaked per opening would be 160,000 bytes or more; a few
-  // thousand come and go with Qt's caches.
-  EXPECT_LT(atEnd, afterWarmUp + 32768);
+  // The smallest block of the heap, leaked once per opening, would come to 316,800 bytes. What
+  // stays below half of that is Qt's caches, which fill in their own time and then stand still.
+  EXPECT_LT(atEnd, afterWarmUp + 131072);
   EXPECT_TRUE(host.driver().failures().isEmpty());
 }
 
