@@ -3,8 +3,8 @@
 #include "HostSupport/YString.h"
 
 #include <algorithm>
-#include <cstring>
 #include <string>
+#include <string_view>
 
 namespace {
 
@@ -29,16 +29,17 @@ bool endsByItself(const std::string& element) {
 } // namespace
 
 bool nestsTooDeep(const char* text) {
+  const std::string_view all(text ? text : "");
   int tables = 0;
   int elements = 0;
-  for (const char* tag = text ? std::strchr(text, '<') : nullptr; tag;
-       tag = std::strchr(tag, '<')) {
-    const bool isEnd = *++tag == '/';
-    const char* const name = tag + (isEnd ? 1 : 0);
+  for (std::size_t tag = all.find('<'); tag != all.npos; tag = all.find('<', tag)) {
+    ++tag;
+    const bool isEnd = tag < all.size() && all[tag] == '/';
+    const std::size_t name = tag + (isEnd ? 1 : 0);
     tag = name;
-    while (isLetterOrDigit(*tag))
+    while (tag < all.size() && isLetterOrDigit(all[tag]))
       ++tag;
-    const std::string element(name, tag);
+    const std::string element(all.substr(std::min(name, all.size()), tag - name));
     if (element.empty() || endsByItself(element))
       continue;
     int& depth = sp_CompareNoCase("table", element.c_str()) == 0 ? tables : elements;
@@ -50,12 +51,14 @@ bool nestsTooDeep(const char* text) {
 }
 
 std::size_t longestWord(const char* text) {
-  static constexpr char blanks[] = " \t\n\r";
+  static constexpr std::string_view blanks = " \t\n\r";
+  const std::string_view all(text ? text : "");
   std::size_t longest = 0;
-  for (const char* word = text ? text : ""; *word; word += std::strspn(word, blanks)) {
-    const std::size_t length = std::strcspn(word, blanks);
-    longest = std::max(longest, length);
-    word += length;
+  for (std::size_t word = all.find_first_not_of(blanks); word != all.npos;
+       word = all.find_first_not_of(blanks, word)) {
+    const std::size_t end = std::min(all.find_first_of(blanks, word), all.size());
+    longest = std::max(longest, end - word);
+    word = end;
   }
   return longest;
 }
