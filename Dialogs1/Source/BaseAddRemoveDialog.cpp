@@ -3,7 +3,7 @@
 #include "HostSupport/HostSupport.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "ListRows.h"
-#include "RowBox.h"
+#include "ScriptTexts.h"
 
 #include <QGroupBox>
 #include <QListWidget>

@@ -5,6 +5,7 @@
 #include "HostWidgets/Label.h"
 #include "ObjectNames.h"
 #include "ScriptFunction.h"
+#include "ScriptTexts.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,9 +1,9 @@
 #include "EditSelect.h"
 
-#include "HostSupport/Arguments.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "HostWidgets/EditBox.h"
 #include "ScriptFunction.h"
+#include "ScriptTexts.h"
 
 #include <algorithm>
 
@@ -11,8 +11,7 @@ static int runEditSelect(UserFunctionInterface* call) {
   if (!refusesRowCount(EditSelect::boxCount(call), "EditSelect"))
     return runDialogFunction<EditSelect, UserString>(call);
   // A script that could not ask takes it as if the user had said no.
-  if (char** result = sp_MakeStringResult(call, 1))
-    *result = call->hostString("");
+  setStringResult(call, "");
   return 0;
 }
 

@@ -1,9 +1,9 @@
 #include "EnterTextDialog.h"
 
-#include "FieldCaption.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "RowBox.h"
 #include "ScriptFunction.h"
+#include "ScriptTexts.h"
 
 static const ScriptFunction declaration("EnterTextDialog", 1, "S", StringVectorResult,
                                         runDialogFunction<EnterTextDialog, UserString>);

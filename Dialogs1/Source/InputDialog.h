@@ -3,13 +3,18 @@
 #include "KelvarinDialog.h"
 #include "ui_BaseInputDialog.h"
 
+#include <optional>
+
 /// One line of text.
 class InputDialog : public KelvarinDialog {
 public:
-  explicit InputDialog(const char* objectName);
+  explicit InputDialog(const char* objectName, QWidget* parent = nullptr);
 
   void initialiseDialog() override;
   void readDialog(UserDataType type, bool accepted) override;
+
+  void load(const QString& text, const QString& caption);
+  QString text() const { return form.edit->text(); }
 
 private:
   Ui::BaseInputDialog form;
@@ -25,3 +30,6 @@ class InputSchem : public InputDialog {
 public:
   InputSchem() : InputDialog("InputSchem") {}
 };
+
+/// Asks for a line of text over another dialog. Nothing on cancel.
+std::optional<QString> askForText(QWidget* over, const QString& caption, const QString& initial);

@@ -9,6 +9,7 @@
 #include "Integers.h"
 #include "ObjectNames.h"
 #include "ScriptFunction.h"
+#include "ScriptTexts.h"
 
 #include <QFrame>
 

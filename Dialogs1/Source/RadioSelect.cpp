@@ -6,6 +6,7 @@
 #include "ObjectNames.h"
 #include "RowBox.h"
 #include "ScriptFunction.h"
+#include "ScriptTexts.h"
 
 #include <QRadioButton>
 
@@ -22,7 +23,11 @@ static const ScriptFunction declaration("RadioSelect", 0, "RSSS", RealVectorResu
 
 static constexpr unsigned defaultButtons = 6;
 
-RadioSelect::RadioSelect() : KelvarinDialog(nullptr, "RadioSelect", true, {}) {
+static QString standInCaption(unsigned index) {
+  return RadioSelect::tr("Button %1").arg(index + 1);
+}
+
+RadioSelect::RadioSelect(QWidget* parent) : KelvarinDialog(parent, "RadioSelect", true, {}) {
   form.setupUi(this);
 }
 
@@ -40,57 +45,68 @@ void RadioSelect::initialiseDialog() {
   const char* const* texts = nullptr;
   unsigned count = 0;
   getStringVector(2, &texts, &count);
-  if (count > 0)
-    setWindowTitle(QString::fromUtf8(texts[0]));
-  setObjectName(toQs(hashedObjectName("RadioSelect", toYs(windowTitle()))));
+  load(count > 0 ? textAt(texts, count, 0) : windowTitle(), captionAt(texts, count, 1),
+       captionAt(texts, count, 2));
+
+  getStringVector(1, &texts, &count);
+  QStringList captions;
+  for (unsigned i = 0; i < (count > 0 ? count : defaultButtons); ++i)
+    captions.append(count > 0 ? captionAt(texts, count, i) : standInCaption(i));
+  fillGroup(captions, truncatedToInt(getReal(0)));
+}
+
+void RadioSelect::load(const QString& title, const QString& heading, const QString& option) {
+  setWindowTitle(title);
+  setObjectName(toQs(hashedObjectName("RadioSelect", toYs(title))));
   dimsSavingEnabled = true;
 
-  const QString heading = captionAt(texts, count, 1);
   form.label->setText(heading);
   if (heading.isEmpty()) {
     form.verticalLayout->removeWidget(form.label);
     form.label->hide();
   }
-  const QString option = captionAt(texts, count, 2);
   hasCheckBox = !option.isEmpty();
   form.checkBox->setText(option);
   form.checkBox->setVisible(hasCheckBox);
-  fillGroup();
 }
 
-void RadioSelect::fillGroup() {
-  const char* const* captions = nullptr;
-  unsigned count = 0;
-  getStringVector(1, &captions, &count);
-  const int buttons = static_cast<int>(count > 0 ? count : defaultButtons);
-  const double chosen = getReal(0);
+void RadioSelect::fillGroup(const QStringList& captions, int number) {
   QRadioButton* first = nullptr;
-  for (int i = 0; i < buttons; ++i) {
-    const QString standIn = tr("Button %1").arg(i + 1);
-    auto* button =
-        new QRadioButton(count > 0 ? captionAt(captions, count, static_cast<unsigned>(i)) : standIn,
-                         form.radioGroup1);
+  for (int i = 0; i < captions.size(); ++i) {
+    auto* button = new QRadioButton(captions.at(i), form.radioGroup1);
     button->setObjectName(QStringLiteral("RadioButton%1").arg(i));
     if (button->text().isEmpty())
-      button->setAccessibleName(standIn);
+      button->setAccessibleName(standInCaption(static_cast<unsigned>(i)));
     form.radioGroup1Layout->addWidget(button);
-    const bool checked = truncatedToInt(chosen) == i + 1;
+    const bool checked = number == i + 1;
     button->setChecked(checked);
     if (!first || checked)
       first = button;
   }
   form.radioGroup1Layout->addStretch(1);
   scrollWhenTall(form.radioGroup1);
-  first->setFocus(Qt::TabFocusReason);
+  if (first)
+    first->setFocus(Qt::TabFocusReason);
 }
 
 void RadioSelect::readDialog(UserDataType, bool accepted) {
-  const double number = accepted ? form.radioGroup1->value() + 1 : 0;
-  const bool both = hasCheckBox && number != 0;
+  const double value = accepted ? number() : 0;
+  const bool both = hasCheckBox && value != 0;
   double* result = makeRealResult(both ? 2 : 1);
   if (!result)
     return;
-  result[0] = number;
+  result[0] = value;
   if (both)
     result[1] = form.checkBox->isChecked() ? 1 : 0;
+}
+
+std::optional<int> askForChoice(QWidget* over, const QString& title, const QStringList& choices,
+                                int row) {
+  RadioSelect dialog(over);
+  dialog.prepareDialog(nullptr, UserReal);
+  dialog.load(title, QString(), QString());
+  dialog.fillGroup(choices, row + 1);
+  if (dialog.exec() != QDialog::Accepted || dialog.number() == 0)
+    return std::nullopt;
+  return dialog.number() - 1;
 }

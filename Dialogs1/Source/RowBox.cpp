@@ -1,6 +1,7 @@
 #include "RowBox.h"
 
 #include "HostSupport/Arguments.h"
+#include "ScriptTexts.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -13,7 +14,6 @@
 namespace {
 
 constexpr unsigned mostRows = 1000;
-constexpr int longestCaption = 500;  // characters
 constexpr int rowsOnAnyScreen = 8;   // so few need no measuring, which costs a layout
 constexpr double tallestShare = 0.7; // of the screen; title bar and buttons want the rest
 
@@ -128,16 +128,4 @@ void scrollWhenTall(QWidget* contents) {
   area->setFocusPolicy(Qt::NoFocus);
   delete parent->layout()->replaceWidget(contents, area);
   area->setWidget(contents);
-}
-
-QString textAt(const char* const* texts, unsigned count, unsigned index) {
-  return index < count ? QString::fromUtf8(texts[index]) : QString();
-}
-
-QString shownCaption(const QString& text) {
-  return text.size() > longestCaption ? text.left(longestCaption - 1) + QChar(0x2026) : text;
-}
-
-QString captionAt(const char* const* texts, unsigned count, unsigned index) {
-  return shownCaption(textAt(texts, count, index));
 }

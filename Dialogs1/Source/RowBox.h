@@ -37,11 +37,3 @@ bool refusesRowCount(unsigned rows, const char* function);
 /// Puts `contents`, a widget in a layout, in a scroll area where it is taller than the screen has
 /// room for.
 void scrollWhenTall(QWidget* contents);
-
-/// Text i of a string vector; empty where there is none.
-QString textAt(const char* const* texts, unsigned count, unsigned index);
-
-/// A caption as it is shown: one that would be wider than any window is cut.
-QString shownCaption(const QString& text);
-/// Text i of a string vector as a caption.
-QString captionAt(const char* const* texts, unsigned count, unsigned index);

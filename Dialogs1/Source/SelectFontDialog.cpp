@@ -15,7 +15,7 @@
 static int runSelectFontDialog(UserFunctionInterface* call) {
   YString initial;
   sp_GetScalarString(call, 0, &initial);
-  if (const auto font = askForFont(initial))
+  if (const auto font = askForFont(nullptr, initial))
     setStringResult(call, writeFontSpec(*font));
   return 0;
 }
@@ -74,10 +74,10 @@ QFont shownFont(const FontSpec& spec) {
 
 } // namespace
 
-std::optional<FontSpec> askForFont(const YString& initial) {
+std::optional<FontSpec> askForFont(QWidget* over, const YString& initial) {
   const FontSpec before = readFontSpec(isFontSpec(initial) ? initial : sp_GetFontSpec(initial));
   bool isTaken = false;
-  const QFont font = QFontDialog::getFont(&isTaken, shownFont(before));
+  const QFont font = QFontDialog::getFont(&isTaken, shownFont(before), over);
   if (!isTaken)
     return std::nullopt;
   FontSpec chosen = before;

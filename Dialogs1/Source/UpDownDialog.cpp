@@ -4,6 +4,7 @@
 #include "ListRows.h"
 #include "RowBox.h"
 #include "ScriptFunction.h"
+#include "ScriptTexts.h"
 
 #include <numeric>
 

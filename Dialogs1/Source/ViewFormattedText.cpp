@@ -4,6 +4,7 @@
 #include "HostSupportQt/HostSupportQt.h"
 #include "RowBox.h"
 #include "ScriptFunction.h"
+#include "ScriptTexts.h"
 
 template <void (DocumentBrowser::*load)(const QString&)>
 static int openViewer(UserFunctionInterface* call) {

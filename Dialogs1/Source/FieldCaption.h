@@ -1,9 +1,0 @@
-#pragma once
-
-class QLabel;
-class QString;
-class QWidget;
-
-/// Shows a script's caption beside its field, and names the field by it, or by the window's title
-/// where the caption is empty.
-void captionField(QLabel* label, QWidget* field, const QString& caption);
