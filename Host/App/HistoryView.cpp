@@ -1,10 +1,9 @@
 #include "HistoryView.h"
 
-#include "TableCopy.h"
+#include "Tables.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPushButton>
 #include <QTableWidget>
@@ -45,16 +44,7 @@ HistoryView::HistoryView(QWidget* parent)
   header->resizeSection(3, 100);
   setFocusProxy(m_table);
 
-  auto* buttons = new QVBoxLayout;
-  buttons->setContentsMargins(6, 6, 6, 6);
-  for (QPushButton* button : {m_recall, m_copy, m_clear})
-    buttons->addWidget(button);
-  buttons->addStretch();
-  auto* row = new QHBoxLayout(this);
-  row->setContentsMargins(0, 0, 0, 0);
-  row->setSpacing(0);
-  row->addWidget(m_table, 1);
-  row->addLayout(buttons);
+  layOutPanel(this, m_table, {m_recall, m_copy, m_clear});
 
   connect(m_table, &QTableWidget::cellActivated, this, &HistoryView::recall);
   connect(m_recall, &QPushButton::clicked, this, &HistoryView::recall);

@@ -1,9 +1,8 @@
 #include "MessageLog.h"
 
 #include "HostSupport/System.h"
-#include "TableCopy.h"
+#include "Tables.h"
 
-#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPushButton>
 #include <QTableWidget>
@@ -49,15 +48,7 @@ MessageLog::MessageLog(QWidget* parent) : QWidget(parent), m_table(new QTableWid
 
   auto* clearButton = new QPushButton(tr("C&lear"));
   connect(clearButton, &QPushButton::clicked, this, &MessageLog::clear);
-  auto* buttons = new QVBoxLayout;
-  buttons->setContentsMargins(6, 6, 6, 6);
-  buttons->addWidget(clearButton);
-  buttons->addStretch();
-  auto* row = new QHBoxLayout(this);
-  row->setContentsMargins(0, 0, 0, 0);
-  row->setSpacing(0);
-  row->addWidget(m_table, 1);
-  row->addLayout(buttons);
+  layOutPanel(this, m_table, {clearButton});
 
   s_log = this;
   s_handlerBefore = qInstallMessageHandler(takeQtMessage);

@@ -3,7 +3,7 @@
 #include "CallRecord.h"
 #include "Palettes.h"
 #include "ResultModel.h"
-#include "TableCopy.h"
+#include "Tables.h"
 
 #include <QHeaderView>
 #include <QLabel>

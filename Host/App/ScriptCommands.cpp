@@ -12,6 +12,7 @@
 #include "Signature.h"
 #include "Startup.h"
 
+#include <QCoreApplication>
 #include <QJsonDocument>
 
 #include <algorithm>
@@ -65,13 +66,16 @@ int runScript(const CommandLine& line) {
   const bool isText = line.command == CommandLine::Command::Eval;
   const ScriptEngine::Outcome outcome =
       isText ? engine.evaluate(line.script, QStringLiteral("<eval>")) : engine.runFile(line.script);
-  if (Interruption::wasAsked())
-    return Interruption::exitStatus;
-  if (isText && outcome.ok)
+  if (isText && outcome.ok && !Interruption::wasAsked())
     printLine(engine.toJson(outcome.value));
   const QString summary = engine.summary();
-  if (!summary.isEmpty())
+  if (!summary.isEmpty() && !Interruption::wasAsked())
     printLine(summary);
+  // Viewers that the script has left open are the user's to close.
+  while (driver.isInteractive() && !driver.detachedWindows().isEmpty() && !Interruption::wasAsked())
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  if (Interruption::wasAsked())
+    return Interruption::exitStatus;
   return engine.hasFailed() || !outcome.ok ? 1 : 0;
 }
 

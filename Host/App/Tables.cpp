@@ -1,10 +1,12 @@
-#include "TableCopy.h"
+#include "Tables.h"
 
 #include <QAbstractItemView>
 #include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QHBoxLayout>
 #include <QHeaderView>
+#include <QPushButton>
 #include <QTableView>
 
 #include <algorithm>
@@ -47,4 +49,17 @@ void setUpTable(QTableView* table) {
   table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 6);
   table->horizontalHeader()->setHighlightSections(false);
   addCopyAction(table);
+}
+
+void layOutPanel(QWidget* panel, QTableView* table, std::initializer_list<QPushButton*> buttons) {
+  auto* column = new QVBoxLayout;
+  column->setContentsMargins(6, 6, 6, 6);
+  for (QPushButton* button : buttons)
+    column->addWidget(button);
+  column->addStretch();
+  auto* row = new QHBoxLayout(panel);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(0);
+  row->addWidget(table, 1);
+  row->addLayout(column);
 }
