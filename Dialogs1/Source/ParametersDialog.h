@@ -9,6 +9,8 @@ class ParametersDialog : public KelvarinDialog {
 public:
   explicit ParametersDialog(QWidget* parent = nullptr, const char* objectName = "ParametersDialog");
 
+  /// The table, for an owner that loads and reads it by hand: `readWidget` starts at the data that
+  /// it is given, whatever the `outElementIndex`.
   ParameterView* view() const { return form.listView1; }
 
 protected:

@@ -110,13 +110,19 @@ QSize ParameterView::sizeHint() const {
   return {hintColumns * metrics.averageCharWidth(), hintRows * metrics.lineSpacing()};
 }
 
+void ParameterView::keyboardSearch(const QString& search) {
+  if (currentItem()) // the column of the cursor is the one that is searched
+    setCurrentItem(currentItem(), NameColumn);
+  QTreeWidget::keyboardSearch(search);
+}
+
 bool ParameterView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
   // Whichever cell of a row is meant, what is edited is its value.
   return QTreeWidget::edit(index.sibling(index.row(), ValueColumn), trigger, event);
 }
 
 void ParameterView::keyPressEvent(QKeyEvent* event) {
-  // The key only opens the value: passed on to the editor, it would replace it.
+  // As F2: the key opens the value, and is not typed into it.
   if (event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier && currentItem())
     edit(currentIndex());
   else

@@ -32,6 +32,8 @@ public:
 
   QSize sizeHint() const override;
 
+  void keyboardSearch(const QString& search) override; ///< among the names
+
   std::int32_t nameArgIndex = -1; ///< argument with the names; -1 for none
 
 protected:

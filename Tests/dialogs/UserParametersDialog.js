@@ -83,6 +83,18 @@ equal(box([names, values], d => {
   d.accept();
 }), texts(["10u", "7", "8"]));
 
+// A letter goes to the name that begins so, from either column; Return on a row is OK.
+for (const column of [0, 1])
+  equal(box([["alpha", "beta", "gamma"], ["g1", "g2", "b3"]], d => {
+    d.click(view, 0, column);
+    d.key(null, "g");
+    equal(d.current(view), 2, `from column ${column}`);
+    d.key(null, "F2");
+    d.key(null, "7");
+    d.key(null, "Return");
+    d.key(null, "Return");
+  }), texts(["g1", "g2", "7"]));
+
 // OK with the editor open.
 for (const [way, accept] of [
   ["mouse", d => d.click("okButton")],
