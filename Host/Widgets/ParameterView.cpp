@@ -18,7 +18,7 @@ enum Column { NameColumn, ValueColumn };
 /// The script's own bytes of a value, where its text does not give them back.
 constexpr int bytesRole = Qt::UserRole;
 
-constexpr int widestName = 40; // average characters; a longer one must not push the values out
+constexpr int widestName = 25; // average characters; a longer one must not push the values out
 
 // What a usual set of parameters takes.
 constexpr int hintColumns = 50;
