@@ -1,5 +1,6 @@
 #include "AddPropertyDialog.h"
 
+#include "ComboNames.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "Integers.h"
 #include "PropertyFlags.h"
@@ -8,12 +9,34 @@
 static const ScriptFunction declaration("AddPropertyDialog", 0, "SSSSSS", StringVectorResult,
                                         runDialogFunction<AddPropertyDialog, UserString>);
 
+namespace {
+
+using Form = Ui::BaseAddPropertyDialog;
+
+/// The attributes that are a check box.
+constexpr struct {
+  QCheckBox* Form::*box;
+  bool PropertyAttributes::*attribute;
+} checkBoxes[] = {
+    {&Form::cbHidden, &PropertyAttributes::isHidden},
+    {&Form::cbProtected, &PropertyAttributes::isProtected},
+    {&Form::cbSelectable, &PropertyAttributes::isSelectable},
+    {&Form::cbResolveSymbolic, &PropertyAttributes::resolvesSymbolic},
+    {&Form::cbShowName, &PropertyAttributes::showsName},
+    {&Form::cbVertical, &PropertyAttributes::isVertical},
+};
+
+void enable(std::initializer_list<QWidget*> widgets, bool enabled) {
+  for (QWidget* widget : widgets)
+    widget->setEnabled(enabled);
+}
+
+} // namespace
+
 AddPropertyDialog::AddPropertyDialog(const char* objectName, QWidget* parent)
     : KelvarinDialog(parent, objectName, true, {}) {
   form.setupUi(this);
-  for (QWidget* ofPins : std::initializer_list<QWidget*>{form.cbPrefix, form.prefixLabel,
-                                                         form.cbSuffix, form.suffixLabel})
-    ofPins->hide();
+  showPinParts(false);
   form.protectedLabel->hide();
   dimsSavingEnabled = true;
 
@@ -27,6 +50,12 @@ AddPropertyDialog::AddPropertyDialog(const char* objectName, QWidget* parent)
 
 int AddPropertyDialog::helpContextId() {
   return sp_GetHelpContextId("Defining_properties");
+}
+
+void AddPropertyDialog::showPinParts(bool shown) {
+  for (QWidget* part : std::initializer_list<QWidget*>{form.cbPrefix, form.prefixLabel,
+                                                       form.cbSuffix, form.suffixLabel})
+    part->setVisible(shown);
 }
 
 void AddPropertyDialog::gatherArguments() {
@@ -53,13 +82,9 @@ void AddPropertyDialog::loadProperty(PropertyRecord* property) {
   isInstance = property->isInstance;
   form.nameEdit->setText(toQs(property->name));
   form.valueEdit->setPlainText(toQs(property->value));
-  form.cbHidden->setChecked(attributes.isHidden);
+  for (const auto& one : checkBoxes)
+    (form.*one.box)->setChecked(attributes.*one.attribute);
   cbHidden_clicked();
-
-  form.cbProtected->setChecked(attributes.isProtected);
-  form.cbSelectable->setChecked(attributes.isSelectable && !attributes.isHidden);
-  form.cbResolveSymbolic->setChecked(attributes.resolvesSymbolic);
-  form.cbShowName->setChecked(attributes.showsName);
   if (attributes.isAbsolute) {
     form.justificationCombo->setCurrentIndex(
         justificationRow(attributes, form.justificationCombo->count()));
@@ -67,7 +92,6 @@ void AddPropertyDialog::loadProperty(PropertyRecord* property) {
     form.normalCombo->setCurrentIndex(attributes.horizontal);
     form.rotatedCombo->setCurrentIndex(attributes.vertical);
   }
-  form.cbVertical->setChecked(attributes.isVertical);
   form.rbAuto->setChecked(!attributes.isAbsolute);
   form.rbAbsolute->setChecked(attributes.isAbsolute);
   rbAuto_clicked();
@@ -83,16 +107,14 @@ void AddPropertyDialog::loadProperty(PropertyRecord* property) {
 }
 
 void AddPropertyDialog::loadFontStyles(const PropertyRecord& property) {
-  QComboBox* combo = form.fontStyleCombo;
-  for (const YString& style : property.fontStyles) {
-    const QString name = toQs(style);
-    combo->addItem(name, name);
-  }
-  combo->model()->sort(0);
-  combo->setCurrentIndex(
-      property.fontStyle.isEmpty()
-          ? 0
-          : combo->findText(toQs(property.fontStyle), Qt::MatchExactly | Qt::MatchCaseSensitive));
+  QStringList names;
+  names.reserve(property.fontStyles.count());
+  for (const YString& style : property.fontStyles)
+    names.append(toQs(style));
+  showSortedNames(form.fontStyleCombo, names);
+  if (!property.fontStyle.isEmpty())
+    form.fontStyleCombo->setCurrentIndex(form.fontStyleCombo->findText(
+        toQs(property.fontStyle), Qt::MatchExactly | Qt::MatchCaseSensitive));
   form.cbDefault->setChecked(property.fontStyle.isEmpty());
   cbDefault_clicked();
 }
@@ -100,6 +122,7 @@ void AddPropertyDialog::loadFontStyles(const PropertyRecord& property) {
 void AddPropertyDialog::letOnlyLook() {
   form.textLocationGroupBox->setEnabled(false);
   form.propertyAttributesGroupBox->setEnabled(false);
+  form.nameEdit->setReadOnly(true);
   form.valueEdit->setReadOnly(true);
   form.okButton->hide();
   form.cancelButton->setText(tr("Close"));
@@ -124,10 +147,6 @@ void AddPropertyDialog::rbAuto_clicked() {
 }
 
 void AddPropertyDialog::updateEnables() {
-  const auto enable = [](std::initializer_list<QWidget*> widgets, bool enabled) {
-    for (QWidget* widget : widgets)
-      widget->setEnabled(enabled);
-  };
   const bool isSeen = !form.cbHidden->isChecked();
   const bool isAuto = form.rbAuto->isChecked();
   enable({form.rbAuto, form.rbAbsolute}, isSeen);
@@ -140,8 +159,11 @@ void AddPropertyDialog::updateEnables() {
 }
 
 void AddPropertyDialog::readProperty(PropertyRecord* property) const {
-  property->value = toYs(form.valueEdit->toPlainText());
-  property->name = toYs(form.nameEdit->text());
+  // What nobody touched stays byte for byte, even where a field shows it otherwise.
+  if (form.valueEdit->document()->isModified())
+    property->value = toYs(form.valueEdit->toPlainText());
+  if (form.nameEdit->isModified())
+    property->name = toYs(form.nameEdit->text());
   property->fontStyle =
       form.cbDefault->isChecked() ? YString() : toYs(form.fontStyleCombo->currentText());
 
@@ -153,12 +175,8 @@ void AddPropertyDialog::readProperty(PropertyRecord* property) const {
     attributes.horizontal = form.normalCombo->currentIndex();
     attributes.vertical = form.rotatedCombo->currentIndex();
   }
-  attributes.isHidden = form.cbHidden->isChecked();
-  attributes.isProtected = form.cbProtected->isChecked();
-  attributes.isSelectable = form.cbSelectable->isChecked();
-  attributes.resolvesSymbolic = form.cbResolveSymbolic->isChecked();
-  attributes.showsName = form.cbShowName->isChecked();
-  attributes.isVertical = form.cbVertical->isChecked();
+  for (const auto& one : checkBoxes)
+    attributes.*one.attribute = (form.*one.box)->isChecked();
   attributes.fontStyle = form.fontStyleCombo->currentIndex();
   property->flags = writePropertyFlags(property->flags, attributes);
 }

@@ -37,6 +37,8 @@ public:
 protected:
   /// Fills `record` with the arguments that mean the same in all property dialogs.
   void gatherArguments();
+  /// The check boxes that only a pin has.
+  void showPinParts(bool shown);
 
   Ui::BaseAddPropertyDialog form;
   PropertyRecord record; ///< the script's property

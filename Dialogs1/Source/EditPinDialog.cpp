@@ -21,9 +21,7 @@ EditPinDialog::EditPinDialog() : AddPropertyDialog("EditPinDialog") {
            form.cbSelectable, form.textLabel9, form.cbProtected, form.textLabel10, form.cbShowName,
            form.textLabel12, form.valueEdit, form.textLabel2})
     ofProperties->hide();
-  for (QWidget* ofPins : std::initializer_list<QWidget*>{form.cbPrefix, form.prefixLabel,
-                                                         form.cbSuffix, form.suffixLabel})
-    ofPins->show();
+  showPinParts(true);
   // The radio buttons leave their column to the label.
   form.textLocationLayout->addWidget(form.textLabel6, 2, 0);
   form.textLocationLayout->addWidget(form.justificationCombo, 2, 1, 1, 2);
