@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QListWidget>
-#include <QStyledItemDelegate>
 
 #include <algorithm>
 #include <vector>
@@ -13,19 +12,9 @@ namespace {
 constexpr std::size_t measuredTexts = 50;
 constexpr int longestShown = 1000; // characters
 
-class RowDelegate : public QStyledItemDelegate {
+class RowDelegate : public OneLineDelegate {
 public:
-  using QStyledItemDelegate::QStyledItemDelegate;
-
-  QString displayText(const QVariant& value, const QLocale&) const override {
-    QString text = value.toString();
-    if (text.size() > longestShown)
-      text = text.left(longestShown) + QChar(0x2026);
-    for (QChar& character : text)
-      if (character == QLatin1Char('\n') || character == QLatin1Char('\r'))
-        character = QLatin1Char(' '); // a row is one line high
-    return text;
-  }
+  using OneLineDelegate::OneLineDelegate;
 
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     QStyleOptionViewItem row = option;
@@ -62,6 +51,16 @@ QString widestText(const QListWidget* list, const RowDelegate* delegate) {
 
 } // namespace
 
+QString OneLineDelegate::displayText(const QVariant& value, const QLocale&) const {
+  QString text = value.toString();
+  if (text.size() > longestShown)
+    text = text.left(longestShown) + QChar(0x2026);
+  for (QChar& character : text)
+    if (character == QLatin1Char('\n') || character == QLatin1Char('\r'))
+      character = QLatin1Char(' '); // a row is one line high
+  return text;
+}
+
 void makeRowsUniform(QListWidget* list) {
   auto* delegate = dynamic_cast<RowDelegate*>(list->itemDelegate());
   if (!delegate) {
@@ -70,4 +69,20 @@ void makeRowsUniform(QListWidget* list) {
     list->setUniformItemSizes(true);
   }
   delegate->widest = widestText(list, delegate);
+}
+
+RowBlocks selectedRows(const QAbstractItemView* view) {
+  RowBlocks rows;
+  for (const QItemSelectionRange& range : view->selectionModel()->selection())
+    rows.push_back({range.top(), range.bottom()});
+  return rows;
+}
+
+void selectRows(QAbstractItemView* view, const RowBlocks& rows) {
+  const QAbstractItemModel* model = view->model();
+  QItemSelection selection;
+  for (const RowBlock& block : rows)
+    selection.append(QItemSelectionRange(model->index(block.first, 0),
+                                         model->index(block.last, model->columnCount() - 1)));
+  view->selectionModel()->select(selection, QItemSelectionModel::Select);
 }
