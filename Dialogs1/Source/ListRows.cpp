@@ -78,11 +78,21 @@ RowBlocks selectedRows(const QAbstractItemView* view) {
   return rows;
 }
 
+static QItemSelectionRange wholeRows(const QAbstractItemModel* model, int first, int last) {
+  return {model->index(first, 0), model->index(last, model->columnCount() - 1)};
+}
+
 void selectRows(QAbstractItemView* view, const RowBlocks& rows) {
-  const QAbstractItemModel* model = view->model();
   QItemSelection selection;
   for (const RowBlock& block : rows)
-    selection.append(QItemSelectionRange(model->index(block.first, 0),
-                                         model->index(block.last, model->columnCount() - 1)));
+    selection.append(wholeRows(view->model(), block.first, block.last));
   view->selectionModel()->select(selection, QItemSelectionModel::Select);
+}
+
+void RowSelectionModel::select(const QItemSelection& selection, SelectionFlags command) {
+  QItemSelection rows;
+  for (const QItemSelectionRange& range : selection)
+    if (range.isValid())
+      rows.append(wholeRows(model(), range.top(), range.bottom()));
+  QItemSelectionModel::select(rows, command & ~SelectionFlags(Rows));
 }

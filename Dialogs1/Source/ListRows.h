@@ -2,6 +2,7 @@
 
 #include "RowBlocks.h"
 
+#include <QItemSelectionModel>
 #include <QStyledItemDelegate>
 
 class QListWidget;
@@ -21,3 +22,13 @@ void makeRowsUniform(QListWidget* list);
 RowBlocks selectedRows(const QAbstractItemView* view);
 /// Selects rows besides those that are selected.
 void selectRows(QAbstractItemView* view, const RowBlocks& rows);
+
+/// The selection of a view that selects whole rows and has its columns in their order. Qt's own
+/// compares the blocks of a selection pair by pair as it widens them to rows, which takes minutes
+/// where hidden rows make tens of thousands of blocks.
+class RowSelectionModel : public QItemSelectionModel {
+public:
+  using QItemSelectionModel::QItemSelectionModel;
+  using QItemSelectionModel::select;
+  void select(const QItemSelection& selection, SelectionFlags command) override;
+};

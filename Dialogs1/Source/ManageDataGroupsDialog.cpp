@@ -6,6 +6,7 @@
 #include "TreeColumns.h"
 
 #include <QGuiApplication>
+#include <QHeaderView>
 #include <QScreen>
 #include <QShortcut>
 
@@ -19,6 +20,11 @@ static const ScriptFunction declaration("ManageDataGroupsDialog", 1, "S", String
 ManageDataGroupsDialog::ManageDataGroupsDialog()
     : KelvarinDialog(nullptr, "ManageDataGroupDialog", true, {}) {
   form.setupUi(this);
+  QTreeWidget* tree = form.manageGroupsListWidget;
+  tree->setItemDelegate(new OneLineDelegate(tree));
+  tree->setSelectionModel(new RowSelectionModel(tree->model(), tree));
+  tree->header()->setSectionsMovable(false);
+
   using Self = ManageDataGroupsDialog;
   connect(form.setCurrentGroupButton, &QPushButton::clicked, this,
           &Self::setCurrentGroupButtonClicked);
@@ -27,7 +33,7 @@ ManageDataGroupsDialog::ManageDataGroupsDialog()
   connect(form.deleteAllGroupsButton, &QPushButton::clicked, this,
           &Self::deleteAllGroupsButtonClicked);
   connect(form.editTitleButton, &QPushButton::clicked, this, &Self::editTitleButtonClicked);
-  connect(form.manageGroupsListWidget, &QTreeWidget::itemSelectionChanged, this,
+  connect(tree->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &Self::manageGroupsListWidgetSelectionChanged);
   onKey(Qt::Key_Delete, form.deleteGroupButton);
   onKey(Qt::Key_F2, form.editTitleButton);
@@ -42,8 +48,6 @@ void ManageDataGroupsDialog::onKey(int key, QPushButton* button) {
 
 void ManageDataGroupsDialog::initialiseDialog() {
   dimsSavingEnabled = true;
-  QTreeWidget* tree = form.manageGroupsListWidget;
-  tree->setItemDelegate(new OneLineDelegate(tree));
   const char* const* lines = nullptr;
   unsigned count = 0;
   getStringVector(0, &lines, &count);
@@ -54,6 +58,7 @@ void ManageDataGroupsDialog::initialiseDialog() {
     groups.append(item);
     items.append(item);
   }
+  QTreeWidget* tree = form.manageGroupsListWidget;
   tree->addTopLevelItems(items);
   restoreColumnWidths(tree, widthsKey);
   // The keyboard starts at the current group; it is not selected, so that a key does it no harm.
@@ -75,6 +80,12 @@ void ManageDataGroupsDialog::readDialog(UserDataType, bool accepted) {
     return;
   for (int row = 0; row < tree->topLevelItemCount(); ++row)
     *line++ = hostString(static_cast<ManageDataItem*>(tree->topLevelItem(row))->result());
+}
+
+void ManageDataGroupsDialog::showEvent(QShowEvent* event) {
+  KelvarinDialog::showEvent(event);
+  // Only now the list has the height at which the current group is to be in sight.
+  form.manageGroupsListWidget->scrollTo(form.manageGroupsListWidget->currentIndex());
 }
 
 void ManageDataGroupsDialog::hideEvent(QHideEvent* event) {

@@ -14,6 +14,7 @@ public:
   void readDialog(UserDataType type, bool accepted) override;
 
 protected:
+  void showEvent(QShowEvent* event) override;
   void hideEvent(QHideEvent* event) override;
 
 private:

@@ -9,7 +9,10 @@
 #include <algorithm>
 
 static constexpr char widthsSection[] = "ColumnWidths";
-static constexpr int mostCharacters = 40; // of a column that nobody has set the width of
+// Of a column that nobody has set the width of. What is in it today is not what is in it tomorrow,
+// when the width is still remembered.
+static constexpr int leastCharacters = 12;
+static constexpr int mostCharacters = 40;
 
 void saveColumnWidths(const QTreeView* tree, const char* key) {
   std::vector<int> widths;
@@ -24,11 +27,13 @@ void restoreColumnWidths(QTreeView* tree, const char* key) {
   YString stored;
   cfgman_GetConfigSetting(widthsSection, key, &stored);
   const std::vector<int> widths = readColumnWidths(stored, count);
-  const int most = tree->fontMetrics().averageCharWidth() * mostCharacters;
+  const int character = tree->fontMetrics().averageCharWidth();
   for (int column = 0; column < count; ++column) {
     if (widths.empty())
       tree->resizeColumnToContents(column);
-    tree->setColumnWidth(column, widths.empty() ? std::min(tree->columnWidth(column), most)
+    tree->setColumnWidth(column, widths.empty() ? std::clamp(tree->columnWidth(column),
+                                                             leastCharacters * character,
+                                                             mostCharacters * character)
                                                 : widths[static_cast<std::size_t>(column)]);
   }
 }
