@@ -28,12 +28,15 @@ void restoreColumnWidths(QTreeView* tree, const char* key) {
   cfgman_GetConfigSetting(widthsSection, key, &stored);
   const std::vector<int> widths = readColumnWidths(stored, count);
   const int character = tree->fontMetrics().averageCharWidth();
+  // A last column that takes the room that the others leave has no width of its own.
+  const int settable = tree->header()->stretchLastSection() ? count - 1 : count;
   for (int column = 0; column < count; ++column) {
-    if (widths.empty())
+    const bool isStored = !widths.empty() && column < settable;
+    if (!isStored)
       tree->resizeColumnToContents(column);
-    tree->setColumnWidth(column, widths.empty() ? std::clamp(tree->columnWidth(column),
-                                                             leastCharacters * character,
-                                                             mostCharacters * character)
-                                                : widths[static_cast<std::size_t>(column)]);
+    tree->setColumnWidth(column, isStored ? widths[static_cast<std::size_t>(column)]
+                                          : std::clamp(tree->columnWidth(column),
+                                                       leastCharacters * character,
+                                                       mostCharacters * character));
   }
 }
