@@ -1,10 +1,11 @@
 #include "PaintedDialogs.h"
 
 #include <QListWidget>
+#include <QTreeWidget>
 #include <QVBoxLayout>
 
-// From the call to the first paint of a box with a long list, against a plain QListWidget in a bare
-// QDialog, filled with the same texts in the same process.
+// From the call to the first paint of a box with a long list, against a plain QListWidget or
+// QTreeWidget in a bare QDialog, filled with the same texts in the same process.
 
 namespace {
 
@@ -41,6 +42,42 @@ void addRemoveDialog(benchmark::State& state) {
         PaintedDialogs::secondsToPaint([&] { callHandler(*function, arguments); }));
 }
 
+QStringList groupOf(int64_t row) {
+  return {QStringLiteral("tran%1").arg(row), QStringLiteral("Start-up, run %1").arg(row),
+          QStringLiteral("Transient"), row == 0 ? QStringLiteral("current") : QString()};
+}
+
+void bareTree(benchmark::State& state, bool uniform) {
+  QList<QStringList> groups;
+  for (int64_t row = 0; row < state.range(0); ++row)
+    groups.append(groupOf(row));
+  for (auto _ : state)
+    state.SetIterationTime(PaintedDialogs::secondsToPaint([&] {
+      QDialog dialog;
+      auto* layout = new QVBoxLayout(&dialog);
+      auto* tree = new QTreeWidget(&dialog);
+      tree->setColumnCount(4);
+      tree->setUniformRowHeights(uniform);
+      QList<QTreeWidgetItem*> items;
+      for (const QStringList& texts : groups)
+        items.append(new QTreeWidgetItem(texts));
+      tree->addTopLevelItems(items);
+      layout->addWidget(tree);
+      dialog.exec();
+    }));
+}
+
+void manageDataGroupsDialog(benchmark::State& state) {
+  const FunctionInfo* function = functionTable().find(QStringLiteral("ManageDataGroupsDialog"));
+  std::vector<QByteArray> lines;
+  for (int64_t row = 0; row < state.range(0); ++row)
+    lines.push_back(groupOf(row).join(QLatin1Char(';')).toUtf8());
+  const std::vector<ScriptVector> arguments{ScriptVector::ofStrings(lines)};
+  for (auto _ : state)
+    state.SetIterationTime(
+        PaintedDialogs::secondsToPaint([&] { callHandler(*function, arguments); }));
+}
+
 BENCHMARK_CAPTURE(bareList, plain, false)
     ->Arg(10000)
     ->Arg(100000)
@@ -54,6 +91,24 @@ BENCHMARK_CAPTURE(bareList, uniform, true)
     ->MinTime(2)
     ->UseManualTime();
 BENCHMARK(addRemoveDialog)
+    ->Arg(10000)
+    ->Arg(100000)
+    ->Unit(benchmark::kMillisecond)
+    ->MinTime(2)
+    ->UseManualTime();
+BENCHMARK_CAPTURE(bareTree, plain, false)
+    ->Arg(10000)
+    ->Arg(100000)
+    ->Unit(benchmark::kMillisecond)
+    ->MinTime(2)
+    ->UseManualTime();
+BENCHMARK_CAPTURE(bareTree, uniform, true)
+    ->Arg(10000)
+    ->Arg(100000)
+    ->Unit(benchmark::kMillisecond)
+    ->MinTime(2)
+    ->UseManualTime();
+BENCHMARK(manageDataGroupsDialog)
     ->Arg(10000)
     ->Arg(100000)
     ->Unit(benchmark::kMillisecond)

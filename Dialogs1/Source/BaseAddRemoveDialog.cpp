@@ -24,21 +24,6 @@ template <class Widget> void findWidget(const QObject* dialog, const char* name,
   Q_ASSERT(*found);
 }
 
-RowBlocks selectedRows(const QListWidget* list) {
-  RowBlocks rows;
-  for (const QItemSelectionRange& range : list->selectionModel()->selection())
-    rows.push_back({range.top(), range.bottom()});
-  return rows;
-}
-
-void selectRows(QListWidget* list, const RowBlocks& rows) {
-  QItemSelection selection;
-  for (const RowBlock& block : rows)
-    selection.append(QItemSelectionRange(list->model()->index(block.first, 0),
-                                         list->model()->index(block.last, 0)));
-  list->selectionModel()->select(selection, QItemSelectionModel::Select);
-}
-
 /// Puts the cursor there, without selecting.
 void putCursor(QListWidget* list, int row) {
   list->setCurrentRow(std::min(row, list->count() - 1), QItemSelectionModel::NoUpdate);

@@ -4,7 +4,6 @@
 
 #include <QApplication>
 #include <QListWidget>
-#include <QStyledItemDelegate>
 
 #include <algorithm>
 #include <vector>
@@ -14,13 +13,9 @@ namespace {
 // Measuring a text costs more than all else that is done for a row, so only the longest are.
 constexpr std::size_t measuredTexts = 50;
 
-class RowDelegate : public QStyledItemDelegate {
+class RowDelegate : public OneLineDelegate {
 public:
-  using QStyledItemDelegate::QStyledItemDelegate;
-
-  QString displayText(const QVariant& value, const QLocale&) const override {
-    return rowText(value.toString());
-  }
+  using OneLineDelegate::OneLineDelegate;
 
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     QStyleOptionViewItem row = option;
@@ -57,6 +52,10 @@ QString widestText(const QListWidget* list, const RowDelegate* delegate) {
 
 } // namespace
 
+QString OneLineDelegate::displayText(const QVariant& value, const QLocale&) const {
+  return rowText(value.toString());
+}
+
 void makeRowsUniform(QListWidget* list) {
   auto* delegate = dynamic_cast<RowDelegate*>(list->itemDelegate());
   if (!delegate) {
@@ -65,4 +64,30 @@ void makeRowsUniform(QListWidget* list) {
     list->setUniformItemSizes(true);
   }
   delegate->widest = widestText(list, delegate);
+}
+
+RowBlocks selectedRows(const QAbstractItemView* view) {
+  RowBlocks rows;
+  for (const QItemSelectionRange& range : view->selectionModel()->selection())
+    rows.push_back({range.top(), range.bottom()});
+  return rows;
+}
+
+static QItemSelectionRange wholeRows(const QAbstractItemModel* model, int first, int last) {
+  return {model->index(first, 0), model->index(last, model->columnCount() - 1)};
+}
+
+void selectRows(QAbstractItemView* view, const RowBlocks& rows) {
+  QItemSelection selection;
+  for (const RowBlock& block : rows)
+    selection.append(wholeRows(view->model(), block.first, block.last));
+  view->selectionModel()->select(selection, QItemSelectionModel::Select);
+}
+
+void RowSelectionModel::select(const QItemSelection& selection, SelectionFlags command) {
+  QItemSelection rows;
+  for (const QItemSelectionRange& range : selection)
+    if (range.isValid())
+      rows.append(wholeRows(model(), range.top(), range.bottom()));
+  QItemSelectionModel::select(rows, command & ~SelectionFlags(Rows));
 }
