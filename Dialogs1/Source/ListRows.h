@@ -1,7 +1,11 @@
 #pragma once
 
 class QListWidget;
+class QTreeWidget;
 
 /// Gives all rows of a list the size of the widest, so that a list of any length is laid out at
 /// once and still scrolls to the end of its texts. To be called again when its texts have changed.
 void makeRowsUniform(QListWidget* list);
+/// The same for a table without branches: rows of one height, columns as wide as their texts are,
+/// within reason.
+void makeRowsUniform(QTreeWidget* tree);
