@@ -1,0 +1,43 @@
+#include "EditPropertyDialog.h"
+
+#include "HostSupportQt/HostSupportQt.h"
+#include "PropertyFlags.h"
+#include "ScriptFunction.h"
+
+static const ScriptFunction declaration("EditPropertyDialog", 1, "SSSSSS", StringVectorResult,
+                                        runDialogFunction<EditPropertyDialog, UserString>);
+
+int EditPropertyDialog::helpContextId() {
+  return sp_GetHelpContextId("Editing_properties");
+}
+
+void EditPropertyDialog::loadProperty(PropertyRecord* property) {
+  AddPropertyDialog::loadProperty(property);
+  setWindowTitle(tr("Edit Property"));
+  form.textLabel1->setEnabled(false);
+  form.nameEdit->setEnabled(false);
+
+  const PropertyAttributes attributes = readPropertyFlags(property->flags);
+  // Of a property that may only be looked at there is nothing but to close the box.
+  QWidget* first = form.valueEdit;
+  if (property->isInstance && attributes.isProtected)
+    first = form.cancelButton;
+  first->setFocus(Qt::TabFocusReason);
+
+  if (attributes.staysHidden) {
+    form.cbHidden->setChecked(true);
+    cbHidden_clicked();
+    form.cbHidden->setEnabled(false);
+    form.textLabel7->setEnabled(false);
+  }
+}
+
+void EditPropertyDialog::readDialog(UserDataType, bool accepted) {
+  char** result = accepted ? makeStringResult(3) : nullptr;
+  if (!result)
+    return;
+  readProperty(&record);
+  result[0] = hostString(YString(record.flags).c_str());
+  result[1] = hostString(toQs(record.value));
+  result[2] = hostString(record.fontStyle.c_str());
+}
