@@ -37,6 +37,7 @@ void BaseObjPropertiesDialog::prepareDialog(UserFunctionInterface* args, UserDat
       static_cast<QPushButton*>(qtsp_SearchChild(this, "okButton", "QPushButton", true));
   for (int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_F2}) {
     auto* edit = new QShortcut(QKeySequence(key), tree, nullptr, nullptr, Qt::WidgetShortcut);
+    edit->setAutoRepeat(false); // a key held down would open what it has just closed
     connect(edit, &QShortcut::activated, this, [this, tree, okButton, key] {
       if (QTreeWidgetItem* item = tree->currentItem())
         objPropsListViewDoubleClicked(item, tree->currentColumn());
@@ -112,23 +113,34 @@ void BaseObjPropertiesDialog::setProperty(const QString& name, const QString& va
     row->setValue(value);
 }
 
+void BaseObjPropertiesDialog::addProperty() {
+  QTreeWidget* tree = itemsView();
+  if (auto* row = askForNewProperty(this, tree->topLevelItemCount(), fontStyles())) {
+    tree->addTopLevelItem(row);
+    tree->setCurrentItem(row);
+    tree->setFocus(Qt::OtherFocusReason);
+  }
+}
+
 YString BaseObjPropertiesDialog::resultText(const ListViewProperty& row) const {
   const char* const* values = nullptr;
   unsigned count = 0;
   getStringVector(Values, &values, &count);
-  const char* passed = row.rowIndex < rowCount ? values[row.rowIndex] : nullptr;
+  const bool isNew = row.rowIndex >= rowCount; // the script knows the names of the others
+  const char* passed = isNew ? nullptr : values[row.rowIndex];
   YString text = writePropertyValue({row.rawValue, row.attributes}, passed, row.kind());
-  if (!namePrefix.isEmpty())
+  if (isNew || !namePrefix.isEmpty())
     text = toYs(row.name()).concat(";").concat(text);
   return hasExtras ? YString(text.concat(";").concat(row.extra)) : text;
 }
 
-QStringList BaseObjPropertiesDialog::fontStyles() const {
+YArray<YString> BaseObjPropertiesDialog::fontStyles() const {
   const char* const* styles = nullptr;
   unsigned count = 0;
   getStringVector(FontStyles, &styles, &count);
-  QStringList names;
+  YArray<YString> names;
+  names.reserve(static_cast<int>(count));
   for (unsigned i = 0; i < count; ++i)
-    names.append(textAt(styles, count, i));
+    names.append(YString(styles[i]));
   return names;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "HostSupport/Containers.h"
 #include "KelvarinDialog.h"
 
 #include <optional>
@@ -33,12 +34,17 @@ protected:
   /// A property's value with real line breaks; nothing where there is no such row.
   std::optional<QString> getProperty(const QString& name);
   void setProperty(const QString& name, const QString& value); ///< nothing happens without a row
+  /// Has the user make a property. Its row's result stands behind those of the arguments and begins
+  /// with its name.
+  void addProperty();
 
   int rowCount = 0;
-  bool hasExtras = false; ///< argument 4 was passed: each result ends with its row's extra text
-  QString namePrefix;     ///< where it is not empty, each result begins with its row's name
+  /// Argument 4 was passed: each result ends with its row's extra text. A dialog to which that
+  /// argument means something else clears this once the list is loaded.
+  bool hasExtras = false;
+  QString namePrefix; ///< where it is not empty, each result begins with its row's name
 
 private:
   YString resultText(const ListViewProperty& row) const;
-  QStringList fontStyles() const;
+  YArray<YString> fontStyles() const;
 };

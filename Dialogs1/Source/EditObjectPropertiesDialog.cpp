@@ -27,4 +27,6 @@ void EditObjectPropertiesDialog::initialiseDialog() {
   form.itemsListView->setFocus(Qt::TabFocusReason);
 }
 
-void EditObjectPropertiesDialog::addPropertyButton_clicked() {}
+void EditObjectPropertiesDialog::addPropertyButton_clicked() {
+  addProperty();
+}

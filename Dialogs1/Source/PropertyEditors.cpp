@@ -1,5 +1,6 @@
 #include "PropertyEditors.h"
 
+#include "AddPropertyDialog.h"
 #include "FontSpec.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "InputDialog.h"
@@ -13,8 +14,6 @@
 
 #include <QCoreApplication>
 #include <QMessageBox>
-
-#include <algorithm>
 
 namespace {
 
@@ -40,14 +39,24 @@ void editColour(QWidget* over, ListViewProperty* row) {
     row->setValue(QString::number(*colour));
 }
 
-void editFlagged(QWidget*, ListViewProperty*, const QStringList&) {} // TEMP
+void editFlagged(QWidget* over, ListViewProperty* row, const YArray<YString>& fontStyles) {
+  PropertyRecord property;
+  property.value = toYs(row->rawValue);
+  property.name = toYs(row->name());
+  property.flags = row->attributes.value_or(0);
+  property.fontStyles = fontStyles;
+  if (!editProperty(over, &property))
+    return;
+  row->attributes = property.flags;
+  row->setValue(toQs(property.value)); // the name is not the list's to change
+}
 
 void editChoice(QWidget* over, ListViewProperty* row) {
   const QStringList choices = propertyChoices(row->type);
   if (refusesRowCount(static_cast<unsigned>(choices.size()), "RadioSelect"))
     return;
   QStringList captions;
-  for (QString caption : choices) // an ampersand in a value is meant to be seen
+  for (const QString& caption : choices) // an ampersand in a value is meant to be seen
     captions.append(shownCaption(caption).replace(QLatin1Char('&'), QLatin1String("&&")));
   if (const auto choice = askForChoice(over, Words::tr("Select Value"), captions,
                                        propertyChoice(choices, row->rawValue)))
@@ -56,8 +65,7 @@ void editChoice(QWidget* over, ListViewProperty* row) {
 
 } // namespace
 
-bool editPropertyRow(QWidget* over, ListViewProperty* row, const QStringList& fontStyles) {
-  const QString before = row->rawValue;
+void editPropertyRow(QWidget* over, ListViewProperty* row, const YArray<YString>& fontStyles) {
   switch (row->kind()) {
   case PropertyKind::Text:
     editText(over, row);
@@ -79,5 +87,26 @@ bool editPropertyRow(QWidget* over, ListViewProperty* row, const QStringList& fo
                          Words::tr("That property is read only and may not be edited"));
     break;
   }
-  return row->rawValue != before;
+}
+
+ListViewProperty* askForNewProperty(QWidget* over, int rowIndex,
+                                    const YArray<YString>& fontStyles) {
+  AddPropertyDialog dialog("AddPropertyDialog", over);
+  dialog.prepareDialog(nullptr, UserString);
+  PropertyRecord property;
+  property.fontStyles = fontStyles;
+  dialog.loadProperty(&property);
+  while (dialog.exec() == QDialog::Accepted) {
+    dialog.readProperty(&property);
+    const QString name = toQs(property.name);
+    if (!name.isEmpty() && !name.contains(QLatin1Char(';'))) {
+      auto* row = new ListViewProperty(name, nullptr, "SchemProperty", rowIndex, YString());
+      row->attributes = property.flags;
+      row->rawValue = toQs(property.value);
+      return row;
+    }
+    QMessageBox::warning(over, dialog.windowTitle(),
+                         Words::tr("A property needs a name, without a semicolon in it."));
+  }
+  return nullptr;
 }

@@ -4,10 +4,15 @@
 
 #include <QColorDialog>
 
-std::optional<int> askForColour(QWidget* over, int initial) {
-  const QColor colour =
-      QColorDialog::getColor(QColor(toQs(sp_ConvertRGBcolourToHTML(initial))), over);
-  if (!colour.isValid())
-    return std::nullopt;
+QColor unpackedColour(int packed) {
+  return QColor(toQs(sp_ConvertRGBcolourToHTML(packed)));
+}
+
+int packedColour(const QColor& colour) {
   return sp_ConvertHTMLcolourToRGB(toYs(colour.name()));
+}
+
+std::optional<int> askForColour(QWidget* over, int initial) {
+  const QColor colour = QColorDialog::getColor(unpackedColour(initial), over);
+  return colour.isValid() ? std::optional(packedColour(colour)) : std::nullopt;
 }
