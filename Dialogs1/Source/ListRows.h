@@ -6,6 +6,7 @@
 #include <QStyledItemDelegate>
 
 class QListWidget;
+class QTreeWidget;
 
 /// Shows a text of any length and with any characters in a row that is one line high.
 class OneLineDelegate : public QStyledItemDelegate {
@@ -17,6 +18,9 @@ public:
 /// Gives all rows of a list the size of the widest, so that a list of any length is laid out at
 /// once and still scrolls to the end of its texts. To be called again when its texts have changed.
 void makeRowsUniform(QListWidget* list);
+/// The same for a table without branches: rows of one height, columns as wide as their texts are,
+/// within reason.
+void makeRowsUniform(QTreeWidget* tree);
 
 /// The selected rows of a view whose rows have no children.
 RowBlocks selectedRows(const QAbstractItemView* view);
