@@ -1,0 +1,35 @@
+#pragma once
+
+#include "KelvarinDialog.h"
+#include "OfferedNames.h"
+#include "ui_EditDeviceDialog.h"
+
+/// Names a device: a list of known names with an edit box above it, in which another may be typed.
+class EditDeviceDialog : public KelvarinDialog {
+public:
+  explicit EditDeviceDialog(const char* objectName = "EditDeviceDialog");
+
+  void prepareDialog(UserFunctionInterface* args, UserDataType type) override;
+  void initialiseDialog() override;
+  void readDialog(UserDataType type, bool accepted) override;
+
+protected:
+  /// Fills the list from argument 1, nothing selected.
+  void load(const QString& title, const QString& caption, OfferedNames::Order order);
+  /// Starts the user in the edit box, with the row (-1 for none) selected whatever the text.
+  void start(const QString& text, int row);
+
+  Ui::EditDeviceDialog form;
+  OfferedNames offered;
+
+private:
+  void editBox_textChanged(const QString& text);
+  void editBox_down();
+  void listBox_clicked(QListWidgetItem* item);
+  void listBox_selectionChanged();
+  void listBox_doubleClicked();
+  void selectAllButton_clicked();
+  void selectRow(int row);
+
+  bool listUpdating = false; ///< list and edit box are kept from answering each other in a circle
+};
