@@ -1,5 +1,7 @@
 #include "ListRows.h"
 
+#include "HostSupportQt/Text.h"
+
 #include <QApplication>
 #include <QListWidget>
 #include <QStyledItemDelegate>
@@ -11,20 +13,13 @@ namespace {
 
 // Measuring a text costs more than all else that is done for a row, so only the longest are.
 constexpr std::size_t measuredTexts = 50;
-constexpr int longestShown = 1000; // characters
 
 class RowDelegate : public QStyledItemDelegate {
 public:
   using QStyledItemDelegate::QStyledItemDelegate;
 
   QString displayText(const QVariant& value, const QLocale&) const override {
-    QString text = value.toString();
-    if (text.size() > longestShown)
-      text = text.left(longestShown) + QChar(0x2026);
-    for (QChar& character : text)
-      if (character == QLatin1Char('\n') || character == QLatin1Char('\r'))
-        character = QLatin1Char(' '); // a row is one line high
-    return text;
+    return rowText(value.toString());
   }
 
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
