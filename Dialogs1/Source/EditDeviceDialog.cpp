@@ -3,6 +3,7 @@
 #include "HostSupportQt/HostSupportQt.h"
 #include "Integers.h"
 #include "ListRows.h"
+#include "ParametersDialog.h"
 #include "ScriptFunction.h"
 #include "ScriptTexts.h"
 
@@ -14,7 +15,7 @@ static const ScriptFunction declaration("EditDeviceDialog", 2, "SSSS", StringVec
 
 namespace {
 
-enum Argument { Settings, Names };
+enum Argument { Settings, Names, ParameterNames, ParameterValues };
 enum Setting { CurrentName, CurrentIndex, WindowTitle, Caption };
 enum ResultElement { Name, Index, ParameterCount, FirstParameter };
 
@@ -25,6 +26,7 @@ EditDeviceDialog::EditDeviceDialog(const char* objectName)
   form.setupUi(this);
   using Self = EditDeviceDialog;
   connect(form.editBox, &QLineEdit::textChanged, this, &Self::editBox_textChanged);
+  connect(form.parametersButton, &QPushButton::clicked, this, &Self::parametersButton_clicked);
   connect(form.listBox, &QListWidget::itemClicked, this, &Self::listBox_clicked);
   connect(form.listBox, &QListWidget::itemDoubleClicked, this, &Self::listBox_doubleClicked);
   connect(form.listBox, &QListWidget::itemSelectionChanged, this, &Self::listBox_selectionChanged);
@@ -35,6 +37,10 @@ EditDeviceDialog::EditDeviceDialog(const char* objectName)
 
 void EditDeviceDialog::prepareDialog(UserFunctionInterface* args, UserDataType type) {
   KelvarinDialog::prepareDialog(args, type);
+  auto owned = std::make_unique<EditDeviceDialogData>();
+  owned->parameters = new ParametersDialog(this);
+  owned->parameters->prepareDialog(args, type);
+  dialogData = std::move(owned);
 }
 
 void EditDeviceDialog::initialiseDialog() {
@@ -55,7 +61,23 @@ void EditDeviceDialog::initialiseDialog() {
     name = row < 0 ? QString() : offered.names().at(row);
   }
   start(name, name.isEmpty() ? -1 : offered.firstRowBeginningWith(name));
+  loadParameters();
   dimsSavingEnabled = true;
+}
+
+void EditDeviceDialog::loadParameters() {
+  const char* const* texts = nullptr;
+  unsigned names = 0;
+  unsigned values = 0;
+  getStringVector(ParameterNames, &texts, &names);
+  getStringVector(ParameterValues, &texts, &values);
+  form.parametersButton->setVisible(names > 0 && values > 0);
+  if (names == 0 || values == 0)
+    return;
+  ParameterView* view = parameters()->view();
+  view->nameArgIndex = ParameterNames;
+  view->argIndex = ParameterValues;
+  view->initialiseWidget(scriptArgs);
 }
 
 void EditDeviceDialog::load(const QString& title, const QString& caption,
@@ -91,14 +113,18 @@ void EditDeviceDialog::readDialog(UserDataType, bool accepted) {
       selected.isEmpty() ? offered.rowOfName(form.editBox->text()) : selected.first().row();
   const int place = row < 0 ? -1 : offered.place(row);
 
-  char** result = makeStringResult(FirstParameter);
+  ParameterView* view = parameters()->view();
+  const int parameterCount = view->vectorSize();
+  char** result = makeStringResult(FirstParameter + parameterCount);
   if (!result)
     return;
   // A name on offer goes back byte for byte, even one that is no valid text.
   result[Name] = selected.isEmpty() ? hostString(form.editBox->text())
                                     : hostString(YString(names[place]).c_str());
   result[Index] = hostString(YString(place).c_str());
-  result[ParameterCount] = hostString("0");
+  result[ParameterCount] = hostString(YString(parameterCount).c_str());
+  UserReturnData values{result + FirstParameter, UserString, unsigned(parameterCount)};
+  view->readWidget(&values, scriptArgs);
 }
 
 void EditDeviceDialog::editBox_textChanged(const QString& text) {
@@ -106,6 +132,11 @@ void EditDeviceDialog::editBox_textChanged(const QString& text) {
     return;
   const QScopedValueRollback<bool> guard(listUpdating, true);
   selectRow(offered.firstRowBeginningWith(text));
+}
+
+void EditDeviceDialog::parametersButton_clicked() {
+  if (parameters())
+    parameters()->exec();
 }
 
 void EditDeviceDialog::editBox_down() {
@@ -139,4 +170,8 @@ void EditDeviceDialog::selectRow(int row) {
     form.listBox->clearSelection(); // a name of the user's own
   else
     form.listBox->setCurrentRow(row);
+}
+
+ParametersDialog* EditDeviceDialog::parameters() const {
+  return dialogData ? static_cast<EditDeviceDialogData*>(dialogData.get())->parameters : nullptr;
 }
