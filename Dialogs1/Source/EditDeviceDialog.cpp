@@ -62,7 +62,6 @@ void EditDeviceDialog::initialiseDialog() {
   }
   start(name, name.isEmpty() ? -1 : offered.firstRowBeginningWith(name));
   loadParameters();
-  dimsSavingEnabled = true;
 }
 
 void EditDeviceDialog::loadParameters() {
@@ -82,6 +81,7 @@ void EditDeviceDialog::loadParameters() {
 
 void EditDeviceDialog::load(const QString& title, const QString& caption,
                             OfferedNames::Order order) {
+  dimsSavingEnabled = true;
   setWindowTitle(shownCaption(title));
   captionField(form.label, form.editBox, caption);
   form.listBox->setAccessibleName(form.editBox->accessibleName());

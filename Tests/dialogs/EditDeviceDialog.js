@@ -129,6 +129,8 @@ equal(box([["x", "x"], ["x", "X", "x"]], d => { d.click(list, 0); d.accept(); })
 const long = "x".repeat(1e6);
 equal(box([["q", "", long, long], ["q"]], d => d.accept()), texts("q", "0", "0"));
 
+equal(box([[long], ["q"]], d => d.accept()), texts(long, "-1", "0"), "the box cuts no name");
+
 const many = Array.from({ length: 100000 }, (_, i) => `M${(i * 7919) % 100000}`);
 equal(box([["M99999"], many, many, many], d => {
   d.key(edit, "Backspace");
