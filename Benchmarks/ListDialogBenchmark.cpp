@@ -13,6 +13,13 @@ std::string textOf(int64_t row) {
   return "V(net_" + std::to_string(row) + ")";
 }
 
+std::vector<QByteArray> scriptTexts(int64_t count) {
+  std::vector<QByteArray> made;
+  for (int64_t row = 0; row < count; ++row)
+    made.push_back(QByteArray::fromStdString(textOf(row)));
+  return made;
+}
+
 /// `uniform`: the view is told that its rows are of one size, as few programs do.
 void bareList(benchmark::State& state, bool uniform) {
   QStringList texts;
@@ -32,11 +39,19 @@ void bareList(benchmark::State& state, bool uniform) {
 
 void addRemoveDialog(benchmark::State& state) {
   const FunctionInfo* function = functionTable().find(QStringLiteral("AddRemoveDialog"));
-  std::vector<QByteArray> texts;
-  for (int64_t row = 0; row < state.range(0); ++row)
-    texts.push_back(QByteArray::fromStdString(textOf(row)));
   const std::vector<ScriptVector> arguments{ScriptVector::ofStrings({"V(out)"}),
-                                            ScriptVector::ofStrings(texts)};
+                                            ScriptVector::ofStrings(scriptTexts(state.range(0)))};
+  for (auto _ : state)
+    state.SetIterationTime(
+        PaintedDialogs::secondsToPaint([&] { callHandler(*function, arguments); }));
+}
+
+/// `word`: "sorted", or nothing.
+void selectDialog(benchmark::State& state, const char* word) {
+  const FunctionInfo* function = functionTable().find(QStringLiteral("SelectDialog"));
+  const std::vector<ScriptVector> arguments{
+      ScriptVector::ofStrings({"Select Net", "Net:", "Single", word}),
+      ScriptVector::ofStrings(scriptTexts(state.range(0)))};
   for (auto _ : state)
     state.SetIterationTime(
         PaintedDialogs::secondsToPaint([&] { callHandler(*function, arguments); }));
@@ -78,42 +93,19 @@ void manageDataGroupsDialog(benchmark::State& state) {
         PaintedDialogs::secondsToPaint([&] { callHandler(*function, arguments); }));
 }
 
-BENCHMARK_CAPTURE(bareList, plain, false)
-    ->Arg(10000)
-    ->Arg(100000)
-    ->Unit(benchmark::kMillisecond)
-    ->MinTime(2)
-    ->UseManualTime();
-BENCHMARK_CAPTURE(bareList, uniform, true)
-    ->Arg(10000)
-    ->Arg(100000)
-    ->Unit(benchmark::kMillisecond)
-    ->MinTime(2)
-    ->UseManualTime();
-BENCHMARK(addRemoveDialog)
-    ->Arg(10000)
-    ->Arg(100000)
-    ->Unit(benchmark::kMillisecond)
-    ->MinTime(2)
-    ->UseManualTime();
-BENCHMARK_CAPTURE(bareTree, plain, false)
-    ->Arg(10000)
-    ->Arg(100000)
-    ->Unit(benchmark::kMillisecond)
-    ->MinTime(2)
-    ->UseManualTime();
-BENCHMARK_CAPTURE(bareTree, uniform, true)
-    ->Arg(10000)
-    ->Arg(100000)
-    ->Unit(benchmark::kMillisecond)
-    ->MinTime(2)
-    ->UseManualTime();
-BENCHMARK(manageDataGroupsDialog)
-    ->Arg(10000)
-    ->Arg(100000)
-    ->Unit(benchmark::kMillisecond)
-    ->MinTime(2)
-    ->UseManualTime();
+/// The lengths, and the clock that stands still outside the dialog.
+void inLengths(benchmark::internal::Benchmark* benchmark) {
+  benchmark->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->MinTime(2)->UseManualTime();
+}
+
+BENCHMARK_CAPTURE(bareList, plain, false)->Apply(inLengths);
+BENCHMARK_CAPTURE(bareList, uniform, true)->Apply(inLengths);
+BENCHMARK(addRemoveDialog)->Apply(inLengths);
+BENCHMARK_CAPTURE(selectDialog, asGiven, "")->Apply(inLengths);
+BENCHMARK_CAPTURE(selectDialog, sorted, "sorted")->Apply(inLengths);
+BENCHMARK_CAPTURE(bareTree, plain, false)->Apply(inLengths);
+BENCHMARK_CAPTURE(bareTree, uniform, true)->Apply(inLengths);
+BENCHMARK(manageDataGroupsDialog)->Apply(inLengths);
 
 } // namespace
 

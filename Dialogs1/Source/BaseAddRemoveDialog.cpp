@@ -29,14 +29,6 @@ void putCursor(QListWidget* list, int row) {
   list->setCurrentRow(std::min(row, list->count() - 1), QItemSelectionModel::NoUpdate);
 }
 
-QStringList textsOf(const char* const* texts, unsigned count) {
-  QStringList list;
-  list.reserve(static_cast<int>(count));
-  for (unsigned i = 0; i < count; ++i)
-    list.append(textAt(texts, count, i));
-  return list;
-}
-
 void setTitle(QGroupBox* box, QListWidget* list, const QString& title) {
   if (title.isEmpty())
     return;
