@@ -2,7 +2,9 @@
 
 #include "HostSupport/Files.h"
 
-#include <QDir>
+#include <QDirIterator>
+
+#include <algorithm>
 
 TreePath cutTreePath(const YString& path) {
   YString plain = sp_ConvertLocalToUnix(path);
@@ -23,9 +25,13 @@ std::vector<Subdirectory> subdirectoriesOf(const QString& path, bool* readable) 
   std::vector<Subdirectory> found;
   if (!*readable)
     return found;
-  const QFileInfoList entries = directory.entryInfoList();
-  found.reserve(static_cast<std::size_t>(entries.size()));
-  for (const QFileInfo& entry : entries)
-    found.push_back({entry.fileName(), entry.isSymLink()});
+  for (QDirIterator entry(directory); entry.hasNext();) {
+    entry.next();
+    found.push_back({entry.fileName(), entry.fileInfo().isSymLink()});
+  }
+  std::sort(found.begin(), found.end(), [](const Subdirectory& left, const Subdirectory& right) {
+    const int order = left.name.compare(right.name, Qt::CaseInsensitive);
+    return order < 0 || (order == 0 && left.name < right.name);
+  });
   return found;
 }
