@@ -167,6 +167,23 @@ TEST(CurveFit, takesEveryCurve) {
   }
 }
 
+TEST(CurveFit, keepsCornersApart) {
+  // Where the best corridor leaves no choice two corners may fall into one.
+  const std::pair<std::vector<double>, int> cases[] = {
+      {{3, 1, 1, 0, 2, 2, 1}, 5}, {{3, 0, 2, 0, 2, 1, 1}, 4},          {{1, 0, 0, 2, 2, 1}, 4},
+      {{2, 3, 3, 1, 3, 3, 2}, 5}, {{3, 2, 3, 0, 3, 2, 0, 0, 2, 2}, 6},
+  };
+  for (const auto& [heights, segments] : cases) {
+    Curve curve;
+    for (const double y : heights)
+      curve.push_back({double(curve.size()), y});
+    const Curve fit = fitPolyline(curve, segments);
+    ASSERT_EQ(fit.size(), static_cast<std::size_t>(segments + 1));
+    for (std::size_t i = 1; i < fit.size(); ++i)
+      EXPECT_GT(fit[i].x - fit[i - 1].x, 1e-6) << segments << ", " << i;
+  }
+}
+
 TEST(CurveFit, survivesExtremes) {
   // Magnitudes from denormal to the largest, steps and needles, at every number of segments.
   std::mt19937 random(22);

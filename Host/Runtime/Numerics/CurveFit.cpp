@@ -157,13 +157,10 @@ public:
 
   Line extreme(Side touched) const { return *m_extremes[touched]; }
 
-  /// A line halfway between the extreme ones, which all meet in `end`.
-  Line middle(const CurvePoint& end) const {
-    const std::optional<Line>& lower = m_extremes[Lower];
-    const std::optional<Line>& upper = m_extremes[Upper];
-    if (lower && upper)
-      return {end, (lower->slope + upper->slope) / 2};
-    return {end, lower ? lower->slope : upper ? upper->slope : 0};
+  /// A line to the end, where all extreme ones meet.
+  Line last(const CurvePoint& end) const {
+    const std::optional<Line>& line = m_extremes[m_extremes[Lower] ? Lower : Upper];
+    return {end, line ? line->slope : 0};
   }
 
 private:
@@ -201,7 +198,7 @@ std::optional<Curve> threaded(const Curve& curve, double distance, std::size_t m
     std::optional<Side> barred;
     while (i < curve.size() && !(barred = sight.barred(i)))
       sight.advance(i++);
-    const Line line = barred ? sight.extreme(opposite(*barred)) : sight.middle(curve.back());
+    const Line line = barred ? sight.extreme(opposite(*barred)) : sight.last(curve.back());
     if (links > 1)
       corners.push_back(crossing(previous, line, left, right));
     if (!barred) {
@@ -235,7 +232,7 @@ Curve withLeastSlope(const Curve& corners, double slope) {
       continue;
     if (made.back().x < corners[i - 1].x)
       put(i, reached);
-    reached = std::min(height(corners[i]), top);
+    reached = height(corners[i]);
     reached < top ? made.push_back(corners[i]) : put(i, top);
   }
   if (made.back().x >= corners.back().x)

@@ -17,7 +17,7 @@ public:
     if (m_next == 0)
       return {x, m_points.front().y};
     const CurvePoint& before = m_points[m_next - 1];
-    if (m_next == m_points.size() || before.x == x)
+    if (m_next == m_points.size())
       return {x, before.y};
     return {x, valueOnLine(before, m_points[m_next], x)};
   }
