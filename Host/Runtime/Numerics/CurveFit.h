@@ -6,9 +6,10 @@
 /// ones through its first and last point, the one whose greatest vertical distance from it,
 /// anywhere along it, is the smallest.
 ///
-/// The inner corners are free in x and y, except that none is placed between the first two or the
-/// last two points of the curve: it could only be the edge of a step. The distance is the smallest
-/// there is to about 1 in 10^10, and no local optimum.
+/// The inner corners are free in x and y. Over the first and the last interval of the curve the
+/// distance allowed shrinks evenly to nothing at the end point, else the closest polyline could
+/// begin or end with a step. The distance is the smallest there is to about 1 in 10^10, and no
+/// local optimum.
 ///
 /// Why the greatest distance and not the sum of squares: it bounds the error at every single
 /// voltage or current, and its optimum over free corners can be found, while the sum of squares has
