@@ -130,6 +130,12 @@ void AddPropertyDialog::letOnlyLook() {
   form.protectedLabel->show();
 }
 
+void AddPropertyDialog::fixName() {
+  form.textLabel1->setEnabled(false);
+  form.nameEdit->setEnabled(false);
+  form.valueEdit->setFocus(Qt::TabFocusReason);
+}
+
 void AddPropertyDialog::fontStyleCombo_highlighted(int) {}
 
 void AddPropertyDialog::cbDefault_clicked() {
@@ -197,6 +203,7 @@ bool editProperty(QWidget* over, PropertyRecord* property) {
   dialog.setWindowTitle(AddPropertyDialog::tr("Edit Property"));
   dialog.prepareDialog(nullptr, UserString);
   dialog.loadProperty(property);
+  dialog.fixName();
   if (dialog.exec() != QDialog::Accepted)
     return false;
   dialog.readProperty(property);

@@ -33,6 +33,8 @@ public:
 
   /// Takes over what is shown. Bits of the flags that are not shown stay.
   void readProperty(PropertyRecord* property) const;
+  /// The name is not the user's to change; they start at the value.
+  void fixName();
 
 protected:
   /// Fills `record` with the arguments that mean the same in all property dialogs.
@@ -51,6 +53,6 @@ private:
   bool isInstance = false;
 };
 
-/// Edits a property over another dialog. On OK its value, name, flags and font style are updated,
-/// and true is returned; on cancel it stays as it was.
+/// Edits a property over another dialog, all but its name. On OK its value, flags and font style
+/// are updated, and true is returned; on cancel it stays as it was.
 bool editProperty(QWidget* over, PropertyRecord* property);

@@ -14,15 +14,12 @@ int EditPropertyDialog::helpContextId() {
 void EditPropertyDialog::loadProperty(PropertyRecord* property) {
   AddPropertyDialog::loadProperty(property);
   setWindowTitle(tr("Edit Property"));
-  form.textLabel1->setEnabled(false);
-  form.nameEdit->setEnabled(false);
+  fixName();
 
   const PropertyAttributes attributes = readPropertyFlags(property->flags);
   // Of a property that may only be looked at there is nothing but to close the box.
-  QWidget* first = form.valueEdit;
   if (property->isInstance && attributes.isProtected)
-    first = form.cancelButton;
-  first->setFocus(Qt::TabFocusReason);
+    form.cancelButton->setFocus(Qt::TabFocusReason);
 
   if (attributes.staysHidden) {
     form.cbHidden->setChecked(true);
