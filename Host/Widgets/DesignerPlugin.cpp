@@ -6,6 +6,7 @@
 #include "HostWidgets/EditBox.h"
 #include "HostWidgets/GroupBox.h"
 #include "HostWidgets/Label.h"
+#include "HostWidgets/Plotter.h"
 #include "HostWidgets/RadioButton.h"
 #include "HostWidgets/RadioGroup.h"
 #include "HostWidgets/Spinner.h"
@@ -54,6 +55,8 @@ constexpr WidgetKind kinds[] = {
      false, make<OkButton>},
     {"CancelButton", "Buttons.h", "cancelButton", TEXT_PROPERTY("text", "Cancel"),
      "Button that leaves a dialog without a result", false, make<CancelButton>},
+    {"Plotter", "Plotter.h", "plotter", "", "Curves over a grid, with zoom and a read-out", false,
+     make<Plotter>},
 };
 
 #undef TEXT_PROPERTY
