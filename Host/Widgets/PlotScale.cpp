@@ -15,6 +15,7 @@ constexpr double narrowest = 1e-300;
 constexpr double relativeWidth = 1e-12; ///< ends nearer to each other are one value, rounded
 constexpr double roundingError = 1e-6;  ///< of a step
 constexpr unsigned mostLines = 500;     ///< more could not be told apart
+constexpr unsigned mostMinorLines = 50;
 constexpr int suitableMinorSteps = 5;
 
 double decadeOf(double value) {
@@ -30,7 +31,7 @@ bool isRoundDivision(const PlotRange& range, double step) {
   return isWhole(step / std::pow(10, decadeOf(step) - 1)) && isWhole(range.low / step);
 }
 
-/// `steps` to a range need this one, between the multiples that enclose it.
+/// How many steps there are between the multiples of `step` that enclose the range.
 double stepsOver(const PlotRange& range, double step) {
   return QwtScaleArithmetic::ceilEps(range.high, step) / step -
          QwtScaleArithmetic::floorEps(range.low, step) / step;
@@ -75,7 +76,7 @@ PlotTicks plotTicks(const PlotRange& range, unsigned lines, unsigned minorLines)
   // It takes the next larger round step, which may be two and a half times as large.
   const int most = isExact ? lines + 1 : (lines + 1) * 3 / 2;
   const int minorSteps =
-      minorLines == 0 ? suitableMinorSteps : int(std::min(minorLines, mostLines)) + 1;
+      minorLines == 0 ? suitableMinorSteps : int(std::min(minorLines, mostMinorLines)) + 1;
   const QwtScaleDiv division = QwtLinearScaleEngine().divideScale(
       inUnits.low, inUnits.high, most, minorSteps, isExact ? exact : 0.0);
   ticks.major = division.ticks(QwtScaleDiv::MajorTick);

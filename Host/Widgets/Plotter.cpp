@@ -121,7 +121,8 @@ void Plotter::setCurveData(int index, const double* x, const double* y, qint64 c
 }
 
 void Plotter::setMargins(int left, int top, int right, int bottom) {
-  d->margins = QMargins(left, top, right, bottom);
+  const auto usable = [](int margin) { return std::clamp(margin, 0, QWIDGETSIZE_MAX); };
+  d->margins = QMargins(usable(left), usable(top), usable(right), usable(bottom));
   d->redraw();
 }
 

@@ -74,7 +74,8 @@ TEST(PlotScale, LinesStandWhereTheyWereAskedForOrAtRoundValues) {
     EXPECT_EQ(texts(ticks.major, ticks.step).toStdString(), row.expected)
         << row.low << " to " << row.high;
   }
-  EXPECT_EQ(plotTicks({0, 4e-6}, 3, 0).minor.size(), 16) << "four between two, in any decade";
+  for (const double unit : {1e-6, 1.0, 1e-30, 1e-290, 1e290})
+    EXPECT_EQ(plotTicks({0, 4 * unit}, 3, 0).minor.size(), 16) << "four between two of " << unit;
   EXPECT_EQ(plotTicks({0, 4e-12}, 3, 1).minor.size(), 4);
 }
 

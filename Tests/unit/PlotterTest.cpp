@@ -150,6 +150,10 @@ TEST_F(PlotterTest, MouseZooms) {
   EXPECT_NEAR(plotter.xMinimum(), 20, 0.6);
   EXPECT_NEAR(plotter.xMaximum(), 60, 0.6);
   EXPECT_EQ(plotter.yMaximum(), 10);
+  plotter.setYRange(1.0 / 3, 0.7 / 3);
+  const double top = plotter.yMaximum();
+  drag(at(20, 5), at(60, 5)); // the other direction is left as it is, to the last digit
+  EXPECT_EQ(plotter.yMaximum(), top);
   plotter.resetZoom();
   drag(at(50, 2), at(51, 8)); // narrow
   EXPECT_EQ(plotter.xMaximum(), 100);
@@ -329,7 +333,7 @@ TEST_F(PlotterTest, NothingHandedInHurts) {
       ASSERT_TRUE(std::isfinite(plotter.xMinimum()) && std::isfinite(plotter.yMaximum()));
       ASSERT_LT(plotter.xMinimum(), plotter.xMaximum());
     }
-  for (const int margin : {0, -50, 5000}) {
+  for (const int margin : {0, -50, 5000, std::numeric_limits<int>::max()}) {
     plotter.setMargins(margin, margin, margin, margin);
     picture();
     drag(QPoint(1, 1), QPoint(200, 100));
