@@ -79,6 +79,25 @@ std::size_t PlotCurve::columnEnd(std::size_t from, std::size_t end, const QwtSca
          first;
 }
 
+void PlotCurve::keepColumn(std::size_t begin, std::size_t end, const QwtScaleMap& x,
+                           const QwtScaleMap& y, QPolygonF* path) const {
+  const auto [lowest, highest] =
+      std::minmax_element(m_points.begin() + begin, m_points.begin() + end,
+                          [](const QPointF& a, const QPointF& b) { return a.y() < b.y(); });
+  const auto row = [&](std::size_t index) { return pixel(y, m_points[index].y()); };
+  const std::size_t low = lowest - m_points.begin();
+  const std::size_t high = highest - m_points.begin();
+  const auto [upper, lower] = std::minmax({row(begin), row(end - 1)});
+  // A peak that leans within its column would be drawn pale.
+  const bool hasPeak = row(low) > lower + 1 || row(high) < upper - 1;
+  std::size_t kept[] = {begin, std::min(low, high), std::max(low, high), end - 1};
+  const std::size_t* keptEnd = std::unique(kept, std::end(kept));
+  for (const std::size_t* index = kept; index != keptEnd; ++index) {
+    const double column = pixel(x, m_points[*index].x());
+    append(path, {hasPeak ? std::round(column) : column, row(*index)});
+  }
+}
+
 std::vector<QPolygonF> PlotCurve::paths(const QwtScaleMap& x, const QwtScaleMap& y,
                                         const QRectF& area) const {
   std::size_t begin = 0;
@@ -100,18 +119,7 @@ std::vector<QPolygonF> PlotCurve::paths(const QwtScaleMap& x, const QwtScaleMap&
     QPolygonF path;
     while (begin < stretchEnd) {
       const std::size_t behind = columnEnd(begin, stretchEnd, x);
-      const auto [lowest, highest] =
-          std::minmax_element(m_points.begin() + begin, m_points.begin() + behind,
-                              [](const QPointF& a, const QPointF& b) { return a.y() < b.y(); });
-      std::size_t kept[] = {begin, std::size_t(std::min(lowest, highest) - m_points.begin()),
-                            std::size_t(std::max(lowest, highest) - m_points.begin()), behind - 1};
-      const std::size_t* keptEnd = std::unique(kept, std::end(kept));
-      // A peak that leans within its column would be drawn pale.
-      const bool isCrowded = behind - begin > 2;
-      for (const std::size_t* index = kept; index != keptEnd; ++index) {
-        const double at = pixel(x, m_points[*index].x());
-        append(&path, {isCrowded ? std::round(at) : at, pixel(y, m_points[*index].y())});
-      }
+      keepColumn(begin, behind, x, y, &path);
       begin = behind;
     }
     snap(&path);

@@ -26,6 +26,8 @@ public:
 
 private:
   std::size_t columnEnd(std::size_t from, std::size_t end, const QwtScaleMap& x) const;
+  void keepColumn(std::size_t begin, std::size_t end, const QwtScaleMap& x, const QwtScaleMap& y,
+                  QPolygonF* path) const;
 
   std::vector<QPointF> m_points;     ///< finite ones only
   std::vector<std::size_t> m_starts; ///< of the stretches, ascending

@@ -271,6 +271,16 @@ TEST_F(PlotCurveTest, StepsStandOnWholePixels) {
   for (int i = 1; i < climb.size(); ++i)
     steps += std::abs(climb[i].y() - climb[i - 1].y()) > 0.1;
   EXPECT_EQ(steps, 0);
+  // Nor is a dense slope a staircase.
+  xs.clear();
+  ys.clear();
+  for (int i = 0; i <= 20000; ++i) {
+    xs.push_back(i / 20000.0);
+    ys.push_back(xs.back());
+  }
+  const QPolygonF slope = paths(xs, ys).at(0);
+  for (const QPointF& point : slope)
+    EXPECT_NEAR(point.y(), (height - 1) * (1 - point.x() / (width - 1)), 0.01);
 }
 
 } // namespace

@@ -86,10 +86,11 @@ TEST_F(PlotterTest, OnePeakOfAMillionPointsIsSeen) {
   std::vector<double> points;
   for (int i = 0; i < 1000000; ++i)
     points.insert(points.end(), {i * 1e-4, i == 654321 ? 9.0 : 2.0});
-  plotter.setCurveData(0, points, QPen(Qt::red, 3));
+  plotter.setCurveData(0, points, QPen(Qt::red));
   const QPoint peak = at(65.4321, 9);
-  EXPECT_GE(count(Qt::red, QRect(peak.x() - 2, at(0, 8.9).y(), 5, 60)), 120);
+  EXPECT_GE(count(Qt::red, QRect(peak.x() - 2, at(0, 8.9).y(), 5, 60)), 55) << "not pale";
   EXPECT_GE(count(Qt::red, QRect(20, at(0, 2).y() - 1, 200, 3)), 190) << "and the rest";
+  plotter.setCurveData(0, points, QPen(Qt::red, 3));
   plotter.setXRange(65.4320, 65.4322); // the peak and its neighbours at the ends
   EXPECT_GE(count(Qt::red, QRect(20, at(0, 8.9).y(), 201, 8)), 8);
   plotter.setCurveData(0, {}, QPen());
@@ -150,10 +151,15 @@ TEST_F(PlotterTest, MouseZooms) {
   EXPECT_NEAR(plotter.xMinimum(), 20, 0.6);
   EXPECT_NEAR(plotter.xMaximum(), 60, 0.6);
   EXPECT_EQ(plotter.yMaximum(), 10);
-  plotter.setYRange(1.0 / 3, 0.7 / 3);
-  const double top = plotter.yMaximum();
-  drag(at(20, 5), at(60, 5)); // the other direction is left as it is, to the last digit
-  EXPECT_EQ(plotter.yMaximum(), top);
+  for (int i = 1; i < 30; ++i) { // the other direction is left as it is, to the last digit
+    plotter.setXRange(0, 100);
+    plotter.setYRange(1.0 / i, 7.0 / 3 * i);
+    const double bottom = plotter.yMinimum();
+    const double top = plotter.yMaximum();
+    drag(at(20, 5), at(60, 5));
+    EXPECT_EQ(plotter.yMinimum(), bottom);
+    EXPECT_EQ(plotter.yMaximum(), top);
+  }
   plotter.resetZoom();
   drag(at(50, 2), at(51, 8)); // narrow
   EXPECT_EQ(plotter.xMaximum(), 100);
