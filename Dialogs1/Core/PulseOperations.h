@@ -16,7 +16,7 @@ public:
   virtual bool isFinished() const = 0;
 };
 
-/// A train of pulses; behind its end the output is what it was.
+/// A train of pulses on one output.
 struct PulseTrain {
   double start = 0;
   double width = 0; ///< of the high state

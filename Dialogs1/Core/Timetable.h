@@ -1,5 +1,6 @@
 #pragma once
 
+#include "HostSupport/DigitalSource.h"
 #include "HostSupport/YString.h"
 
 #include <QStringList>
@@ -16,7 +17,7 @@ struct Timetable {
   std::size_t rows() const { return times.size(); }
   const unsigned char* row(std::size_t index) const { return states.data() + index * width(); }
   unsigned char* row(std::size_t index) { return states.data() + index * width(); }
-  /// Adds a row at the end; `rowStates` may be a row of this table.
+  /// Adds a row at the end; `rowStates` is not of this table.
   void append(double time, const unsigned char* rowStates);
 
 private:
@@ -51,14 +52,14 @@ struct StateChoice {
   const char* name;
   unsigned char code;
 };
-extern const StateChoice stateChoices[12];
+extern const StateChoice stateChoices[digitalStateCount];
 
 /// Round end of an axis of time from 0, and into how many parts it is divided.
 struct AxisEnd {
   double end;
   int divisions;
 };
-/// The end for a table whose last time this is; at or above it.
+/// The end for a table whose last time this is. It is below the time by a millionth of it at most.
 AxisEnd axisEnd(double lastTime);
 
 /// Lets the last states hold until `end`: adds a row there if the table stops before.
