@@ -1,5 +1,6 @@
 #include "DigitalSourceDialog.h"
 
+#include "HostSupport/Arguments.h"
 #include "HostSupport/DigitalSource.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "ListRows.h"
@@ -18,7 +19,6 @@ namespace {
 
 constexpr QChar nameSeparator = QLatin1Char('|');
 constexpr int sheetArgument = 1;
-constexpr int outputsOnly = 2;
 
 unsigned char stateOf(const QComboBox* combo) {
   return stateChoices[std::max(combo->currentIndex(), 0)].code;
@@ -28,15 +28,15 @@ unsigned char stateOf(const QComboBox* combo) {
 
 DigitalSourceDialog::DigitalSourceDialog()
     : KelvarinDialog(nullptr, "DigitalSourceDialog", true, {}),
-      analogSheet(this, sheetArgument, outputsOnly), namesResult(this, 0),
-      definitionResult(this, 1),
-      strips((form.setupUi(this), form.plotterLayout)) {
-  form.tabWidget->insertTab(1, &analogSheet, tr("Analog Interface"));
-  form.definitionTextBox->setUndoRedoEnabled(true);
+      analogSheet(this, sheetArgument, LogicAnalogInterfaceSheet::Sides::Outputs),
+      namesResult(this, 0), definitionResult(this, 1) {
+  form.setupUi(this);
   for (QComboBox* combo : {form.highStateCombo, form.lowStateCombo})
     for (const StateChoice& choice : stateChoices)
       combo->addItem(QString::fromLatin1(choice.name));
   form.highStateCombo->setCurrentIndex(1);
+  form.tabWidget->insertTab(1, &analogSheet, tr("Analog Interface"));
+  strips = std::make_unique<StateStrips>(form.plotterLayout);
   // Names go to the script with bars between.
   form.outputNameEdit->setValidator(new QRegularExpressionValidator(
       QRegularExpression(QStringLiteral("[^|]*")), form.outputNameEdit));
@@ -97,8 +97,7 @@ QStringList DigitalSourceDialog::names() const {
 }
 
 int DigitalSourceDialog::selectedOutput() const {
-  const QModelIndexList selected =
-      form.outputNamesListBox->selectionModel()->selectedIndexes();
+  const QModelIndexList selected = form.outputNamesListBox->selectionModel()->selectedIndexes();
   return selected.isEmpty() ? -1 : selected.first().row();
 }
 
@@ -137,16 +136,16 @@ bool DigitalSourceDialog::refusesName(const char* title, const char* text) {
 void DigitalSourceDialog::updatePlot(Remember what) {
   Timetable table;
   const bool isRead = readDefinition(&table);
-  if (isRead && (what == Remember::Everything ||
-                 (what == Remember::WhatChanged && history.isChanged(table))))
+  if (isRead &&
+      (what == Remember::Everything || (what == Remember::WhatChanged && history.isChanged(table))))
     history.push({table, names()});
   const bool isEmpty = !isRead || table.outputs == 0 || table.rows() == 0;
   form.plotLabel0->setVisible(isEmpty);
   form.plotter0->setVisible(isEmpty);
   if (isEmpty)
-    strips.clear();
+    strips->clear();
   else
-    strips.draw(table, names());
+    strips->draw(table, names());
 }
 
 void DigitalSourceDialog::addButton_clicked() {
@@ -173,4 +172,124 @@ void DigitalSourceDialog::cloneButton_clicked() {
   cloneOutput(&table, output);
   appendName();
   finish(table);
+}
+
+void DigitalSourceDialog::appendName() {
+  form.outputNamesListBox->addItem(form.outputNameEdit->text());
+  form.outputNamesListBox->setCurrentRow(form.outputNamesListBox->count() - 1);
+  makeRowsUniform(form.outputNamesListBox);
+  form.outputNameEdit->clear();
+}
+
+void DigitalSourceDialog::removeButton_clicked() {
+  const int output = selectedOutput();
+  Timetable table;
+  if (output < 0) {
+    refuses({"No Output Selected", "Select an output to delete"});
+    return;
+  }
+  if (!readDefinition(&table))
+    return;
+  removeOutput(&table, output);
+  compress(&table);
+  delete form.outputNamesListBox->takeItem(output);
+  form.outputNamesListBox->setCurrentRow(std::min(output, form.outputNamesListBox->count() - 1));
+  finish(table);
+}
+
+void DigitalSourceDialog::renameButton_clicked() {
+  const int output = selectedOutput();
+  if (output < 0) {
+    refuses({"Nothing Selected", "Select an output to rename"});
+    return;
+  }
+  if (refusesName("No Output Name", "Enter a name"))
+    return;
+  form.outputNamesListBox->item(output)->setText(form.outputNameEdit->text());
+  makeRowsUniform(form.outputNamesListBox);
+  strips->rename(output, form.outputNameEdit->text());
+}
+
+void DigitalSourceDialog::moveOutput(int step) {
+  const int output = selectedOutput();
+  const int target = output + step;
+  Timetable table;
+  if (output < 0 || target < 0 || target >= form.outputNamesListBox->count() ||
+      !readDefinition(&table))
+    return;
+  swapOutputs(&table, output, target);
+  form.outputNamesListBox->insertItem(target, form.outputNamesListBox->takeItem(output));
+  form.outputNamesListBox->setCurrentRow(target);
+  finish(table);
+}
+
+void DigitalSourceDialog::singlePulseAddButton_clicked() {
+  const double width = form.singlePulseWithEdit->value();
+  if (!refuses(checkSinglePulse(width)))
+    addPulses(singlePulse(width, form.singlePulseAtEdit->value()));
+}
+
+void DigitalSourceDialog::repetitiveAddButton_clicked() {
+  PulseTrain train;
+  train.start = form.repetitiveStartEdit->value();
+  train.width = form.repetitivePulseWidthEdit->value();
+  train.period = form.repetitivePeriodEdit->value();
+  train.end = form.repetitiveEndEdit->value();
+  addPulses(train);
+}
+
+void DigitalSourceDialog::addPulses(PulseTrain train) {
+  train.high = stateOf(form.highStateCombo);
+  train.low = stateOf(form.lowStateCombo);
+  train.output = selectedOutput();
+  Timetable table;
+  if (refuses(checkPulseTrain(train)) || !readDefinition(&table))
+    return;
+  PulseOperationRepetitive pulses(train);
+  applyPulseOperation(&table, pulses);
+  finish(table);
+}
+
+void DigitalSourceDialog::timeShiftApplyButton_clicked() {
+  Timetable table;
+  if (refuses(checkTimeShift(selectedOutput())) || !readDefinition(&table))
+    return;
+  PulseOperationDelay delay(table, selectedOutput(), form.timeShiftEdit->value());
+  applyPulseOperation(&table, delay);
+  finish(table);
+}
+
+void DigitalSourceDialog::clear(const QComboBox* state) {
+  Timetable table;
+  if (refuses(checkClear(selectedOutput())) || !readDefinition(&table))
+    return;
+  clearOutput(&table, selectedOutput(), stateOf(state));
+  compress(&table);
+  finish(table);
+}
+
+void DigitalSourceDialog::updateButton_clicked() {
+  // A definition from elsewhere brings outputs that nobody has named yet.
+  if (form.outputNamesListBox->count() == 0) {
+    QStringList texts;
+    const int columns = DigitalSource::GetNumColumns(Tocs(form.definitionTextBox->toPlainText()));
+    for (int column = 0; column < columns; ++column)
+      texts.append(QStringLiteral("OUT%1").arg(column));
+    form.outputNamesListBox->addItems(texts);
+    makeRowsUniform(form.outputNamesListBox);
+  }
+  updatePlot(Remember::WhatChanged);
+}
+
+void DigitalSourceDialog::undoButton_clicked() {
+  const TimetableSnapshot* before = history.undo();
+  if (!before)
+    return;
+  const int output = selectedOutput();
+  form.outputNamesListBox->clear();
+  form.outputNamesListBox->addItems(before->names);
+  makeRowsUniform(form.outputNamesListBox);
+  form.outputNamesListBox->setCurrentRow(std::min(output, before->names.size() - 1));
+  writeDefinition(before->table);
+  updatePlot(Remember::Nothing);
 }

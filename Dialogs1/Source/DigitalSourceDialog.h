@@ -36,9 +36,9 @@ private:
   void updateButton_clicked();
   void undoButton_clicked();
 
+  void appendName(); ///< of a new output, which is selected
   /// Adds the pulses to the output that is selected.
   void addPulses(PulseTrain train);
-  void apply(PulseOperationAbstract* operation);
   /// Reads the definition; says so, and is false, where it cannot be read.
   bool readDefinition(Timetable* table);
   void writeDefinition(const Timetable& table);
@@ -53,6 +53,6 @@ private:
   Ui::DigitalSourceDialog form;
   DummyWidget namesResult;
   DummyWidget definitionResult;
-  StateStrips strips;
+  std::unique_ptr<StateStrips> strips;
   TimetableHistory history;
 };
