@@ -18,13 +18,7 @@ public:
   using QStyledItemDelegate::QStyledItemDelegate;
 
   QString displayText(const QVariant& value, const QLocale&) const override {
-    QString text = value.toString();
-    if (text.size() > longestShown)
-      text = text.left(longestShown) + QChar(0x2026);
-    for (QChar& character : text)
-      if (character == QLatin1Char('\n') || character == QLatin1Char('\r'))
-        character = QLatin1Char(' '); // a row is one line high
-    return text;
+    return rowText(value.toString());
   }
 
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
@@ -61,6 +55,15 @@ QString widestText(const QListWidget* list, const RowDelegate* delegate) {
 }
 
 } // namespace
+
+QString rowText(QString text) {
+  if (text.size() > longestShown)
+    text = text.left(longestShown) + QChar(0x2026);
+  for (QChar& character : text)
+    if (character == QLatin1Char('\n') || character == QLatin1Char('\r'))
+      character = QLatin1Char(' '); // a row is one line high
+  return text;
+}
 
 void makeRowsUniform(QListWidget* list) {
   auto* delegate = dynamic_cast<RowDelegate*>(list->itemDelegate());

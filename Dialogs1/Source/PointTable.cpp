@@ -1,6 +1,7 @@
 #include "PointTable.h"
 
 #include "CellBlock.h"
+#include "ListRows.h"
 #include "PWLTableItems.h"
 
 #include <QAction>
@@ -9,12 +10,50 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QStyledItemDelegate>
 
 #include <algorithm>
+#include <cstdlib>
 
-static constexpr int fewRows = 6;
+namespace {
+
+constexpr int fewRows = 6;
+constexpr int leastContrast = 90; // of lightness, in 255ths
+constexpr int onDark = 180;       // lightness of a colour that is seen there
+constexpr int onLight = 40;
+
+/// Cells have colours of their own, which have to be seen on a dark table as well, and texts of any
+/// length.
+class PointDelegate : public QStyledItemDelegate {
+public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  QString displayText(const QVariant& value, const QLocale&) const override {
+    return rowText(value.toString());
+  }
+
+protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    const QColor ground = option->backgroundBrush.style() == Qt::NoBrush
+                              ? option->palette.color(QPalette::Base)
+                              : option->backgroundBrush.color();
+    const QColor text = option->palette.color(QPalette::Text);
+    const int groundLightness = qGray(ground.rgb());
+    if (std::abs(qGray(text.rgb()) - groundLightness) >= leastContrast)
+      return;
+    const bool isGrey = text.hslHue() < 0;
+    option->palette.setColor(QPalette::Text,
+                             QColor::fromHsl(isGrey ? 0 : text.hslHue(),
+                                             isGrey ? 0 : text.hslSaturation(),
+                                             groundLightness < 128 ? onDark : onLight));
+  }
+};
+
+} // namespace
 
 PointTable::PointTable(QWidget* parent) : QTableWidget(parent) {
+  setItemDelegate(new PointDelegate(this));
   setColumnCount(2);
   setTabKeyNavigation(false);
   setWordWrap(false);
@@ -109,13 +148,19 @@ void PointTable::overwritePoints(const PwlPoints& points) {
 }
 
 void PointTable::setRow(int row, const PwlPoint& point) {
-  setItem(row, 0, new PWLTableItem(point.x));
-  setItem(row, 1, new PWLTableItem(point.y));
+  const QString texts[] = {point.x, point.y};
+  for (int column = 0; column < 2; ++column) {
+    auto* cell = new PWLTableItem(texts[column]);
+    cell->setTextAlignment(Qt::AlignLeft);
+    setItem(row, column, cell);
+  }
 }
 
 void PointTable::fillRow(int row) {
   setRow(row, {});
 }
+
+void PointTable::touchRow(int) {}
 
 bool PointTable::mayDelete() const {
   return completeRows() > limits.least + 1;
@@ -224,7 +269,7 @@ void PointTable::copySelection() const {
   for (int i = 0; i < cells.size(); ++i) {
     if (i > 0)
       text += cells.at(i).row() == cells.at(i - 1).row() ? QLatin1Char('\t') : QLatin1Char('\n');
-    text += cells.at(i).data().toString();
+    text += textAt(cells.at(i).row(), cells.at(i).column());
   }
   if (!cells.isEmpty())
     QGuiApplication::clipboard()->setText(text);
@@ -244,11 +289,13 @@ void PointTable::pasteCells() {
     model()->insertRows(before, newRows);
   for (int row = before; row < rowCount(); ++row)
     fillRow(row);
-  for (int row = 0; row < block.size(); ++row)
+  for (int row = 0; row < block.size(); ++row) {
+    touchRow(top + row);
     for (int column = 0; column < block.at(row).size() && left + column < 2; ++column)
       if (QTableWidgetItem* cell = item(top + row, left + column))
         if (cell->flags() & Qt::ItemIsEditable)
           cell->setText(block.at(row).at(column));
+  }
   if (newRows > 0)
     emit rowsChanged();
 }

@@ -29,7 +29,7 @@ public:
   /// are the table's alone: elsewhere Return and Delete mean what they always do.
   void addRowActions(QWidget* owner);
 
-  QString textAt(int row, int column) const; ///< a missing cell counts as empty
+  virtual QString textAt(int row, int column) const; ///< a missing cell counts as empty
   /// Rows from `first` to the one before the first that has an empty cell.
   int completeRows(int first = 0) const;
   PwlPoints points(int first = 0) const; ///< of the complete rows
@@ -55,7 +55,8 @@ protected:
   void keyPressEvent(QKeyEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
-  virtual void fillRow(int row); ///< gives a new row its cells
+  virtual void fillRow(int row);  ///< gives a new row its cells
+  virtual void touchRow(int row); ///< before the cells of a row are written to
   /// What is held against the limits where rows are to be inserted, and deleted.
   virtual int countForInsert() const { return rowCount(); }
   virtual bool mayDelete() const;
