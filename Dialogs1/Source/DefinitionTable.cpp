@@ -13,6 +13,7 @@ namespace {
 
 constexpr int fileColumn = 2;
 constexpr int measuredRows = 64;
+constexpr int widestTime = 30; // characters
 
 QString textOf(std::string_view bytes) {
   return QString::fromUtf8(bytes.data(), static_cast<int>(bytes.size()));
@@ -45,7 +46,17 @@ void DefinitionTable::setLines(const LineStore& lines, const SyntaxMessages& mes
   }
   for (int row = 0; row < std::min(rowCount(), measuredRows); ++row)
     touchRow(row);
+  fitColumns();
+}
+
+void DefinitionTable::fitColumns() {
+  // The start data line takes its whole row; it and long comments do not push the values away.
+  const int row = startDataRow();
+  clearSpans();
+  if (row >= 0)
+    setSpan(row, 0, 1, columnCount());
   resizeColumnsToContents();
+  setColumnWidth(0, std::min(columnWidth(0), widestTime * fontMetrics().averageCharWidth()));
 }
 
 QString DefinitionTable::textAt(int row, int column) const {
@@ -114,7 +125,6 @@ void DefinitionTable::setStartData(const QString& line) {
   touchRow(row);
   const QSignalBlocker quiet(this);
   setItem(row, 0, new StartDataPWLTableItem(line));
-  resizeColumnToContents(0);
 }
 
 void DefinitionTable::setDataRow(int row, const PwlPoint& point) {
@@ -160,7 +170,7 @@ void DefinitionTable::adaptRow(int row) {
     setCommentRow(row, text, value);
   else
     setDataRow(row, {text, value});
-  resizeColumnsToContents();
+  fitColumns();
 }
 
 void DefinitionTable::touchRow(int row) {

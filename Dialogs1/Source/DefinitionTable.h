@@ -51,6 +51,7 @@ protected:
 
 private:
   bool isPending(int row) const { return m_lineOfRow.value(row, -1) >= 0; }
+  void fitColumns();
   bool isDataPoint(int row) const;
   int startDataRow() const;
   void setDataRow(int row, const PwlPoint& point);

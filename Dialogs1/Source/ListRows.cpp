@@ -1,5 +1,7 @@
 #include "ListRows.h"
 
+#include "HostSupportQt/Text.h"
+
 #include <QApplication>
 #include <QListWidget>
 #include <QStyledItemDelegate>
@@ -11,7 +13,6 @@ namespace {
 
 // Measuring a text costs more than all else that is done for a row, so only the longest are.
 constexpr std::size_t measuredTexts = 50;
-constexpr int longestShown = 1000; // characters
 
 class RowDelegate : public QStyledItemDelegate {
 public:
@@ -55,15 +56,6 @@ QString widestText(const QListWidget* list, const RowDelegate* delegate) {
 }
 
 } // namespace
-
-QString rowText(QString text) {
-  if (text.size() > longestShown)
-    text = text.left(longestShown) + QChar(0x2026);
-  for (QChar& character : text)
-    if (character == QLatin1Char('\n') || character == QLatin1Char('\r'))
-      character = QLatin1Char(' '); // a row is one line high
-  return text;
-}
 
 void makeRowsUniform(QListWidget* list) {
   auto* delegate = dynamic_cast<RowDelegate*>(list->itemDelegate());

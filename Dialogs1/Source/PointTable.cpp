@@ -1,7 +1,7 @@
 #include "PointTable.h"
 
 #include "CellBlock.h"
-#include "ListRows.h"
+#include "HostSupportQt/Text.h"
 #include "PWLTableItems.h"
 
 #include <QAction>
