@@ -30,6 +30,15 @@ bool notEquals(const QString& a, const QString& b) {
   return !equals(a, b);
 }
 
+QString rowText(const QString& text) {
+  constexpr int longestShown = 1000; // characters
+  QString shown = text.size() > longestShown ? text.left(longestShown) + QChar(0x2026) : text;
+  for (QChar& character : shown)
+    if (character == QLatin1Char('\n') || character == QLatin1Char('\r'))
+      character = QLatin1Char(' ');
+  return shown;
+}
+
 double sp_ConvertEngToReal(const QString& text) {
   return sp_ConvertEngToReal(text.toUtf8().constData());
 }

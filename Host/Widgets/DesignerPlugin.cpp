@@ -6,6 +6,7 @@
 #include "HostWidgets/EditBox.h"
 #include "HostWidgets/GroupBox.h"
 #include "HostWidgets/Label.h"
+#include "HostWidgets/ParameterView.h"
 #include "HostWidgets/RadioButton.h"
 #include "HostWidgets/RadioGroup.h"
 #include "HostWidgets/Spinner.h"
@@ -48,6 +49,8 @@ constexpr WidgetKind kinds[] = {
      "Caption with an optional information text", false, make<Label>},
     {"GroupBox", "GroupBox.h", "groupBox", TEXT_PROPERTY("title", "GroupBox"),
      "Titled box, which may be checkable", true, make<GroupBox>},
+    {"ParameterView", "ParameterView.h", "parameterView", "", "Table of named values", false,
+     make<ParameterView>},
     {"PushButton", "Buttons.h", "pushButton", TEXT_PROPERTY("text", "PushButton"), "Button", false,
      make<PushButton>},
     {"OkButton", "Buttons.h", "okButton", TEXT_PROPERTY("text", "OK"), "Default button of a dialog",

@@ -25,6 +25,10 @@ private:
 HOSTSUPPORTQT_EXPORT bool equals(const QString& a, const QString& b);
 HOSTSUPPORTQT_EXPORT bool notEquals(const QString& a, const QString& b);
 
+/// A text as the row of a list shows it: one line, breaks shown as blanks, and cut where it is
+/// longer than any row is wide.
+HOSTSUPPORTQT_EXPORT QString rowText(const QString& text);
+
 /// `sp_ConvertEngToReal` of a Qt text.
 HOSTSUPPORTQT_EXPORT double sp_ConvertEngToReal(const QString& text);
 /// `sp_IsEngNumber` of a Qt text.

@@ -4,6 +4,7 @@
 #include "HostWidgets/EditBox.h"
 #include "HostWidgets/GroupBox.h"
 #include "HostWidgets/Label.h"
+#include "HostWidgets/ParameterView.h"
 #include "HostWidgets/RadioButton.h"
 #include "HostWidgets/RadioGroup.h"
 #include "HostWidgets/Spinner.h"
@@ -48,6 +49,7 @@ TEST(Widgets, EveryClassShowsItsBindingToForms) {
       {make<RadioGroup>, "realValue stringValue selectedId mapping"},
       {makeNamed<Label>, "stringValue info"},
       {makeNamed<GroupBox>, "realValue stringValue"},
+      {makeNamed<ParameterView>, "nameArgIndex"},
       {makeNamed<PushButton>, ""},
       {makeNamed<OkButton>, ""},
       {makeNamed<CancelButton>, ""},
