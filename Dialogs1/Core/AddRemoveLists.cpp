@@ -61,19 +61,6 @@ private:
   std::vector<int> m_places;
 };
 
-/// In order, neighbours joined to one.
-RowBlocks tidied(RowBlocks blocks) {
-  std::sort(blocks.begin(), blocks.end(),
-            [](const RowBlock& a, const RowBlock& b) { return a.first < b.first; });
-  RowBlocks joined;
-  for (const RowBlock& block : blocks)
-    if (!joined.empty() && block.first == joined.back().last + 1)
-      joined.back().last = block.last;
-    else
-      joined.push_back(block);
-  return joined;
-}
-
 void moveToEnd(AddRemoveLists::Items* from, AddRemoveLists::Items* to, const RowBlocks& blocks) {
   AddRemoveLists::Items left;
   left.reserve(from->size());

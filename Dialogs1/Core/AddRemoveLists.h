@@ -1,19 +1,8 @@
 #pragma once
 
+#include "RowBlocks.h"
+
 #include <QStringList>
-
-#include <vector>
-
-/// Neighbouring rows of a list, both ends included.
-struct RowBlock {
-  int first;
-  int last;
-};
-using RowBlocks = std::vector<RowBlock>;
-
-inline bool operator==(const RowBlock& a, const RowBlock& b) {
-  return a.first == b.first && a.last == b.last;
-}
 
 /// The two lists of an add/remove box. Items go by number: those selected at the start are counted
 /// first, the available ones follow, so that an item stays itself wherever it is moved.

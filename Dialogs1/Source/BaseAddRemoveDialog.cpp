@@ -24,32 +24,9 @@ template <class Widget> void findWidget(const QObject* dialog, const char* name,
   Q_ASSERT(*found);
 }
 
-RowBlocks selectedRows(const QListWidget* list) {
-  RowBlocks rows;
-  for (const QItemSelectionRange& range : list->selectionModel()->selection())
-    rows.push_back({range.top(), range.bottom()});
-  return rows;
-}
-
-void selectRows(QListWidget* list, const RowBlocks& rows) {
-  QItemSelection selection;
-  for (const RowBlock& block : rows)
-    selection.append(QItemSelectionRange(list->model()->index(block.first, 0),
-                                         list->model()->index(block.last, 0)));
-  list->selectionModel()->select(selection, QItemSelectionModel::Select);
-}
-
 /// Puts the cursor there, without selecting.
 void putCursor(QListWidget* list, int row) {
   list->setCurrentRow(std::min(row, list->count() - 1), QItemSelectionModel::NoUpdate);
-}
-
-QStringList textsOf(const char* const* texts, unsigned count) {
-  QStringList list;
-  list.reserve(static_cast<int>(count));
-  for (unsigned i = 0; i < count; ++i)
-    list.append(textAt(texts, count, i));
-  return list;
 }
 
 void setTitle(QGroupBox* box, QListWidget* list, const QString& title) {

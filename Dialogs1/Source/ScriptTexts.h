@@ -1,12 +1,14 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 class QLabel;
 class QWidget;
 
 /// Text i of a string vector; empty where there is none.
 QString textAt(const char* const* texts, unsigned count, unsigned index);
+/// All texts of a string vector.
+QStringList textsOf(const char* const* texts, unsigned count);
 
 /// A caption as it is shown: one that would be wider than any window is cut.
 QString shownCaption(const QString& text);

@@ -28,11 +28,7 @@ void UpDownDialog::initialiseDialog() {
   getStringVector(0, &items, &count);
   order.resize(count);
   std::iota(order.begin(), order.end(), 0U);
-  QStringList texts;
-  texts.reserve(static_cast<int>(count));
-  for (unsigned i = 0; i < count; ++i)
-    texts.append(textAt(items, count, i));
-  form.upDownListBox->addItems(texts);
+  form.upDownListBox->addItems(textsOf(items, count));
   makeRowsUniform(form.upDownListBox);
   form.upDownListBox->setCurrentRow(0);
 }

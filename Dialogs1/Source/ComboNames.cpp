@@ -1,0 +1,25 @@
+#include "ComboNames.h"
+
+#include <QComboBox>
+#include <QStringListModel>
+
+namespace {
+
+/// The model that a combo box has by itself looks each item up among all as it is taken away.
+class NameModel : public QStringListModel {
+public:
+  using QStringListModel::QStringListModel;
+
+  QVariant data(const QModelIndex& index, int role) const override {
+    return QStringListModel::data(index, role == Qt::UserRole ? Qt::DisplayRole : role);
+  }
+};
+
+} // namespace
+
+void showSortedNames(QComboBox* combo, const QStringList& names) {
+  auto* model = new NameModel(names, combo);
+  model->sort(0);
+  combo->setModel(model);
+  combo->setCurrentIndex(0);
+}

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QColor>
+
+#include <optional>
+
+class QWidget;
+
+/// A colour packed in a number with red in the low byte.
+QColor unpackedColour(int packed);
+int packedColour(const QColor& colour);
+
+/// Lets the user choose a colour over another dialog; packed colours in and out. Nothing on cancel.
+std::optional<int> askForColour(QWidget* over, int initial);
