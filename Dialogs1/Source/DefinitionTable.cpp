@@ -2,6 +2,7 @@
 
 #include "PWLTableItems.h"
 
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QSignalBlocker>
@@ -29,7 +30,9 @@ DefinitionTable::DefinitionTable(QWidget* parent) : PointTable(parent) {
   setColumnCount(fileColumn + 1);
   horizontalHeader()->setResizeContentsPrecision(measuredRows);
   connect(this, &QTableWidget::cellClicked, this, [this](int row, int column) {
-    if (isA<ToolButtonPWLTableItem>(item(row, column)))
+    // With Ctrl or Shift held the user selects.
+    if (isA<ToolButtonPWLTableItem>(item(row, column)) &&
+        QGuiApplication::keyboardModifiers() == Qt::NoModifier)
       emit fileWanted(row);
   });
 }
@@ -105,17 +108,21 @@ int DefinitionTable::startDataRow() const {
 }
 
 QByteArray DefinitionTable::lineAt(int row, const QString& separator) const {
-  const PointsLineKind kind = kindAt(row);
-  if (kind == PointsLineKind::Comment && isPending(row)) {
+  PointsLine line;
+  if (isPending(row)) {
+    const std::string_view bytes = m_lines.at(m_lineOfRow.at(row));
+    line = readPointsLine(bytes);
     // Byte for byte: a comment may be in any encoding.
-    const std::string_view line = m_lines.at(m_lineOfRow.at(row));
-    return {line.data(), static_cast<int>(line.size())};
+    if (line.kind == PointsLineKind::Comment)
+      return {bytes.data(), static_cast<int>(bytes.size())};
+  } else {
+    line = {kindAt(row), textAt(row, 0), textAt(row, 1)};
   }
-  const QString first = textAt(row, 0);
-  if (kind == PointsLineKind::StartData || first.isEmpty())
-    return first.toUtf8();
-  const QString second = textAt(row, 1);
-  return (kind == PointsLineKind::Comment ? first + second : first + separator + second).toUtf8();
+  if (line.kind == PointsLineKind::StartData || line.first.isEmpty())
+    return line.first.toUtf8();
+  if (line.kind == PointsLineKind::Data)
+    line.first += separator;
+  return (line.first + line.second).toUtf8();
 }
 
 void DefinitionTable::setStartData(const QString& line) {

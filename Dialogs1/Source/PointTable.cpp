@@ -1,7 +1,7 @@
 #include "PointTable.h"
 
 #include "CellBlock.h"
-#include "HostSupportQt/Text.h"
+#include "ListRows.h"
 #include "PWLTableItems.h"
 
 #include <QAction>
@@ -10,7 +10,6 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMessageBox>
-#include <QStyledItemDelegate>
 
 #include <algorithm>
 #include <cstdlib>
@@ -22,15 +21,10 @@ constexpr int leastContrast = 90; // of lightness, in 255ths
 constexpr int onDark = 180;       // lightness of a colour that is seen there
 constexpr int onLight = 40;
 
-/// Cells have colours of their own, which have to be seen on a dark table as well, and texts of any
-/// length.
-class PointDelegate : public QStyledItemDelegate {
+/// Cells have colours of their own, which have to be seen on a dark table as well.
+class PointDelegate : public OneLineDelegate {
 public:
-  using QStyledItemDelegate::QStyledItemDelegate;
-
-  QString displayText(const QVariant& value, const QLocale&) const override {
-    return rowText(value.toString());
-  }
+  using OneLineDelegate::OneLineDelegate;
 
 protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {

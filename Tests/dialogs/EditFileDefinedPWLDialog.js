@@ -138,7 +138,8 @@ box([["9 9"], source], d => {
   d.click(grid, 2, 2);
   check(/^file=".*scope.txt"$/.test(d.cell(grid, 2, 1)), d.cell(grid, 2, 1));
   host.onDialog(f => f.reject());
-  d.current(grid, 1, 2);
+  d.current(grid, 1, 1);
+  d.key(grid, "Right");
   d.key(grid, "Space");
   equal(rows(d)[1], "-1|0", "given up");
   host.clipboard("* pasted\r\n5\t6\r\n");
