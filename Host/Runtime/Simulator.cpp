@@ -107,8 +107,8 @@ void listen(QProcess* process, QByteArray* said) {
 bool waitForEnd(QProcess* process, double seconds, QByteArray* said) {
   const InputBarrier barrier;
   QEventLoop loop;
-  using Finished = void (QProcess::*)(int, QProcess::ExitStatus);
-  QObject::connect(process, static_cast<Finished>(&QProcess::finished), &loop, &QEventLoop::quit);
+  QObject::connect(process, qOverload<int, QProcess::ExitStatus>(&QProcess::finished), &loop,
+                   &QEventLoop::quit);
   QObject::connect(process, &QProcess::errorOccurred, &loop, &QEventLoop::quit);
   QObject::connect(process, &QProcess::readyReadStandardError, &loop,
                    [process, said] { listen(process, said); });

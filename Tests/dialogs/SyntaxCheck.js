@@ -78,7 +78,6 @@ EditFileDefinedPWLDialog(["9 9", "0 1", "1 2"], ["0", "0", "0", "scope.txt", "Di
 
 // --- programs that fail: the dialog says so and stays usable --------------------------------------
 
-host.option("SimulatorTimeLimit", 0.5);
 for (const [program, words] of [
   ["/bin/sh -c \"exec sleep 60\"", "has not ended within 0.5 s"],
   ["/bin/sh -c \"kill -SEGV $$\"", "crashed"],
@@ -86,6 +85,7 @@ for (const [program, words] of [
   [folder + "/none", "could not be started"],
 ]) {
   host.option("SimulatorProgram", program);
+  host.option("SimulatorTimeLimit", words.includes("0.5 s") ? 0.5 : null);
   const began = host.now();
   const seen = checked(["0 1", "x 2"]);
   check(seen.text.includes("RunBRENNIX: ") && seen.text.includes(words), words + ": " + seen.text);

@@ -16,8 +16,6 @@
 
 namespace {
 
-using N = FaultNumber;
-
 bool canRead(const QString& path) {
   return !path.contains(QLatin1String("absent"));
 }
@@ -84,6 +82,7 @@ TEST(PointsCheck, LinesOfTwoFields) {
       {"0 1\n1 2 3\n2 3,\n3,,4\n4 5 *c", "1103@2 1103@3 1103@4 1103@5"},
       {"0 1\n1 {a\n{a 2\n2 {}\n3 {a}b\n4 {a}{b}\n5 { }\n6 a}\n{t}",
        "1101@2 1101@3 1101@4 1101@5 1101@6 1101@7 1101@8 1102@9"},
+      {"0 1\na} 2\n1 b} 2", "1101@2 1103@3"}, // a stray brace keeps nothing together
       {"0 1\n1 nan\n2 inf\n3 0x10\n4 1e999\n1e999 5", "1101@2 1101@3 1101@4 1108@5 1108@6"},
       {"0 1\n2 2\n2 3\n1 4\n1.5 5", "1104@3 1104@4"}, // each against the line before it
       {"-1 1\n0 2", "1105@1"},
@@ -130,6 +129,11 @@ TEST(PointsCheck, SuperDataPoints) {
   };
   for (const Case& each : cases)
     EXPECT_EQ(summary(faultsOf(each.text)), each.expected) << each.text;
+
+  int looks = 0; // a million points of one file do not cost a million looks
+  const FileProbe probe = [&looks](const QString&) { return ++looks > 0; };
+  checkPoints("0 file=\"a\"\n1 file=\"b\"\n2 file=\"a\"\n3 file=\"a\"", probe);
+  EXPECT_EQ(looks, 2);
 }
 
 TEST(PointsCheck, FilesAsAWhole) {
@@ -170,6 +174,8 @@ TEST(PointsCheck, FaultsOfTheFileAreNotCrowdedOut) {
   ASSERT_EQ(messages.all().size(), 20);
   EXPECT_EQ(messages.all().last().id, QStringLiteral("1219"));
   EXPECT_EQ(messages.all().at(18).lineNumber, QStringLiteral("19"));
+  const QVector<Fault> many(30, {FaultNumber::FileUnreadable, 0, QStringLiteral("x")});
+  EXPECT_EQ(messageFile(many).count("Error Message ID"), 20);
   EXPECT_LT(messageFile(faultsOf(std::string(text) + std::string(1 << 20, 'x'))).size(), 8192);
 }
 

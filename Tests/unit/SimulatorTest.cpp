@@ -4,6 +4,7 @@
 
 #include "HostCall.h"
 #include "HostSupport/Options.h"
+#include "HostSupportQt/Text.h"
 #include "SettingsFixture.h"
 
 #include <QCoreApplication>
@@ -90,12 +91,15 @@ TEST_F(SimulatorTest, SaysWhatBecameOfTheProgram) {
        "RunBRENNIX: /bin/sh ended with status 3. bad deck"},
       {"/bin/sh -c \"exec sleep 60\"", "RunBRENNIX: /bin/sh has not ended within 0.3 s and was"},
       {"/bin/sh -c \"exec yes >&2\"", "RunBRENNIX: /bin/sh has not ended within 0.3 s and was"},
+      {"/bin/sh -c \"yes | head -c 1000000 >&2; exit 1\"",
+       "RunBRENNIX: /bin/sh ended with status 1."},
       {"\"/bin/sh", "command: a quote is not closed"},
       {"/bin/sh -c \"exit 0\"", ""},
   };
-  sp_WriteOption("SimulatorTimeLimit", "0.3");
   for (const auto& [program, expected] : cases) {
     sp_WriteOption("SimulatorProgram", program);
+    const bool hangs = std::strstr(expected, "within 0.3 s");
+    sp_WriteOption("SimulatorTimeLimit", hangs ? "0.3" : "");
     QElapsedTimer clock;
     clock.start();
     const std::string fault = faultOf(deck);
@@ -111,7 +115,10 @@ TEST_F(SimulatorTest, SaysWhatBecameOfTheProgram) {
 }
 
 TEST_F(SimulatorTest, WindowsArePaintedButTakeNoInput) {
-  sp_WriteOption("SimulatorProgram", "/bin/sh -c \"sleep 0.6\"");
+  const QString sign = folder.filePath(QStringLiteral("end"));
+  sp_WriteOption(
+      "SimulatorProgram",
+      toYs(QStringLiteral("/bin/sh -c \"until [ -e %1 ]; do sleep 0.05; done\"").arg(sign)));
   Witness window;
   window.show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
@@ -120,15 +127,23 @@ TEST_F(SimulatorTest, WindowsArePaintedButTakeNoInput) {
     QTest::keyClick(&window, Qt::Key_A);
   };
   std::string nested = "not tried";
+  int ticks = 0;
   int paintsMeanwhile = 0;
-  QTimer::singleShot(100, &window, [&] {
-    window.paints = 0;
-    window.update();
-    useIt();
-    window.close();
-    nested = faultOf(deck);
+  QTimer timer;
+  QObject::connect(&timer, &QTimer::timeout, &window, [&] {
+    if (++ticks == 1) {
+      window.paints = 0;
+      window.update();
+      useIt();
+      window.close();
+      nested = faultOf(deck);
+    } else if (window.paints > 0 || ticks > 200) {
+      paintsMeanwhile = window.paints;
+      write(sign, "");
+      timer.stop();
+    }
   });
-  QTimer::singleShot(300, &window, [&] { paintsMeanwhile = window.paints; });
+  timer.start(20);
   EXPECT_EQ(faultOf(deck), "");
   EXPECT_GT(paintsMeanwhile, 0);
   EXPECT_EQ(nested, "RunBRENNIX: another run is under way");
