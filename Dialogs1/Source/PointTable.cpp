@@ -89,6 +89,8 @@ void PointTable::addRowActions(QWidget* owner) {
   for (const Operation& operation : operations) {
     auto* action = new QAction(operation.caption, owner);
     action->setShortcuts(operation.keys);
+    if (owner == this)
+      action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     connect(action, &QAction::triggered, this, operation.slot);
     owner->addAction(action);
   }
@@ -131,11 +133,10 @@ PwlPoints PointTable::points(int first) const {
   return found;
 }
 
-void PointTable::setPoints(const PwlPoints& points) {
-  setRowCount(points.size() + 1);
-  for (int row = 0; row < points.size(); ++row)
-    setRow(row, points.at(row));
-  setRow(points.size(), {});
+void PointTable::setPoints(const PwlPoints& points, int blankRows) {
+  setRowCount(points.size() + blankRows);
+  for (int row = 0; row < rowCount(); ++row)
+    setRow(row, points.value(row));
 }
 
 void PointTable::overwritePoints(const PwlPoints& points) {

@@ -5,6 +5,7 @@
 #include "HostSupportQt/Paste.h"
 #include "HostSupportQt/Text.h"
 #include "ScriptValues.h"
+#include "graphimagecapture_dynexport.h"
 #include "schematic_dynexport.h"
 #include "vecdll_dynexport.h"
 
@@ -97,6 +98,22 @@ YString evaluateStringExpression(const YString& expression) {
   });
 }
 
+bool graphImageCapture(const GraphImageCaptureRecord& input, GraphImageCaptureRecord*,
+                       KvVector<double>* x, KvVector<double>* y) {
+  return asEntry([&] {
+    const QString name = QLatin1String(dyn_GraphImageCapture.name);
+    const QJSValue answer = askScript(name, {toQs(input.picture)});
+    if (answer.isUndefined() || answer.isNull())
+      return false;
+    CallResult points = resultFromScript(answer, QStringLiteral("%1: the answer").arg(name));
+    if (points.reals.size() != points.references.size())
+      throw wrongAnswer(name, "{x, y} or null", answer);
+    *x = KvVector<double>(std::move(points.references));
+    *y = KvVector<double>(std::move(points.reals));
+    return true;
+  });
+}
+
 CallResult hostFunctionByScript(const QString& name, const std::vector<ScriptVector>& arguments) {
   const ScriptRunner* runner = providers().value(name).runner;
   if (!runner)
@@ -132,7 +149,7 @@ const Service services[] = {
     {dyn_EvaluateStringExpression.name, Way::Entry, address(&evaluateStringExpression)},
     {dyn_GetGlobalSchematicInterface.name, Way::Own, nullptr},
     {"dyn_RunCommand", Way::LaterEntry, nullptr},
-    {"dyn_GraphImageCapture", Way::LaterEntry, nullptr},
+    {dyn_GraphImageCapture.name, Way::Entry, address(&graphImageCapture)},
     {"dyn_OpenListDialog", Way::LaterEntry, nullptr},
     {"interp", Way::HostFunction, nullptr},
     {"YFromX", Way::HostFunction, nullptr},
