@@ -4,6 +4,7 @@
 #include "HostSupport/Registry.h"
 #include "HostSupportQt/Paste.h"
 #include "HostSupportQt/Text.h"
+#include "NumericFunctions.h"
 #include "ScriptValues.h"
 #include "graphimagecapture_dynexport.h"
 #include "schematic_dynexport.h"
@@ -209,13 +210,25 @@ void bringBack(const Service& service, const QString& name) {
   if (isEntry(service))
     sp_RestoreDynFunc(service.name);
   else
-    setHostFunction(name, {}); // the host has none of its own
+    setHostFunction(name, numericFunction(name));
+}
+
+/// Once: what another script has replaced or withdrawn meanwhile stays so.
+void registerOwnFunctions() {
+  static const bool once = [] {
+    for (const Service& service : services)
+      if (service.way == Way::HostFunction)
+        bringBack(service, QLatin1String(service.name));
+    return true;
+  }();
+  Q_UNUSED(once)
 }
 
 } // namespace
 
 HostServices::HostServices(ScriptRunner* runner) : m_runner(runner) {
   registerOwnEntries();
+  registerOwnFunctions();
 }
 
 HostServices::~HostServices() {
