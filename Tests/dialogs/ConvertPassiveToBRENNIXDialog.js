@@ -166,6 +166,7 @@ for (const name of Object.keys(functions)) {
     answers.push([() => [], odd], [() => [1, 2], odd], [() => null, odd]);
   for (const [answer, message] of answers)
     box(["capacitor", ["0 2 8 2", "0 0 8 4", "1", "5"]], d => {
+      d.cell("inputTable", 1, 0, "12");
       host.provide(name, answer);
       const before = state(d);
       const said = warned(d, () => d.click("convertButton"));
@@ -270,19 +271,28 @@ host.provide("dyn_GraphImageCapture", undefined);
 
 // --- plot ----------------------------------------------------------------------------------------------------
 
-for (const [kind, fields, labels] of [
-  ["capacitor", ["0 2n 8k 2n", "0 0 1 1"], ["Capacitance", "(nF)", "Charge", "(uC)", "Voltage", "(kV)"]],
+for (const [kind, fields, labels, ranges] of [
+  ["capacitor", ["0 2n 8k 2n", "0 0 1 1"], ["Capacitance", "(nF)", "Charge", "(uC)", "Voltage", "(kV)"],
+    [0, 8, 0, 16, 1.8, 2.2]],
   ["inductor", ["0 5u 8 1u", "0 0 1 1"],
-    ["Inductance", "(uH)", "Flux Linkages", "(uV-s or uWb-t)", "Current", "(A)"]],
-  ["capacitor", ["0 0 8 0 8 1", "0 0 1 0"], ["Capacitance", "(F)", "Charge", "(C)", "Voltage", "(V)"]],
-  ["capacitor", ["0 nan 8 1 8 inf", "x y"], ["Capacitance", "(F)", "Charge", "(C)", "Voltage", "(V)"]],
+    ["Inductance", "(uH)", "Flux Linkages", "(uV-s or uWb-t)", "Current", "(A)"], [0, 8, 0, 40, 0.9, 5.5]],
+  ["capacitor", ["0 0 8 0 8 1", "0 0 1 0"], ["Capacitance", "(F)", "Charge", "(C)", "Voltage", "(V)"],
+    [0, 1, 0, 0, 0, 1.1]],
+  ["capacitor", ["0 nan 8 1 8 inf", "x y"], ["Capacitance", "(F)", "Charge", "(C)", "Voltage", "(V)"],
+    [0, 0, 0, 0, 0, 1.1]],
 ])
   box([kind, fields], d => {
     host.onDialog(p => {
       equal(["topYLabel", "topYUnit", "bottomYLabel", "bottomYUnit", "XLabel", "XUnit"].map(
         name => p.get(name, "text").replace(/<[^>]*>/g, "")), labels);
       check(/^<div align = "right">/.test(p.get("XLabel", "text")));
-      check(p.get("bottomPlotter", "xMaximum") > p.get("bottomPlotter", "xMinimum"), "a range");
+      const [left, right, low, high, topLow, topHigh] = ranges;
+      for (const [plotter, a, b] of [["bottomPlotter", low, high], ["topPlotter", topLow, topHigh]])
+        for (const [direction, from, to] of [["x", left, right], ["y", a, b]]) {
+          const least = p.get(plotter, direction + "Minimum"), most = p.get(plotter, direction + "Maximum");
+          check(least <= from && to <= most && most - least <= Math.max(2 * (to - from), 2.5),
+                `${labels[0]} ${plotter} ${direction} shows ${least} to ${most}`);
+        }
       p.key(null, "Return");
     });
     d.press("Plot PWL Characteristics");
