@@ -150,7 +150,6 @@ void ConvertPassiveToBRENNIXDialog::showKind() {
 
 void ConvertPassiveToBRENNIXDialog::loadInput() {
   form.inputTable->setPoints(pointsOfText(inputText));
-  form.inputTable->setCurrentCell(0, 0);
 }
 
 void ConvertPassiveToBRENNIXDialog::loadOutput() {
