@@ -7,6 +7,7 @@
 #include "NumericFunctions.h"
 #include "ScriptValues.h"
 #include "frontend_dynexport.h"
+#include "graphimagecapture_dynexport.h"
 #include "schematic_dynexport.h"
 #include "vecdll_dynexport.h"
 
@@ -132,6 +133,22 @@ void runCommandByScript(const YString& command, std::uint32_t hash) {
   });
 }
 
+bool graphImageCapture(const GraphImageCaptureRecord& input, GraphImageCaptureRecord*,
+                       KvVector<double>* x, KvVector<double>* y) {
+  return asEntry([&] {
+    const QString name = QLatin1String(dyn_GraphImageCapture.name);
+    const QJSValue answer = askScript(name, {toQs(input.picture)});
+    if (answer.isUndefined() || answer.isNull())
+      return false;
+    CallResult points = resultFromScript(answer, QStringLiteral("%1: the answer").arg(name));
+    if (points.reals.size() != points.references.size())
+      throw wrongAnswer(name, "{x, y} or null", answer);
+    *x = KvVector<double>(std::move(points.references));
+    *y = KvVector<double>(std::move(points.reals));
+    return true;
+  });
+}
+
 CallResult hostFunctionByScript(const QString& name, const std::vector<ScriptVector>& arguments) {
   const ScriptRunner* runner = providers().value(name).runner;
   if (!runner)
@@ -167,7 +184,7 @@ const Service services[] = {
     {dyn_EvaluateStringExpression.name, Way::Entry, address(&evaluateStringExpression)},
     {dyn_GetGlobalSchematicInterface.name, Way::Own, nullptr},
     {dyn_RunCommand.name, Way::Entry, address(&runCommandByScript)},
-    {"dyn_GraphImageCapture", Way::LaterEntry, nullptr},
+    {dyn_GraphImageCapture.name, Way::Entry, address(&graphImageCapture)},
     {"dyn_OpenListDialog", Way::LaterEntry, nullptr},
     {"interp", Way::HostFunction, nullptr},
     {"YFromX", Way::HostFunction, nullptr},
