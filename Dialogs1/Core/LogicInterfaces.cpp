@@ -71,14 +71,6 @@ LogicInterfaces::Technology LogicInterfaces::technology(int index) const {
   return index >= 0 && place < m_technologies.size() ? m_technologies[place] : Technology();
 }
 
-QStringList LogicInterfaces::descriptions(const QVector<int>& lines) const {
-  QStringList texts;
-  texts.reserve(lines.size());
-  for (int line : lines)
-    texts.append(description(line));
-  return texts;
-}
-
 int interfaceLine(double number) {
   return number >= 0 ? truncatedToInt(number) : -1;
 }

@@ -34,7 +34,6 @@ public:
   /// Index of a line's technology; -1 where there is no such line.
   int technologyOf(int line) const { return m_technologyOfLine.value(line, -1); }
   QString description(int line) const { return m_descriptions.value(line); }
-  QStringList descriptions(const QVector<int>& lines) const;
   /// The technologies with an output whose analog resistance the user gives, each once.
   const QStringList& resistiveTechnologies() const { return m_resistiveTechnologies; }
 

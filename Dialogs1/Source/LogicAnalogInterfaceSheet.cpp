@@ -3,6 +3,7 @@
 #include "ComboNames.h"
 #include "HostSupport/Arguments.h"
 #include "HostSupportQt/HostSupportQt.h"
+#include "ScriptTexts.h"
 
 #include <algorithm>
 #include <array>
@@ -22,9 +23,23 @@ Values valuesOf(UserFunctionInterface* call, int argument) {
   return values;
 }
 
+/// Names for a pop-up that somebody is to read: not too long, and not too many.
+QStringList readableNames(const QStringList& names) {
+  constexpr int mostNames = 100;
+  QStringList shown;
+  for (const QString& name : names.mid(0, mostNames))
+    shown.append(shownCaption(name));
+  if (names.size() > mostNames)
+    shown.append(QStringLiteral("…"));
+  return shown;
+}
+
 void showInterfaces(QComboBox* combo, const LogicInterfaces& interfaces, const QVector<int>& lines,
                     int defaultLine) {
-  showNames(combo, interfaces.descriptions(lines));
+  QStringList rows;
+  for (int line : lines)
+    rows.append(rowText(interfaces.description(line)));
+  showNames(combo, rows);
   // Without a default the first stands, as in any list.
   combo->setCurrentIndex(std::max(0, lines.indexOf(defaultLine)));
 }
@@ -70,7 +85,7 @@ bool LogicAnalogInterfaceSheet::initialiseWidget(UserFunctionInterface* call) {
                "product of the output resistance and the input capacitance.</p><p>The analog "
                "output resistance is defined by the <b>g_pullup</b> and <b>g_pulldown</b> "
                "parameters of the <b>dac_bridge</b> model associated with the technology</p>")
-          : form.outputResistanceLabel->info().arg(boldList(resistive)));
+          : form.outputResistanceLabel->info().arg(boldList(readableNames(resistive))));
 
   QStringList technologies;
   for (const LogicInterfaces::Technology& technology : interfaces.technologies())
