@@ -32,6 +32,8 @@ public:
   QSize minimumSizeHint() const override;
 
 private:
+  void explainResistance();
+  void showTechnologies(const AnalogInterface& values);
   void showTechnology(int index);
   void technologyPicked(int index);
 
