@@ -24,8 +24,24 @@ bool isWholeZero(const QString& text) {
   return text.toInt(&isWhole) == 0 && isWhole;
 }
 
-bool isSeparator(QChar character) {
-  return QStringView(u" \t\n\r,()").contains(character);
+PwlPoints pointsBetween(QStringView separators, const QString& text) {
+  PwlPoints points;
+  QString x;
+  for (int i = 0; i < text.size(); ++i) {
+    if (separators.contains(text.at(i)))
+      continue;
+    const int start = i;
+    while (i < text.size() && !separators.contains(text.at(i)))
+      ++i;
+    const QString token = text.mid(start, i - start);
+    if (x.isNull()) {
+      x = token;
+    } else {
+      points.append({x, token});
+      x = QString();
+    }
+  }
+  return points;
 }
 
 } // namespace
@@ -46,23 +62,11 @@ bool isValidCell(const QString& text, bool mayBeNegative) {
 }
 
 PwlPoints pointsInText(const QString& text) {
-  PwlPoints points;
-  QString x;
-  for (int i = 0; i < text.size(); ++i) {
-    if (isSeparator(text.at(i)))
-      continue;
-    const int start = i;
-    while (i < text.size() && !isSeparator(text.at(i)))
-      ++i;
-    const QString token = text.mid(start, i - start);
-    if (x.isNull()) {
-      x = token;
-    } else {
-      points.append({x, token});
-      x = QString();
-    }
-  }
-  return points;
+  return pointsBetween(u" \t\n\r,()", text);
+}
+
+PwlPoints pointsOfText(const QString& text) {
+  return pointsBetween(u" ", text);
 }
 
 QString textOfPoints(const PwlPoints& points) {

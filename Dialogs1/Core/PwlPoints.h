@@ -27,6 +27,8 @@ PwlPoints pointsInText(const QString& text);
 
 /// x and y in turn, with single blanks between.
 QString textOfPoints(const PwlPoints& points);
+/// The points of such a text; a last x without a y is left out.
+PwlPoints pointsOfText(const QString& text);
 
 /// Whether the first half of a curve is, as text, the second half mirrored at the origin.
 bool isSymmetric(const PwlPoints& points);

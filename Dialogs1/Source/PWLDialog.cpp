@@ -1,5 +1,6 @@
 #include "PWLDialog.h"
 
+#include "ConvertPassiveToBRENNIXDialog.h"
 #include "HostSupport/HostSupport.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "Integers.h"
@@ -205,9 +206,7 @@ void PWLDialog::offerConverter() {
 void PWLDialog::readDialog(UserDataType, bool accepted) {
   if (!accepted)
     return;
-  PwlPoints written = form.pwlGrid->points(symmetric ? 1 : 0);
-  for (PwlPoint& point : written)
-    point = {normalisedCell(point.x), normalisedCell(point.y)};
+  PwlPoints written = normalisedPoints(symmetric ? 1 : 0);
   if (symmetric)
     written = withMirrorImage(written);
 
@@ -243,6 +242,13 @@ void PWLDialog::accept() {
         return;
       }
   KelvarinDialog::accept();
+}
+
+PwlPoints PWLDialog::normalisedPoints(int first) const {
+  PwlPoints found = form.pwlGrid->points(first);
+  for (PwlPoint& point : found)
+    point = {normalisedCell(point.x), normalisedCell(point.y)};
+  return found;
 }
 
 int PWLDialog::countPoints() {
@@ -292,6 +298,15 @@ void PWLDialog::limitInitialSegment() {
 }
 
 void PWLDialog::open_converter_tool() {
+  // A curve that was typed by hand reaches the tool as what comes out of it.
   if (converterMemory.input.isEmpty() && converterMemory.output.isEmpty())
-    converterMemory.output = textOfPoints(form.pwlGrid->points());
+    converterMemory.output = textOfPoints(normalisedPoints(0));
+  ConvertPassiveToBRENNIXDialog tool(this, "ConvertDialog", scriptArgs, converterKind,
+                                     converterMemory);
+  if (tool.exec() != Accepted)
+    return;
+  // Also of a symmetric curve the points land from the first row on, in place of the origin.
+  form.pwlGrid->setPoints(pointsOfText(tool.outputText));
+  converterMemory = {tool.inputText, tool.outputText, tool.limitFlag, tool.limitValue};
+  limitInitialSegment();
 }

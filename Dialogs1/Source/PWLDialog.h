@@ -33,6 +33,7 @@ private:
   void loadPoints();
   void loadNumbers();
   void offerConverter();
+  PwlPoints normalisedPoints(int first) const; ///< of the table, from this row on
   void putOrigin();
   void limitInitialSegment();
 

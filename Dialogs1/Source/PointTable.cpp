@@ -22,8 +22,8 @@ constexpr int leastContrast = 90; // of lightness, in 255ths
 constexpr int onDark = 180;       // lightness of a colour that is seen there
 constexpr int onLight = 40;
 
-/// Cells have colours of their own, which have to be seen on a dark table as well, and texts of any
-/// length.
+/// Cells have colours of their own, which have to be seen on a dark table as well, texts of any
+/// length, and an alignment that says only left.
 class PointDelegate : public QStyledItemDelegate {
 public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -35,6 +35,8 @@ public:
 protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
     QStyledItemDelegate::initStyleOption(option, index);
+    if (!(option->displayAlignment & Qt::AlignVertical_Mask))
+      option->displayAlignment |= Qt::AlignVCenter;
     const QColor ground = option->backgroundBrush.style() == Qt::NoBrush
                               ? option->palette.color(QPalette::Base)
                               : option->backgroundBrush.color();
@@ -89,6 +91,8 @@ void PointTable::addRowActions(QWidget* owner) {
   for (const Operation& operation : operations) {
     auto* action = new QAction(operation.caption, owner);
     action->setShortcuts(operation.keys);
+    if (owner == this)
+      action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     connect(action, &QAction::triggered, this, operation.slot);
     owner->addAction(action);
   }
@@ -131,11 +135,10 @@ PwlPoints PointTable::points(int first) const {
   return found;
 }
 
-void PointTable::setPoints(const PwlPoints& points) {
-  setRowCount(points.size() + 1);
-  for (int row = 0; row < points.size(); ++row)
-    setRow(row, points.at(row));
-  setRow(points.size(), {});
+void PointTable::setPoints(const PwlPoints& points, int blankRows) {
+  setRowCount(points.size() + blankRows);
+  for (int row = 0; row < rowCount(); ++row)
+    setRow(row, points.value(row));
 }
 
 void PointTable::overwritePoints(const PwlPoints& points) {

@@ -26,7 +26,8 @@ public:
   int mostRows() const { return limits.most; }
 
   /// Puts the row operations into the context menu of `owner`, the table or its dialog. Their keys
-  /// are the table's alone: elsewhere Return and Delete mean what they always do.
+  /// are the table's alone: elsewhere, in another table too, Return and Delete mean what they
+  /// always do.
   void addRowActions(QWidget* owner);
 
   virtual QString textAt(int row, int column) const; ///< a missing cell counts as empty
@@ -34,8 +35,8 @@ public:
   int completeRows(int first = 0) const;
   PwlPoints points(int first = 0) const; ///< of the complete rows
 
-  /// Makes the table as long as the points and a blank row below, and puts them in.
-  void setPoints(const PwlPoints& points);
+  /// Makes the table as long as the points and so many blank rows below, and puts them in.
+  void setPoints(const PwlPoints& points, int blankRows = 1);
   /// Puts points over the rows from 0 on and cuts the table off behind the next row, which keeps
   /// what it held.
   void overwritePoints(const PwlPoints& points);

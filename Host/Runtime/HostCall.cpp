@@ -301,18 +301,21 @@ QString describeException() {
   }
 }
 
-void checkArgumentCount(const FunctionInfo& function, std::size_t count) {
-  if (count >= static_cast<std::size_t>(function.minArgs) &&
-      count <= static_cast<std::size_t>(function.maxArgs))
-    return;
+QString wrongArgumentCount(int least, int most, std::size_t count) {
+  if (count >= static_cast<std::size_t>(least) && count <= static_cast<std::size_t>(most))
+    return QString();
   const QString takes =
-      function.minArgs == function.maxArgs
-          ? plural(function.maxArgs)
-          : QStringLiteral("%1 to %2").arg(function.minArgs).arg(plural(function.maxArgs));
+      least == most ? plural(most) : QStringLiteral("%1 to %2").arg(least).arg(plural(most));
   const QString given = count == 0   ? QStringLiteral("none was given")
                         : count == 1 ? QStringLiteral("1 was given")
                                      : QStringLiteral("%1 were given").arg(count);
-  throw CallError(QStringLiteral("%1: takes %2, %3.").arg(function.name, takes, given));
+  return QStringLiteral("takes %1, %2.").arg(takes, given);
+}
+
+void checkArgumentCount(const FunctionInfo& function, std::size_t count) {
+  const QString wrong = wrongArgumentCount(function.minArgs, function.maxArgs, count);
+  if (!wrong.isEmpty())
+    throw CallError(QStringLiteral("%1: %2").arg(function.name, wrong));
 }
 
 void checkArguments(const FunctionInfo& function, const std::vector<ScriptVector>& arguments) {

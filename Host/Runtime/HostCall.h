@@ -4,6 +4,9 @@
 
 #include <functional>
 
+/// "takes 1 to 2 arguments, none was given."; empty where the count is right.
+QString wrongArgumentCount(int least, int most, std::size_t count);
+
 /// Refuses a wrong number of arguments with a `CallError` that names the function and its limits.
 void checkArgumentCount(const FunctionInfo& function, std::size_t count);
 

@@ -4,7 +4,9 @@
 #include "HostSupport/Registry.h"
 #include "HostSupportQt/Paste.h"
 #include "HostSupportQt/Text.h"
+#include "NumericFunctions.h"
 #include "ScriptValues.h"
+#include "graphimagecapture_dynexport.h"
 #include "schematic_dynexport.h"
 #include "vecdll_dynexport.h"
 
@@ -97,6 +99,22 @@ YString evaluateStringExpression(const YString& expression) {
   });
 }
 
+bool graphImageCapture(const GraphImageCaptureRecord& input, GraphImageCaptureRecord*,
+                       KvVector<double>* x, KvVector<double>* y) {
+  return asEntry([&] {
+    const QString name = QLatin1String(dyn_GraphImageCapture.name);
+    const QJSValue answer = askScript(name, {toQs(input.picture)});
+    if (answer.isUndefined() || answer.isNull())
+      return false;
+    CallResult points = resultFromScript(answer, QStringLiteral("%1: the answer").arg(name));
+    if (points.reals.size() != points.references.size())
+      throw wrongAnswer(name, "{x, y} or null", answer);
+    *x = KvVector<double>(std::move(points.references));
+    *y = KvVector<double>(std::move(points.reals));
+    return true;
+  });
+}
+
 CallResult hostFunctionByScript(const QString& name, const std::vector<ScriptVector>& arguments) {
   const ScriptRunner* runner = providers().value(name).runner;
   if (!runner)
@@ -132,7 +150,7 @@ const Service services[] = {
     {dyn_EvaluateStringExpression.name, Way::Entry, address(&evaluateStringExpression)},
     {dyn_GetGlobalSchematicInterface.name, Way::Own, nullptr},
     {"dyn_RunCommand", Way::LaterEntry, nullptr},
-    {"dyn_GraphImageCapture", Way::LaterEntry, nullptr},
+    {dyn_GraphImageCapture.name, Way::Entry, address(&graphImageCapture)},
     {"dyn_OpenListDialog", Way::LaterEntry, nullptr},
     {"interp", Way::HostFunction, nullptr},
     {"YFromX", Way::HostFunction, nullptr},
@@ -192,13 +210,25 @@ void bringBack(const Service& service, const QString& name) {
   if (isEntry(service))
     sp_RestoreDynFunc(service.name);
   else
-    setHostFunction(name, {}); // the host has none of its own
+    setHostFunction(name, numericFunction(name));
+}
+
+/// Once: what another script has replaced or withdrawn meanwhile stays so.
+void registerOwnFunctions() {
+  static const bool once = [] {
+    for (const Service& service : services)
+      if (service.way == Way::HostFunction)
+        bringBack(service, QLatin1String(service.name));
+    return true;
+  }();
+  Q_UNUSED(once)
 }
 
 } // namespace
 
 HostServices::HostServices(ScriptRunner* runner) : m_runner(runner) {
   registerOwnEntries();
+  registerOwnFunctions();
 }
 
 HostServices::~HostServices() {

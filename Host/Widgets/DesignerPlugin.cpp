@@ -7,6 +7,7 @@
 #include "HostWidgets/GroupBox.h"
 #include "HostWidgets/Label.h"
 #include "HostWidgets/ParameterView.h"
+#include "HostWidgets/Plotter.h"
 #include "HostWidgets/RadioButton.h"
 #include "HostWidgets/RadioGroup.h"
 #include "HostWidgets/Spinner.h"
@@ -57,6 +58,8 @@ constexpr WidgetKind kinds[] = {
      false, make<OkButton>},
     {"CancelButton", "Buttons.h", "cancelButton", TEXT_PROPERTY("text", "Cancel"),
      "Button that leaves a dialog without a result", false, make<CancelButton>},
+    {"Plotter", "Plotter.h", "plotter", "", "Curves over a grid, with zoom and a read-out", false,
+     make<Plotter>},
 };
 
 #undef TEXT_PROPERTY

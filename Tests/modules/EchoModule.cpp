@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <chrono>
 #include <cstring>
 #include <thread>
@@ -135,7 +136,7 @@ int hang(UserFunctionInterface*) {
 UserFunctionDecl* head() {
   static const struct {
     const char* name;
-    ArgType types[3];
+    ArgType types[5];
     std::uint16_t minArgs;
     std::uint16_t maxArgs;
     UserFunctionHandler handler;
@@ -147,7 +148,7 @@ UserFunctionDecl* head() {
       {"EmptyResult", {}, 0, 0, emptyResult},
       {"Evaluate", {StringArg}, 1, 1, evaluate},
       {"EvaluateText", {StringArg}, 1, 1, evaluateText},
-      {"Apply", {StringArg, AnyArg, AnyArg}, 1, 3, apply},
+      {"Apply", {StringArg, AnyArg, AnyArg, AnyArg, AnyArg}, 1, 5, apply},
       {"AskSchematic", {}, 0, 0, askSchematic},
       {"Fail", {StringArg}, 1, 1, fail},
       {"Ask", {}, 0, 0, ask},
@@ -159,7 +160,7 @@ UserFunctionDecl* head() {
     UserFunctionDecl& record = records[i];
     record = {};
     std::strncpy(record.name, functions[i].name, sizeof(record.name) - 1);
-    std::copy_n(functions[i].types, 3, record.argTypes);
+    std::copy(std::begin(functions[i].types), std::end(functions[i].types), record.argTypes);
     record.minArgs = functions[i].minArgs;
     record.maxArgs = functions[i].maxArgs;
     record.handler = functions[i].handler;

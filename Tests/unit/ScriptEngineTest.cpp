@@ -4,6 +4,7 @@
 #include "ScriptEngine.h"
 #include "DialogDriver.h"
 #include "HostSupport/Files.h"
+#include "HostSupport/System.h"
 #include "HostSupportQt/Help.h"
 #include "HostSupportQt/Paste.h"
 
@@ -326,6 +327,41 @@ TEST_F(ScriptEngineTest, letsScriptsServe) {
   sp_RunHelp("Unknown Topic", nullptr);
   sp_RunHelpContext(987654);
   EXPECT_EQ(run("host.helpRequests().slice(-2)"), "[\"Unknown Topic\",\"987654\"]");
+}
+
+TEST_F(ScriptEngineTest, servesNumericFunctions) {
+  const Case cases[] = {
+      {"var c = {y: [0, 4, 0], x: [0, 2, 4]}; Apply('interp', c, 5, 1, [0.004, 0])",
+       "[0,2,4,2,0,0,1,2,3,4]"},
+      {"Apply('interp', c, 1000).length", "2000"},
+      {"Apply('YFromX', c, 1, 1)", "[2]"},
+      {"Apply('YFromX', c, 5, 1)", "[]"},
+      {"Apply('integ', c)", "[0,4,8,0,2,4]"},
+      {"Apply('PWLCurveFit', {y: [0, 1, 2, 6], x: [0, 1, 2, 3]}, 2, 'inductor')"
+       "  .map(v => +v.toFixed(9))",
+       "[0,2,6,0,2,3]"},
+      {"Apply('PWLCurveFit', c, 2, 'no kind that is known')", "[0,4,0,0,2,4]"},
+      {"Apply('PWLCurveFit', c, 0)", "[-1]"},
+      {"Apply('integ', [1, 2])", "[-1]"},
+      {"host.provide('YFromX', args => args[1] * 100); Apply('YFromX', c, 1)", "[100]"},
+      {"host.provide('YFromX', null); Apply('YFromX', c, 1)", "[-1]"},
+      {"Apply('integ', c).length", "6"}, // the others stay
+      {"host.provide('YFromX', undefined); Apply('YFromX', c, 1)", "[2]"},
+      {"host.provide('YFromX', () => 7); Apply('YFromX', c, 1)", "[7]"},
+  };
+  for (const Case& c : cases)
+    EXPECT_EQ(run(c.script), c.expected) << c.script;
+
+  static std::string reported;
+  sp_SetMessageSink([](const char* text) { reported = text; });
+  run("Apply('PWLCurveFit', c, 'two')");
+  sp_SetMessageSink(nullptr);
+  EXPECT_EQ(reported, "PWLCurveFit: argument 2 (segments) must be a number, a text was given.");
+
+  // The own one is back when the script that has replaced it is gone.
+  engine.reset();
+  engine = std::make_unique<ScriptEngine>(&table, &driver);
+  EXPECT_EQ(run("Apply('YFromX', {y: [0, 4, 0], x: [0, 2, 4]}, 1)"), "[2]");
 }
 
 TEST_F(ScriptEngineTest, pastes) {

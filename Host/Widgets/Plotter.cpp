@@ -1,0 +1,236 @@
+#include "HostWidgets/Plotter.h"
+
+#include "PlotterAccessibility.h"
+#include "PlotterPrivate.h"
+
+#include <QEvent>
+
+#include <qwt_scale_map.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double deepestZoom = 1e-9; ///< of the axis, and of the values: what digits can tell
+constexpr double widestZoom = 100;   ///< of the axis
+
+} // namespace
+
+Plotter::Private::Private(Plotter* plotter) : q(plotter) {}
+
+void Plotter::Private::follow(Direction* direction, const Axis& axis) {
+  QObject::disconnect(direction->following);
+  direction->axis = axis.m_data;
+  const auto showAxis = [this, direction] {
+    redraw(); // the lines may have changed and the range not
+    setView(direction, direction->axis->range.low, direction->axis->range.high);
+  };
+  direction->following = QObject::connect(axis.m_data.get(), &AxisData::changed, q, showAxis);
+  showAxis();
+}
+
+void Plotter::Private::setView(Direction* direction, double low, double high) {
+  const PlotRange range = usableRange(low, high);
+  if (range == direction->view)
+    return;
+  direction->view = range;
+  redraw();
+  if (direction == &x)
+    emit q->xRangeChanged(range.low, range.high);
+  if (cursor) // other values stand below it now
+    setCursor(cursor);
+}
+
+void Plotter::Private::zoomTo(Direction* direction, PlotRange range) {
+  const PlotRange whole = direction->axis->range;
+  const double size = std::max(std::abs(range.low), std::abs(range.high));
+  const double least = std::max(whole.width(), size) * deepestZoom;
+  const double most = whole.width() * widestZoom;
+  const double half = std::clamp(range.width(), least, std::max(least, most)) / 2;
+  if (half != range.width() / 2) {
+    // At a limit of zoom the view stands still rather than wander off.
+    if (range.width() < direction->view.width() ? direction->view.width() <= 2 * half
+                                                : direction->view.width() >= 2 * half)
+      return;
+    range = {range.centre() - half, range.centre() + half};
+  }
+  setView(direction, range.low, range.high);
+}
+
+void Plotter::Private::zoom(Direction* direction, double factor, double fixed) {
+  const PlotRange from = direction->view;
+  const double low = fixed - (fixed - from.low) * factor;
+  zoomTo(direction, {low, low + from.width() * factor});
+}
+
+void Plotter::Private::scroll(Direction* direction, double widths) {
+  const PlotRange from = direction->view;
+  const PlotRange whole = direction->axis->range;
+  // Half of the view stays over the axis, so that nobody gets lost beside it.
+  const double centre =
+      std::clamp(from.centre() + widths * from.width(), std::min(whole.low, from.centre()),
+                 std::max(whole.high, from.centre()));
+  const double by = centre - from.centre();
+  setView(direction, from.low + by, from.high + by);
+}
+
+bool Plotter::Private::isFree(const Direction& direction) const {
+  return zoomDirections & (&direction == &x ? Qt::Horizontal : Qt::Vertical);
+}
+
+void Plotter::Private::setCurve(int index, PlotCurve points, const QPen& pen) {
+  if (points.isEmpty())
+    curves.erase(index);
+  else
+    curves[index] = Curve{std::move(points), pen};
+  redraw();
+}
+
+void Plotter::Private::setColour(QColor* colour, const QColor& value) {
+  *colour = value;
+  redraw();
+}
+
+Plotter::Plotter(QWidget* parent, const char* objectName)
+    : QWidget(parent), d(std::make_unique<Private>(this)) {
+  setObjectName(QLatin1String(objectName));
+  PlotterAccessibility::install();
+  setFocusPolicy(Qt::StrongFocus);
+  setMouseTracking(true);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setCursor(Qt::CrossCursor);
+  setWhatsThis(tr("Drag over an area to enlarge it, double-click to see everything again. The "
+                  "wheel zooms, with Ctrl vertically, and scrolls with Shift. On the keyboard, + "
+                  "and - zoom, 0 shows everything, the arrow keys scroll and with Ctrl they move "
+                  "the cursor."));
+  initializeAxes(Axis(), Axis());
+}
+
+Plotter::~Plotter() = default;
+
+void Plotter::setCurveData(int index, const std::vector<double>& points, const QPen& pen) {
+  const double* xy = points.data();
+  d->setCurve(index, PlotCurve(xy, xy + (points.empty() ? 0 : 1), points.size() / 2, 2), pen);
+}
+
+void Plotter::setCurveData(int index, const double* x, const double* y, qint64 count,
+                           const QPen& pen) {
+  d->setCurve(index, PlotCurve(x, y, x && y ? std::size_t(std::max<qint64>(count, 0)) : 0, 1), pen);
+}
+
+void Plotter::setMargins(int left, int top, int right, int bottom) {
+  const auto usable = [](int margin) { return std::clamp(margin, 0, QWIDGETSIZE_MAX); };
+  d->margins = QMargins(usable(left), usable(top), usable(right), usable(bottom));
+  d->redraw();
+}
+
+void Plotter::initializeAxes(const Axis& x, const Axis& y) {
+  d->follow(&d->x, x);
+  d->follow(&d->y, y);
+}
+
+void Plotter::shareXRange(Plotter* other) {
+  if (!other || other == this)
+    return;
+  connect(this, &Plotter::xRangeChanged, other, &Plotter::setXRange, Qt::UniqueConnection);
+  connect(other, &Plotter::xRangeChanged, this, &Plotter::setXRange, Qt::UniqueConnection);
+  other->setXRange(xMinimum(), xMaximum());
+}
+
+void Plotter::setTextColour(const QColor& colour) {
+  d->setColour(&d->text, colour);
+}
+
+void Plotter::setMajorGridColor(const QColor& colour) {
+  d->setColour(&d->majorGrid, colour);
+}
+
+void Plotter::setMinorGridColour(const QColor& colour) {
+  d->setColour(&d->minorGrid, colour);
+}
+
+void Plotter::setBackgroundColour(const QColor& colour) {
+  d->setColour(&d->background, colour);
+}
+
+Qt::Orientations Plotter::zoomDirections() const {
+  return d->zoomDirections;
+}
+
+void Plotter::setZoomDirections(Qt::Orientations directions) {
+  d->zoomDirections = directions;
+}
+
+double Plotter::xMinimum() const {
+  return d->x.view.low;
+}
+
+double Plotter::xMaximum() const {
+  return d->x.view.high;
+}
+
+double Plotter::yMinimum() const {
+  return d->y.view.low;
+}
+
+double Plotter::yMaximum() const {
+  return d->y.view.high;
+}
+
+QString Plotter::readOut() const {
+  if (!d->cursor)
+    return {};
+  const QPointF value = d->valueAt(*d->cursor);
+  const QRect area = d->area();
+  return tr("x = %1, y = %2")
+      .arg(plotNumber(value.x(), d->x.view.width() / area.width()),
+           plotNumber(value.y(), d->y.view.width() / area.height()));
+}
+
+QSize Plotter::sizeHint() const {
+  const int line = fontMetrics().lineSpacing();
+  return {28 * line, 14 * line};
+}
+
+QSize Plotter::minimumSizeHint() const {
+  const int line = fontMetrics().lineSpacing();
+  return {6 * line, 2 * line};
+}
+
+void Plotter::setXRange(double minimum, double maximum) {
+  if (!std::isnan(minimum) && !std::isnan(maximum))
+    d->setView(&d->x, minimum, maximum);
+}
+
+void Plotter::setYRange(double minimum, double maximum) {
+  if (!std::isnan(minimum) && !std::isnan(maximum))
+    d->setView(&d->y, minimum, maximum);
+}
+
+void Plotter::resetZoom() {
+  for (Private::Direction* direction : {&d->x, &d->y})
+    d->setView(direction, direction->axis->range.low, direction->axis->range.high);
+}
+
+void Plotter::resizeEvent(QResizeEvent*) {
+  d->setCursor(std::nullopt);
+  d->redraw();
+}
+
+void Plotter::changeEvent(QEvent* event) {
+  switch (event->type()) {
+  case QEvent::PaletteChange:
+  case QEvent::StyleChange:
+  case QEvent::FontChange:
+  case QEvent::EnabledChange:
+  case QEvent::LocaleChange:
+  case QEvent::LayoutDirectionChange:
+    d->redraw();
+    break;
+  default:
+    break;
+  }
+  QWidget::changeEvent(event);
+}
