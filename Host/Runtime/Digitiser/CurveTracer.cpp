@@ -14,6 +14,8 @@ constexpr int seedReach = 4;          // pixels around the click in which the st
 constexpr double leastContrast = 40;  // between stroke and paper, of 441
 constexpr double faintest = 0.2;      // share of the stroke's colour that a hole in it may have
 constexpr double offColour = 0.35;    // residual beyond which an edge pixel is not the stroke's
+constexpr double hueShare = 0.7;      // of the tolerance, for what is neither ink nor paper
+constexpr double noise = 15;          // of 441, that a hue may always have
 constexpr int slopeColumns = 8;       // from which the direction is taken
 constexpr double leastOvershoot = 6;  // pixels by which a line across exceeds the stroke
 constexpr double steepSlope = 1.5;    // from here on a gap may lie within a column
@@ -42,6 +44,7 @@ struct Run {
   int top = 0;
   int bottom = 0; ///< the last row
   double middle = 0;
+  double at() const { return x + 0.5; }
   int length() const { return bottom - top + 1; }
 };
 
@@ -50,19 +53,26 @@ class Stroke {
 public:
   Stroke(const QImage& picture, int tolerance)
       : m_picture(picture), m_paper(colourOf(paperColour(picture))),
-        m_share(qBound(5, tolerance, 95) / 100.0) {}
+        m_tolerance(qBound(5, tolerance, 95) / 100.0) {}
 
   /// Takes the colour near `seed`; the pixel it was found at.
   std::optional<QPoint> takeColour(const QPoint& seed);
 
+  /// Faint or dark the stroke may be, to the tolerance; its hue has to be kept more closely, or
+  /// grey edges of black lines would pass for a thin red curve.
   bool has(int x, int y) const {
     if (!isInside(x, y))
       return false;
-    const Colour off = at(x, y) - m_ink;
-    return dot(off, off) <= m_limit;
+    const Mixture mixture = mixtureAt(x, y);
+    if (std::abs(mixture.part - 1) > m_tolerance)
+      return false;
+    const double least = noise * noise / m_square;
+    return mixture.residual <= std::max(least, std::pow(hueShare * m_tolerance * mixture.part, 2));
   }
   /// The run around a pixel that the stroke has. Holes of one pixel are noise.
   Run runAt(int x, int y) const;
+  /// The middle of a row's run around a pixel that the stroke has.
+  double middleOfRow(int x, int y) const;
   /// The runs of a column that meet the rows `from` to `to`, downwards.
   std::vector<Run> runs(int x, int from, int to) const;
 
@@ -75,26 +85,38 @@ private:
   Colour at(int x, int y) const {
     return colourOf(reinterpret_cast<const QRgb*>(m_picture.constScanLine(y))[x]);
   }
+  /// A pixel as paper and ink: how much ink, and the square of what is neither, relative to the
+  /// square of the contrast.
+  struct Mixture {
+    double part, residual;
+  };
+  Mixture mixtureAt(int x, int y) const {
+    const Colour off = at(x, y) - m_paper;
+    const double part = dot(off, m_way) / m_square;
+    return {part, std::max(0.0, dot(off, off) / m_square - part * part)};
+  }
+  void setInk(const Colour& ink) {
+    m_ink = ink;
+    m_way = ink - m_paper;
+    m_square = dot(m_way, m_way);
+  }
   double share(int x, int y) const;
   bool isHole(int x, int y, int beyond) const { return has(x, beyond) && share(x, y) > faintest; }
 
   const QImage& m_picture;
   Colour m_paper;
   Colour m_ink;
-  double m_share;
-  double m_limit = 0; ///< square of the distance from the ink
+  Colour m_way;        ///< from the paper to the ink
+  double m_square = 1; ///< of its length
+  double m_tolerance;
 };
 
 /// How much of a pixel the stroke covers, when the rest of it is paper; 0 for other colours.
 double Stroke::share(int x, int y) const {
   if (!isInside(x, y))
     return 0;
-  const Colour way = m_ink - m_paper;
-  const Colour off = at(x, y) - m_paper;
-  const double square = dot(way, way);
-  const double part = dot(off, way) / square;
-  const double residual = std::max(0.0, dot(off, off) - part * part * square);
-  return residual > offColour * offColour * square ? 0 : qBound(0.0, part, 1.0);
+  const Mixture mixture = mixtureAt(x, y);
+  return mixture.residual > offColour * offColour ? 0 : qBound(0.0, mixture.part, 1.0);
 }
 
 std::optional<QPoint> Stroke::takeColour(const QPoint& seed) {
@@ -113,20 +135,16 @@ std::optional<QPoint> Stroke::takeColour(const QPoint& seed) {
 
   // An edge is a mixture with the paper: go on to where the same colour is purer.
   for (int pass = 0; pass < seedReach; ++pass) {
-    m_ink = at(found->x(), found->y());
-    const Colour way = m_ink - m_paper;
-    const double square = dot(way, way);
+    setInk(at(found->x(), found->y()));
     double purest = 1.02;
     QPoint better = *found;
     for (int y = found->y() - 1; y <= found->y() + 1; ++y)
       for (int x = found->x() - 1; x <= found->x() + 1; ++x) {
         if (!isInside(x, y))
           continue;
-        const Colour off = at(x, y) - m_paper;
-        const double part = dot(off, way) / square;
-        const double residual = dot(off, off) - part * part * square;
-        if (part > purest && residual < offColour * offColour * part * part * square) {
-          purest = part;
+        const Mixture mixture = mixtureAt(x, y);
+        if (mixture.part > purest && mixture.residual < std::pow(offColour * mixture.part, 2)) {
+          purest = mixture.part;
           better = QPoint(x, y);
         }
       }
@@ -136,8 +154,8 @@ std::optional<QPoint> Stroke::takeColour(const QPoint& seed) {
   }
 
   // The mean of its like, so that noise does not choose the colour.
-  m_ink = at(found->x(), found->y());
-  const double like = 0.25 * length(m_ink - m_paper);
+  setInk(at(found->x(), found->y()));
+  const double like = 0.25 * length(m_way);
   Colour sum;
   int count = 0;
   for (int y = found->y() - 2; y <= found->y() + 2; ++y)
@@ -147,8 +165,7 @@ std::optional<QPoint> Stroke::takeColour(const QPoint& seed) {
         sum = {sum.r + one.r, sum.g + one.g, sum.b + one.b};
         ++count;
       }
-  m_ink = {sum.r / count, sum.g / count, sum.b / count};
-  m_limit = std::pow(m_share * length(m_ink - m_paper), 2);
+  setInk({sum.r / count, sum.g / count, sum.b / count});
   return found;
 }
 
@@ -171,6 +188,15 @@ Run Stroke::runAt(int x, int y) const {
   return run;
 }
 
+double Stroke::middleOfRow(int x, int y) const {
+  int left = x, right = x;
+  while (has(left - 1, y))
+    --left;
+  while (has(right + 1, y))
+    ++right;
+  return (left + right + 1) / 2.0;
+}
+
 std::vector<Run> Stroke::runs(int x, int from, int to) const {
   std::vector<Run> found;
   const int last = std::min(to, m_picture.height() - 1);
@@ -189,7 +215,9 @@ public:
       : m_stroke(stroke), m_direction(direction), m_gap(std::max(0, gap)) {}
 
   /// `path` holds the columns so far, the last one first to go on from.
-  void go(std::vector<Run>* path);
+  void go(std::vector<Run>* path) const;
+  /// Where a steep stroke ends. Its last columns, which the end cuts short, leave the path.
+  std::optional<QPointF> tip(std::vector<Run>* path, std::size_t keep) const;
 
 private:
   double slope(const std::vector<Run>& path) const;
@@ -266,7 +294,7 @@ std::optional<Run> Walk::beyondGap(const Run& from, double slope) const {
   return best;
 }
 
-void Walk::go(std::vector<Run>* path) {
+void Walk::go(std::vector<Run>* path) const {
   const std::size_t begin = path->size();
   std::size_t stretch = begin; // where the last unbroken one starts
   int jumped = 0;              // columns before it
@@ -297,14 +325,33 @@ void Walk::go(std::vector<Run>* path) {
     path->resize(std::max(begin, stretch));
 }
 
+std::optional<QPointF> Walk::tip(std::vector<Run>* path, std::size_t keep) const {
+  const double steepness = slope(*path);
+  if (std::abs(steepness) <= 1)
+    return std::nullopt;
+  const auto reaches = [&](const Run& run) { return steepness > 0 ? run.bottom : -run.top; };
+  const Run end = path->back();
+  std::size_t count = path->size();
+  while (count > keep && reaches((*path)[count - 1]) + 0.5 * std::abs(steepness) > reaches(end))
+    --count;
+  if (count < 2 || count == path->size())
+    return std::nullopt;
+  path->resize(count);
+  // The middle of its last row but one: the last may be the shadow of an edge.
+  const int row =
+      steepness > 0 ? std::max(end.top, end.bottom - 1) : std::min(end.bottom, end.top + 1);
+  const QPointF place(m_stroke.middleOfRow(end.x, row), row + 0.5);
+  if ((place.x() - path->back().at()) * m_direction <= 0)
+    return std::nullopt;
+  return place;
+}
+
 /// Every `step`-th column, and the last.
-QVector<QPointF> sampled(const std::vector<Run>& columns, int step) {
+QVector<QPointF> sampled(const QVector<QPointF>& middles, int step) {
   QVector<QPointF> points;
-  for (const Run& column : columns) {
-    const QPointF point(column.x + 0.5, column.middle);
-    if (points.isEmpty() || point.x() - points.last().x() >= step || &column == &columns.back())
-      points.append(point);
-  }
+  for (int i = 0; i < middles.size(); ++i)
+    if (i == 0 || middles[i].x() - points.last().x() >= step || i == middles.size() - 1)
+      points.append(middles[i]);
   return points;
 }
 
@@ -346,16 +393,27 @@ QVector<QPointF> traceCurve(const QImage& picture, const QPoint& seed,
   if (!start || !stroke.has(start->x(), start->y()))
     return {};
 
+  const Walk toRight(stroke, 1, options.gap);
+  const Walk toLeft(stroke, -1, options.gap);
   std::vector<Run> right{stroke.runAt(start->x(), start->y())};
-  Walk(stroke, 1, options.gap).go(&right);
+  toRight.go(&right);
   // What lies right of the seed tells the direction to its left.
   const std::size_t known = std::min<std::size_t>(right.size(), slopeColumns + 1);
   std::vector<Run> left(right.rend() - static_cast<std::ptrdiff_t>(known), right.rend());
-  Walk(stroke, -1, options.gap).go(&left);
+  toLeft.go(&left);
+  const auto rightTip = toRight.tip(&right, 1);
+  const auto leftTip = toLeft.tip(&left, known);
 
-  std::vector<Run> columns(left.rbegin(), left.rend() - static_cast<std::ptrdiff_t>(known));
-  columns.insert(columns.end(), right.begin(), right.end());
-  return thinned(sampled(columns, std::max(1, options.step)), options.thinning);
+  QVector<QPointF> middles;
+  if (leftTip)
+    middles.append(*leftTip);
+  for (std::size_t i = left.size(); i-- > known;)
+    middles.append({left[i].at(), left[i].middle});
+  for (const Run& run : right)
+    middles.append({run.at(), run.middle});
+  if (rightTip)
+    middles.append(*rightTip);
+  return thinned(sampled(middles, std::max(1, options.step)), options.thinning);
 }
 
 QVector<QPointF> thinned(const QVector<QPointF>& line, double tolerance) {
