@@ -602,9 +602,9 @@ TEST(PictureFile, SaysWhatIsWrong) {
   const QTemporaryDir folder;
   QImage clear(40, 30, QImage::Format_ARGB32);
   clear.fill(Qt::transparent);
-  // A small file whose header says that it has 20,000 by 20,000 pixels.
+  // A small file whose header says that it has 8,000 by 8,000 pixels.
   QByteArray huge = encoded(clear, "BMP");
-  huge.replace(18, 8, QByteArray::fromHex("204e0000204e0000"));
+  huge.replace(18, 8, QByteArray::fromHex("401f0000401f0000"));
   const struct {
     const char* name;
     QByteArray content;

@@ -364,8 +364,13 @@ QRgb paperColour(const QImage& picture) {
   std::vector<Bin> bins(4096);
   const double pixels = double(picture.width()) * picture.height();
   const int stride = std::max(1, qCeil(std::sqrt(pixels / paperSamples)));
-  for (int y = 0; y < picture.height(); y += stride)
-    for (int x = 0; x < picture.width(); x += stride) {
+  quint32 chance = 1; // a place in each square by chance: grids would agree with even steps
+  for (int top = 0; top < picture.height(); top += stride)
+    for (int left = 0; left < picture.width(); left += stride) {
+      chance = chance * 1664525 + 1013904223;
+      const int place = static_cast<int>((chance >> 8) % static_cast<quint32>(stride * stride));
+      const int x = std::min(left + place % stride, picture.width() - 1);
+      const int y = std::min(top + place / stride, picture.height() - 1);
       const QRgb rgb = picture.pixel(x, y);
       Bin& bin = bins[static_cast<std::size_t>((qRed(rgb) >> 4) << 8 | (qGreen(rgb) >> 4) << 4 |
                                                qBlue(rgb) >> 4)];
