@@ -14,7 +14,8 @@ constexpr int seedReach = 4;          // pixels around the click in which the st
 constexpr double leastContrast = 40;  // between stroke and paper, of 441
 constexpr double faintest = 0.2;      // share of the stroke's colour that a hole in it may have
 constexpr double offColour = 0.35;    // residual beyond which an edge pixel is not the stroke's
-constexpr double hueShare = 0.7;      // of the tolerance, for what is neither ink nor paper
+constexpr double hueShare = 0.5;      // of the tolerance, for what is neither ink nor paper
+constexpr double solidShare = 0.6;    // of the tolerance, beyond a gap
 constexpr double noise = 15;          // of 441, that a hue may always have
 constexpr int slopeColumns = 8;       // from which the direction is taken
 constexpr double leastOvershoot = 6;  // pixels by which a line across exceeds the stroke
@@ -58,16 +59,13 @@ public:
   /// Takes the colour near `seed`; the pixel it was found at.
   std::optional<QPoint> takeColour(const QPoint& seed);
 
-  /// Faint or dark the stroke may be, to the tolerance; its hue has to be kept more closely, or
-  /// grey edges of black lines would pass for a thin red curve.
-  bool has(int x, int y) const {
-    if (!isInside(x, y))
-      return false;
-    const Mixture mixture = mixtureAt(x, y);
-    if (std::abs(mixture.part - 1) > m_tolerance)
-      return false;
-    const double least = noise * noise / m_square;
-    return mixture.residual <= std::max(least, std::pow(hueShare * m_tolerance * mixture.part, 2));
+  bool has(int x, int y) const { return isInside(x, y) && isInk(x, y, m_tolerance); }
+  /// Whether a run has a pixel that leaves no doubt: noise beyond a gap has not.
+  bool isSolid(const Run& run) const {
+    for (int y = run.top; y <= run.bottom; ++y)
+      if (isInk(run.x, y, solidShare * m_tolerance))
+        return true;
+    return false;
   }
   /// The run around a pixel that the stroke has. Holes of one pixel are noise.
   Run runAt(int x, int y) const;
@@ -94,6 +92,15 @@ private:
     const Colour off = at(x, y) - m_paper;
     const double part = dot(off, m_way) / m_square;
     return {part, std::max(0.0, dot(off, off) / m_square - part * part)};
+  }
+  /// Faint or dark the stroke may be, to the tolerance; its hue has to be kept more closely, or
+  /// grey edges of black lines would pass for a thin red curve.
+  bool isInk(int x, int y, double tolerance) const {
+    const Mixture mixture = mixtureAt(x, y);
+    if (std::abs(mixture.part - 1) > tolerance)
+      return false;
+    const double least = noise * noise / m_square;
+    return mixture.residual <= std::max(least, std::pow(hueShare * tolerance * mixture.part, 2));
   }
   void setInk(const Colour& ink) {
     m_ink = ink;
@@ -277,7 +284,7 @@ std::optional<Run> Walk::beyondGap(const Run& from, double slope) const {
     for (const Run& run : m_stroke.runs(x, qFloor(expected - reach), qCeil(expected + reach))) {
       if (distance == 0 && (slope > 0 ? run.top <= from.bottom : run.bottom >= from.top))
         continue; // where it came from
-      if (goesAcross(run, from))
+      if (goesAcross(run, from) || !m_stroke.isSolid(run))
         continue;
       const double entry = qBound(double(run.top), anchor, double(run.bottom + 1));
       const double way = std::hypot(distance, entry - anchor);

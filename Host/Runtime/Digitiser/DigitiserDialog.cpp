@@ -1,7 +1,7 @@
 #include "DigitiserDialog.h"
 
+#include "DigitisedPoints.h"
 #include "HostSupportQt/Geometry.h"
-#include "PointTable.h"
 #include "ui_DigitiserDialog.h"
 
 #include <QAction>
@@ -16,7 +16,7 @@
 
 DigitiserDialog::DigitiserDialog(const QImage& picture, QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::DigitiserDialog>()), m_model(picture),
-      m_table(new PointTable(&m_model, this)) {
+      m_table(new DigitisedPoints(&m_model, this)) {
   m_ui->setupUi(this);
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
   setWindowFlag(Qt::WindowMaximizeButtonHint);

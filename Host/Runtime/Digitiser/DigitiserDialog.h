@@ -7,7 +7,7 @@
 #include <array>
 #include <memory>
 
-class PointTable;
+class DigitisedPoints;
 class QLineEdit;
 class QToolButton;
 namespace Ui {
@@ -51,7 +51,7 @@ private:
 
   std::unique_ptr<Ui::DigitiserDialog> m_ui;
   DigitiserModel m_model;
-  PointTable* m_table;
+  DigitisedPoints* m_table;
   std::array<QLineEdit*, markCount> m_values;
   std::vector<QToolButton*> m_tools; ///< in the order of `DigitiserView::Tool`
   QString m_fault;                   ///< of the last click, until the next change

@@ -1,4 +1,4 @@
-#include "PointTable.h"
+#include "DigitisedPoints.h"
 
 #include "DigitiserModel.h"
 #include "HostSupport/Numbers.h"
@@ -9,13 +9,13 @@ QString shownValue(double value) {
   return toQs(sp_ConvertRealToJSEng(value, digits));
 }
 
-PointTable::PointTable(const DigitiserModel* model, QObject* parent)
+DigitisedPoints::DigitisedPoints(const DigitiserModel* model, QObject* parent)
     : QAbstractTableModel(parent), m_model(model) {
-  connect(model, &DigitiserModel::changed, this, &PointTable::follow);
+  connect(model, &DigitiserModel::changed, this, &DigitisedPoints::follow);
 }
 
 /// Rows come and go at the end, so that a selection outlives a change of values.
-void PointTable::follow() {
+void DigitisedPoints::follow() {
   const int rows = m_model->state().points.size();
   if (rows > m_rows) {
     beginInsertRows({}, m_rows, rows - 1);
@@ -31,15 +31,15 @@ void PointTable::follow() {
   emit headerDataChanged(Qt::Horizontal, 0, 1);
 }
 
-int PointTable::rowCount(const QModelIndex& parent) const {
+int DigitisedPoints::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : m_rows;
 }
 
-int PointTable::columnCount(const QModelIndex& parent) const {
+int DigitisedPoints::columnCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : 2;
 }
 
-QVariant PointTable::data(const QModelIndex& index, int role) const {
+QVariant DigitisedPoints::data(const QModelIndex& index, int role) const {
   if (role == Qt::TextAlignmentRole)
     return int(Qt::AlignRight | Qt::AlignVCenter);
   const auto& points = m_model->state().points;
@@ -51,7 +51,7 @@ QVariant PointTable::data(const QModelIndex& index, int role) const {
   return m_model->map() ? shownValue(value) : QString::number(value, 'f', 1);
 }
 
-QVariant PointTable::headerData(int section, Qt::Orientation orientation, int role) const {
+QVariant DigitisedPoints::headerData(int section, Qt::Orientation orientation, int role) const {
   if (role != Qt::DisplayRole)
     return {};
   if (orientation == Qt::Vertical)

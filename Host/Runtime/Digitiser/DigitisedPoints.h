@@ -5,11 +5,11 @@
 class DigitiserModel;
 
 /// The digitiser's points as rows: axis values, or pixels as long as the axes are not complete.
-class PointTable : public QAbstractTableModel {
+class DigitisedPoints : public QAbstractTableModel {
   Q_OBJECT
 
 public:
-  explicit PointTable(const DigitiserModel* model, QObject* parent = nullptr);
+  explicit DigitisedPoints(const DigitiserModel* model, QObject* parent = nullptr);
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
