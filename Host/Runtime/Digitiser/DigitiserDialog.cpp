@@ -5,14 +5,26 @@
 #include "ui_DigitiserDialog.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QButtonGroup>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QScreen>
 #include <QShortcut>
 #include <QStyle>
 
 #include <algorithm>
+
+static constexpr QSize usualSize(1100, 720);
+
+/// What the next click does has to be seen at a glance, on dark palettes as well.
+static QPalette chosenPalette() {
+  QPalette palette = QApplication::palette();
+  palette.setColor(QPalette::Button, palette.color(QPalette::Highlight));
+  palette.setColor(QPalette::ButtonText, palette.color(QPalette::HighlightedText));
+  return palette;
+}
 
 DigitiserDialog::DigitiserDialog(const QImage& picture, QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::DigitiserDialog>()), m_model(picture),
@@ -39,6 +51,7 @@ DigitiserDialog::DigitiserDialog(const QImage& picture, QWidget* parent)
   useTool(MarkX1);
   follow();
   m_ui->picture->setFocus();
+  resize(usualSize.boundedTo(screen()->availableSize() * 9 / 10));
   sp_AutoSaveDialogDims(this);
 }
 
@@ -50,6 +63,9 @@ void DigitiserDialog::connectTools() {
   auto* group = new QButtonGroup(this);
   for (std::size_t tool = 0; tool < m_tools.size(); ++tool)
     group->addButton(m_tools[tool], static_cast<int>(tool));
+  for (QToolButton* button : m_tools)
+    connect(button, &QToolButton::toggled, button,
+            [button](bool on) { button->setPalette(on ? chosenPalette() : QPalette()); });
   connect(group, &QButtonGroup::idClicked, this, [this](int tool) {
     useTool(tool);
     m_ui->picture->setFocus();

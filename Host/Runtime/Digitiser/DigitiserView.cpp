@@ -111,10 +111,7 @@ std::optional<QPointF> DigitiserView::selectedPlace() const {
 // ---- zoom and pan -------------------------------------------------------------------------------
 
 QPointF DigitiserView::origin() const {
-  const QSizeF shown = QSizeF(m_model->picture().size()) * m_zoom;
-  const double x = (viewport()->width() - shown.width()) / 2;
-  const double y = (viewport()->height() - shown.height()) / 2;
-  return {x > 0 ? x : -horizontalScrollBar()->value(), y > 0 ? y : -verticalScrollBar()->value()};
+  return {-double(horizontalScrollBar()->value()), -double(verticalScrollBar()->value())};
 }
 
 QPointF DigitiserView::toViewport(const QPointF& pixel) const {
@@ -125,15 +122,20 @@ QPointF DigitiserView::toPicture(const QPointF& at) const {
   return (at - origin()) / m_zoom;
 }
 
+/// A picture that fits stands in the middle. Else any place of it can be brought there, so that
+/// zooming keeps what is below the cursor.
 void DigitiserView::updateBars() {
-  const QSizeF shown = QSizeF(m_model->picture().size()) * m_zoom;
-  const QSize room = viewport()->size();
-  horizontalScrollBar()->setRange(0, std::max(0, int(std::ceil(shown.width())) - room.width()));
-  horizontalScrollBar()->setPageStep(room.width());
-  verticalScrollBar()->setRange(0, std::max(0, int(std::ceil(shown.height())) - room.height()));
-  verticalScrollBar()->setPageStep(room.height());
-  horizontalScrollBar()->setSingleStep(20);
-  verticalScrollBar()->setSingleStep(20);
+  const QSize shown = (QSizeF(m_model->picture().size()) * m_zoom).toSize();
+  const auto update = [this](QScrollBar* bar, int length, int room) {
+    if (m_isFitting)
+      bar->setRange((length - room) / 2, (length - room) / 2);
+    else
+      bar->setRange(-room / 2, length - room / 2);
+    bar->setPageStep(room);
+    bar->setSingleStep(20);
+  };
+  update(horizontalScrollBar(), shown.width(), viewport()->width());
+  update(verticalScrollBar(), shown.height(), viewport()->height());
   viewport()->update();
 }
 
