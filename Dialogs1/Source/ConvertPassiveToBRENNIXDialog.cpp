@@ -7,6 +7,7 @@
 #include "ScriptTexts.h"
 #include "graphimagecapture_dynexport.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QMessageBox>
@@ -148,8 +149,7 @@ void ConvertPassiveToBRENNIXDialog::showKind() {
 }
 
 void ConvertPassiveToBRENNIXDialog::loadInput() {
-  if (!inputText.isEmpty())
-    form.inputTable->setPoints(pointsOfText(inputText));
+  form.inputTable->setPoints(pointsOfText(inputText));
 }
 
 void ConvertPassiveToBRENNIXDialog::loadOutput() {
@@ -198,8 +198,10 @@ PwlPoints ConvertPassiveToBRENNIXDialog::resampleInput() const {
   const Curve samples = host.resampled(input);
   const double limit =
       form.limitGroupBox->isChecked() ? form.limitValueSpinner->value() : samples.x.back();
-  PwlPoints points = exactTextOfCurve(upTo(limit, samples));
-  if (samples.x.back() > limit) {
+  const Curve kept = upTo(limit, samples);
+  PwlPoints points = exactTextOfCurve(kept);
+  const bool endsAtLimit = kept.size() > 0 && kept.x.back() == limit;
+  if (samples.x.back() > limit && !endsAtLimit) {
     // The curve ends at the limit itself, not at the last sample before it. Where it has no value
     // there, the row stays blank.
     const std::optional<double> y = host.valueAt(limit, input);
@@ -307,7 +309,7 @@ void ConvertPassiveToBRENNIXDialog::DigitizeData() {
   KvVector<double> x;
   KvVector<double> y;
   picture.picture = toYs(QFileDialog::getOpenFileName(
-      this, tr("Open Image"), QString(), tr("Images (*.png *.jpg *.jpeg *.bmp *.gif)")));
+      this, tr("Open Image"), QDir::currentPath(), tr("Images (*.png *.jpg *.jpeg *.bmp *.gif)")));
   if (picture.picture.isEmpty())
     return;
   try {

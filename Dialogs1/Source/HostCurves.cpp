@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr double intervals = 1000;
+constexpr double sampleCount = 1000;
 
 [[noreturn]] void raise(const QString& message) {
   throw KelvarinException(Tocs(message));
@@ -57,10 +57,10 @@ Curve HostCurves::curveFrom(const char* function, std::vector<UserArgument> oper
 }
 
 Curve HostCurves::resampled(const Curve& curve) const {
-  const std::vector<double> points{intervals};
+  const std::vector<double> count{sampleCount};
   const std::vector<double> order{1.0};
-  const std::vector<double> grid{(curve.x.back() - curve.x.front()) / intervals, 0.0};
-  return curveFrom("interp", {operand(curve), operand(points), operand(order), operand(grid)});
+  const std::vector<double> grid{(curve.x.back() - curve.x.front()) / sampleCount, 0.0};
+  return curveFrom("interp", {operand(curve), operand(count), operand(order), operand(grid)});
 }
 
 std::optional<double> HostCurves::valueAt(double x, const Curve& curve) const {

@@ -17,8 +17,7 @@ class HostCurves {
 public:
   explicit HostCurves(UserFunctionInterface* argumentBlock) : call(argumentBlock) {}
 
-  /// Evenly spaced points of a curve that is not empty, a thousand intervals from its first x to
-  /// its last.
+  /// A thousand evenly spaced points of a curve, which must not be empty.
   Curve resampled(const Curve& curve) const;
   /// y at `x`; nothing where the curve does not get there.
   std::optional<double> valueAt(double x, const Curve& curve) const;

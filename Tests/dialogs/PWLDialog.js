@@ -201,6 +201,84 @@ box([texts("0 0 1 1 2 2")], d => {
   d.reject();
 });
 
+// --- conversion tool ----------------------------------------------------------------------------
+
+const capacitor = (over = {}) => options(Object.assign({ 0: "Define PWL Capacitor C1" }, over));
+const textOf = table => table.map(r => r.join(" ")).join(" ");
+const convertWith = act => d => {
+  host.onDialog(act);
+  d.click("componentUnitEntryButton");
+};
+
+// A capacitance table becomes charge, lands in the box, and is there again when the box is reopened.
+const coss = "0 10n 100 10n 200 2n 400 2n";
+const result = box([[], capacitor(), [], ""], d => {
+  equal(d.text("componentUnitEntryButton"), "Enter Capacitance...");
+  convertWith(t => {
+    equal([t.name, t.title, t.checked("limitGroupBox"), t.value("limitValueSpinner")],
+          ["ConvertDialog", "Units to Energy Storage Conversion Tool", false, 20]);
+    host.clipboard("0 10e-9 100 10e-9 200 2e-9 400 2e-9");
+    t.press("Paste from Clipboard");
+    t.set("numSegSpinner", "3");
+    t.key(null, "Alt+Right");
+    t.key(null, "Alt+O");
+  })(d);
+  d.accept();
+});
+equal(result.length, 9, "four points and the memory");
+const numbers = result.slice(0, 8).map(t => parseFloat(t) * (/n$/.test(t) ? 1e-9 : /u$/.test(t) ? 1e-6 : 1));
+near([numbers[0], numbers[6], numbers[7]], [0, 400, 2e-6], 1e-3, "the whole charge");
+check(numbers[3] / numbers[2] > 9e-9, "it starts at the capacitance of low voltages");
+equal(result[8], `${coss}|${result.slice(0, 8).join(" ")}|0|20`);
+equal(box([result.slice(0, 8), capacitor(), [], result[8]], d => {
+  equal(rows(d).length, 5, "the curve and a blank row");
+  convertWith(t => {
+    equal([textOf(t.table("inputTable").slice(0, 4)), t.value("numSegSpinner")], [coss, 3]);
+    check(t.enabled("okButton"));
+    t.accept();
+  })(d);
+  d.accept();
+}), result, "reopened, and unchanged");
+
+// What is typed by hand reaches the tool as its output, and lands from the first row on.
+equal(box([["0", "0", "10", "{a + b}"], options({ 0: "Define PWL Inductor" }), [], ""], d => {
+  convertWith(t => {
+    equal([textOf(t.table("inputTable")), textOf(t.table("outputPWLTable"))], [" ", "0 0 10 {a+b}"]);
+    check(!t.enabled("okButton"), "until there is something to take");
+    t.cell("outputPWLTable", 1, 1, "5");
+    t.key(null, "Alt+Left");
+    t.press("Ok");
+  })(d);
+  equal(rows(d), ["0,0", "10,5", ","]);
+  d.accept();
+}), ["0", "0", "10", "5", "0 500m 10 500m|0 0 10 5|0|20"]);
+equal(box([texts("0 0 1 1"), capacitor(), [], "0 1 1 1 1 2 2 2|0 0 1 1 2 3|1|7"], d => {
+  convertWith(t => { t.set("limitValueSpinner", "1e-9"); t.reject(); })(d);
+  d.accept();
+}), ["0", "0", "1", "1", "0 1 1 1 1 2 2 2|0 0 1 1 2 3|1|7"], "a cancelled tool changes nothing");
+equal(box([texts("0 0 1 1"), capacitor(), [], ""], d => {
+  convertWith(t => t.reject())(d);
+  d.accept();
+})[4], "|0 0 1 1|0|20", "but has seen what was typed");
+equal(box([texts("-1 -2 1 2"), capacitor({ 7: "1" }), [], "0 2 1 2 1 1 3 1|0 0 1 2 3 4|0|20"], d => {
+  convertWith(t => t.accept())(d);
+  equal(rows(d), ["0,0", "1,2", "3,4", ","], "the first point takes the place of the origin");
+  d.accept();
+}).slice(0, 8), texts("-3 -4 -1 -2 1 2 3 4"));
+// With nothing remembered at all the limit is on, at its least.
+box([texts("0 0 1 1"), capacitor()], d => {
+  convertWith(t => {
+    equal([t.checked("limitGroupBox"), t.value("limitValueSpinner")], [true, 0.5]);
+    t.reject();
+  })(d);
+  d.reject();
+});
+for (const [count, most] of [[8, 11], [9, 255]])
+  box([texts("0 0 1 1"), capacitor().slice(0, count), [], ""], d => {
+    convertWith(t => { equal(t.get("numSegSpinner", "max"), most); t.reject(); })(d);
+    d.reject();
+  });
+
 // --- names, limits, hostile calls ---------------------------------------------------------------
 
 const nameOf = opts => {
