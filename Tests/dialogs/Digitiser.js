@@ -65,7 +65,7 @@ function digitise(file, act) {
     c.reject();
   });
   ConvertPassiveToBRENNIXDialog('capacitor');
-  return rows.map(row => row.map(number));
+  return rows.filter(row => row[0] !== '').map(row => row.map(number)); // without the blank one
 }
 
 for (const [file, place] of [['output-capacitance.png', p => p], ['output-capacitance-scan.jpg', turned]]) {

@@ -161,6 +161,22 @@ TEST_F(DigitiserWindow, AddsMovesNudgesAndRemovesPoints) {
   EXPECT_EQ(rows(), 0);
 }
 
+TEST_F(DigitiserWindow, LosesHoldOfWhatIsUndone) {
+  for (const bool isMark : {true, false}) {
+    if (!isMark)
+      calibrate();
+    const bool couldUndo = get<QToolButton>("undoButton")->isEnabled();
+    press(100, 100);
+    key(Qt::Key_Z, Qt::ControlModifier);
+    move(200, 200);
+    key(Qt::Key_Delete);
+    move(210, 200);
+    release(210, 200);
+    EXPECT_EQ(rows(), 0);
+    EXPECT_EQ(get<QToolButton>("undoButton")->isEnabled(), couldUndo);
+  }
+}
+
 TEST_F(DigitiserWindow, ZoomsAtTheCursorAndPans) {
   const QPoint cursor = at(400, 100);
   const double before = view->zoom();

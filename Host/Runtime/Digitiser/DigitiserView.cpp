@@ -93,6 +93,7 @@ void DigitiserView::select(int index) {
   if (index == m_selected)
     return;
   m_selected = index;
+  m_isDragging = false; // undo may take away what the mouse holds
   m_model->beginGesture();
   if (const auto place = selectedPlace())
     setCursorPlace(*place);
