@@ -186,7 +186,7 @@ TEST_F(DigitiserWindow, ZoomsAtTheCursorAndPans) {
     QApplication::sendEvent(view->viewport(), &wheel);
   }
   EXPECT_GT(view->zoom(), 5 * before);
-  EXPECT_LE((at(400, 100) - cursor).manhattanLength(), 8)
+  EXPECT_LE((at(400, 100) - cursor).manhattanLength(), 3)
       << "what was below the cursor stays there";
 
   const QPoint start = at(400, 100);

@@ -422,6 +422,52 @@ TEST(Tracer, BridgesGapsUpToItsLimit) {
   }
 }
 
+TEST(Tracer, TellsTheStrokeFromItsFaults) {
+  const auto paint = [](const std::function<void(QPainter*)>& what) {
+    QImage picture(400, 400, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    what(&painter);
+    painter.end();
+    return picture;
+  };
+  const QColor pale(255, 115, 115); // 55 per cent of the ink
+  // A pale row within a stroke does not split it.
+  const QImage holed = paint([&](QPainter* painter) {
+    painter->fillRect(20, 40, 300, 9, Qt::red);
+    painter->fillRect(20, 44, 300, 1, QColor(255, 160, 160));
+  });
+  for (const QPointF& point : traceCurve(holed, {100, 42}, {}))
+    EXPECT_NEAR(point.y(), 44.5, 0.2);
+  // Beyond a gap, something pale is not taken for it; where it touches, it is.
+  for (const int gap : {0, 5}) {
+    const QImage faint = paint([&](QPainter* painter) {
+      painter->fillRect(20, 40, 180, 3, Qt::red);
+      painter->fillRect(200 + gap, 40, 100, 3, pale);
+    });
+    EXPECT_EQ(traceCurve(faint, {100, 41}, {}).last().x(), gap == 0 ? 299.5 : 199.5);
+  }
+  // A steep stroke is followed to its end, across a band that hides it.
+  const QLineF steep(100, 20, 118, 380);
+  const auto banded = [&](int height) {
+    return paint([&](QPainter* painter) {
+      painter->setPen(QPen(Qt::red, 3, Qt::SolidLine, Qt::FlatCap));
+      painter->drawLine(steep);
+      painter->fillRect(0, 200, 400, height, Qt::darkGreen);
+    });
+  };
+  for (const int band : {1, 8, 40}) {
+    const QVector<QPointF> points = traceCurve(banded(band), {104, 100}, {});
+    ASSERT_GE(points.size(), 2);
+    EXPECT_LE(QLineF(points.first(), steep.p1()).length(), 2.5) << band;
+    EXPECT_LE(QLineF(points.last(), band < 12 ? steep.p2() : steep.pointAt(0.5)).length(), 2.5)
+        << band;
+    for (const QPointF& point : points)
+      EXPECT_LE(distanceTo({steep.p1(), steep.p2()}, point), 0.6) << band << ' ' << point.y();
+  }
+}
+
 TEST(Tracer, TakesAnyPictureInTime) {
   // All ink but a corner, and stripes as wide as a gap: the worst that it can walk over.
   QImage picture(4000, 3000, QImage::Format_RGB32);

@@ -141,7 +141,10 @@ void DigitiserView::updateBars() {
 }
 
 void DigitiserView::zoomAt(const QPointF& at, double zoom) {
-  const QPointF pixel = toPicture(at);
+  // The bars stand at whole units: turn by turn, what they lose would add up.
+  if ((toViewport(m_zoomedPixel) - at).manhattanLength() > 2)
+    m_zoomedPixel = toPicture(at);
+  const QPointF pixel = m_zoomedPixel;
   const QSizeF size(m_model->picture().size());
   const double least = std::min(1.0, 32.0 / std::max(size.width(), size.height()));
   m_isFitting = false;

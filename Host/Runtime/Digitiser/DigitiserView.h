@@ -83,6 +83,7 @@ private:
   std::vector<QImage> m_halves; ///< the picture at 1/2, 1/4 … as far as needed
   double m_zoom = 1;            ///< units of the viewport for a pixel
   bool m_isFitting = true;
+  QPointF m_zoomedPixel; ///< around which the picture was zoomed last
   int m_tool = 0;
   int m_selected = -1;
   int m_hovered = -1;
