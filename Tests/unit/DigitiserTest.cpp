@@ -468,6 +468,22 @@ TEST(Tracer, TellsTheStrokeFromItsFaults) {
   }
 }
 
+TEST(Tracer, ComesDownACliff) {
+  for (const int band : {0, 6}) {
+    QImage picture(400, 400, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    painter.setPen(QPen(Qt::red, 3, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+    painter.drawPolyline(QPolygonF({{20, 50}, {150, 50}, {150, 350}, {380, 350}}));
+    painter.fillRect(0, 200, 400, band, Qt::darkGreen);
+    painter.end();
+    const QVector<QPointF> points = traceCurve(picture, {60, 50}, {});
+    ASSERT_GE(points.size(), 4);
+    EXPECT_GT(points.last().x(), 378) << band;
+    EXPECT_NEAR(points.last().y(), 350, 0.6) << band;
+  }
+}
+
 TEST(Tracer, TakesAnyPictureInTime) {
   // All ink but a corner, and stripes as wide as a gap: the worst that it can walk over.
   QImage picture(4000, 3000, QImage::Format_RGB32);
