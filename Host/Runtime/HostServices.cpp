@@ -1,5 +1,6 @@
 #include "HostServices.h"
 
+#include "Digitiser/Digitise.h"
 #include "HostCall.h"
 #include "HostSupport/Registry.h"
 #include "HostSupportQt/Paste.h"
@@ -11,6 +12,7 @@
 #include "schematic_dynexport.h"
 #include "vecdll_dynexport.h"
 
+#include <QApplication>
 #include <QHash>
 
 namespace {
@@ -69,6 +71,19 @@ void runHostCommand(const YString& command, std::uint32_t hash) {
   });
 }
 
+bool captureGraph(const GraphImageCaptureRecord& input, GraphImageCaptureRecord* output,
+                  KvVector<double>* x, KvVector<double>* y) {
+  QWidget* const modal = QApplication::activeModalWidget();
+  std::vector<double> xValues, yValues;
+  if (!digitise(modal ? modal : QApplication::activeWindow(), toQs(input.picture), &xValues,
+                &yValues))
+    return false;
+  *output = input;
+  *x = KvVector<double>(std::move(xValues));
+  *y = KvVector<double>(std::move(yValues));
+  return true;
+}
+
 void registerOwnEntries() {
   static const RegisterDynFuncDef commandEntry(dyn_RunCommand.name,
                                                reinterpret_cast<void*>(&runHostCommand),
@@ -76,6 +91,9 @@ void registerOwnEntries() {
   static const RegisterDynFuncDef schematicEntry(
       dyn_GetGlobalSchematicInterface.name, reinterpret_cast<void*>(&globalSchematicInterface),
       dyn_GetGlobalSchematicInterface.file, dyn_GetGlobalSchematicInterface.line);
+  static const RegisterDynFuncDef captureEntry(
+      dyn_GraphImageCapture.name, reinterpret_cast<void*>(&captureGraph),
+      dyn_GraphImageCapture.file, dyn_GraphImageCapture.line);
 }
 
 // ---- entries that scripts serve -----------------------------------------------------------------
