@@ -15,11 +15,19 @@ public:
   }
 };
 
+void showModel(QComboBox* combo, QStringListModel* model) {
+  combo->setModel(model);
+  combo->setCurrentIndex(0);
+}
+
 } // namespace
+
+void showNames(QComboBox* combo, const QStringList& names) {
+  showModel(combo, new QStringListModel(names, combo));
+}
 
 void showSortedNames(QComboBox* combo, const QStringList& names) {
   auto* model = new NameModel(names, combo);
   model->sort(0);
-  combo->setModel(model);
-  combo->setCurrentIndex(0);
+  showModel(combo, model);
 }

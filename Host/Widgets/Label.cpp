@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QStyle>
 #include <QStyleOptionFocusRect>
 #include <QTextDocument>
@@ -10,6 +11,13 @@
 #include <QWhatsThis>
 
 namespace {
+
+const QLatin1String infoLink("ref");
+
+bool linksToInfo(const QString& text) {
+  static const QRegularExpression link(QStringLiteral("<a\\s+href=[\"']?%1\\b").arg(infoLink));
+  return link.match(text).hasMatch();
+}
 
 QString plainText(const QString& text) {
   return Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText() : text;
@@ -19,6 +27,10 @@ QString plainText(const QString& text) {
 
 Label::Label(QWidget* parent, const char* objectName) : QLabel(parent) {
   setObjectName(QLatin1String(objectName));
+  connect(this, &QLabel::linkActivated, this, [this](const QString& link) {
+    if (link == infoLink)
+      showInfo();
+  });
 }
 
 void Label::setInfo(const QString& text) {
@@ -26,6 +38,7 @@ void Label::setInfo(const QString& text) {
     return;
   const bool hadMark = !m_info.isEmpty();
   m_info = text;
+  m_linksToInfo = linksToInfo(QLabel::text());
   const bool hasMark = !m_info.isEmpty();
   setAccessibleDescription(plainText(m_info));
   if (hasMark != hadMark) {
@@ -40,11 +53,12 @@ void Label::setInfo(const QString& text) {
 
 void Label::showInfo() {
   if (!m_info.isEmpty())
-    QWhatsThis::showText(mapToGlobal(markRect().bottomLeft()), m_info, this);
+    QWhatsThis::showText(mapToGlobal((drawsMark() ? markRect() : rect()).bottomLeft()), m_info,
+                         this);
 }
 
 int Label::markSpace() const {
-  return m_info.isEmpty() ? 0 : fontMetrics().height() + fontMetrics().averageCharWidth() / 2;
+  return !drawsMark() ? 0 : fontMetrics().height() + fontMetrics().averageCharWidth() / 2;
 }
 
 void Label::reserveMark() {
@@ -60,7 +74,7 @@ void Label::reserveMark() {
 }
 
 QRect Label::markRect() const {
-  if (m_info.isEmpty())
+  if (!drawsMark())
     return {};
   const int side = fontMetrics().height();
   const QRect area = contentsRect();
@@ -82,42 +96,44 @@ QRect Label::markRect() const {
 
 void Label::paintEvent(QPaintEvent* event) {
   QLabel::paintEvent(event);
-  if (m_info.isEmpty())
-    return;
-
   QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
+  if (drawsMark())
+    paintMark(&painter);
+  if (!m_info.isEmpty() && hasFocus()) {
+    QStyleOptionFocusRect option;
+    option.initFrom(this);
+    option.rect = drawsMark() ? markRect() : contentsRect();
+    option.backgroundColor = palette().color(QPalette::Window);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+  }
+}
+
+void Label::paintMark(QPainter* painter) const {
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing);
   const QRect mark = markRect();
   const QColor colour = palette().color(QPalette::Link);
   const qreal line = mark.height() / 12.0;
   const QRectF circle = QRectF(mark).adjusted(2 * line, 2 * line, -2 * line, -2 * line);
-  painter.setPen(QPen(isEnabled() ? colour : palette().color(QPalette::WindowText), line));
+  painter->setPen(QPen(isEnabled() ? colour : palette().color(QPalette::WindowText), line));
   if (m_hovered || hasFocus()) {
-    painter.setBrush(painter.pen().color());
-    painter.drawEllipse(circle);
-    painter.setPen(QPen(palette().color(QPalette::Window), line));
-    painter.setBrush(Qt::NoBrush);
+    painter->setBrush(painter->pen().color());
+    painter->drawEllipse(circle);
+    painter->setPen(QPen(palette().color(QPalette::Window), line));
+    painter->setBrush(Qt::NoBrush);
   } else {
-    painter.drawEllipse(circle);
+    painter->drawEllipse(circle);
   }
   // An "i" of lines rather than of a font: it stays centred at every size.
-  QPen stroke = painter.pen();
+  QPen stroke = painter->pen();
   stroke.setWidthF(1.4 * line);
   stroke.setCapStyle(Qt::RoundCap);
-  painter.setPen(stroke);
+  painter->setPen(stroke);
   const QPointF middle = circle.center();
   const qreal unit = circle.height() / 8;
-  painter.drawLine(middle + QPointF(0, -0.4 * unit), middle + QPointF(0, 2 * unit));
-  painter.drawPoint(middle + QPointF(0, -2 * unit));
-
-  if (hasFocus()) {
-    painter.setRenderHint(QPainter::Antialiasing, false);
-    QStyleOptionFocusRect option;
-    option.initFrom(this);
-    option.rect = mark;
-    option.backgroundColor = palette().color(QPalette::Window);
-    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
-  }
+  painter->drawLine(middle + QPointF(0, -0.4 * unit), middle + QPointF(0, 2 * unit));
+  painter->drawPoint(middle + QPointF(0, -2 * unit));
+  painter->restore();
 }
 
 void Label::mousePressEvent(QMouseEvent* event) {

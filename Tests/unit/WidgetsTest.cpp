@@ -424,6 +424,28 @@ TEST(Label, InformationIsReachedByKeyAndMouse) {
   EXPECT_FALSE(popup());
 }
 
+TEST(Label, LinkInTheCaptionStandsForTheMark) {
+  const QString caption = QStringLiteral("Gap <a %1>why?</a>");
+  const struct {
+    const char* link;
+    bool isMark;
+  } cases[] = {
+      {"href=ref", true}, {"href=\"ref\"", true}, {"href=reference.html", false}, {"", false}};
+  for (const auto& c : cases) {
+    Label label;
+    label.setText(caption.arg(QString::fromLatin1(c.link)));
+    const QSize plain = label.sizeHint();
+    label.setInfo(QStringLiteral("Of the core."));
+    EXPECT_EQ(label.sizeHint() == plain, c.isMark) << c.link;
+    label.show();
+    QTest::mouseClick(&label, Qt::LeftButton, {}, QPoint(plain.width() - 6, plain.height() / 2));
+    QWidget* popup = QApplication::activePopupWidget();
+    EXPECT_EQ(popup != nullptr, c.isMark) << c.link;
+    if (popup)
+      popup->close();
+  }
+}
+
 TEST(Edits, KeepWhatTheyGet) {
   EditBox box;
   const QString longText(100000, QLatin1Char('x'));

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QStringList>
+#include <QVector>
+
+#include <vector>
+
+/// How digital pins meet analog signals: a script's table of interfaces, by logic family.
+///
+/// Each line of the table is one interface, its fields separated by semicolons: technology,
+/// description, a field that is not used, model type, supply voltage, and two conductances that
+/// leave the output's resistance to the user where both are empty. Missing fields are empty.
+class LogicInterfaces {
+public:
+  /// Interfaces are named by their lines, counted from 0; -1 stands for none.
+  struct Technology {
+    QString name; ///< in the letter case of its first line
+    QVector<int> inputs;
+    QVector<int> outputs;
+    int defaultInput = -1;
+    int defaultOutput = -1;
+    double supply = 5; ///< volts
+  };
+
+  LogicInterfaces() = default;
+  /// Lines `input` and `output` are their technologies' defaults; elsewhere the first
+  /// "Standard input" and "Standard output" are.
+  LogicInterfaces(const char* const* lines, unsigned count, int input, int output);
+
+  /// In the order of their first lines; names that differ in case only are one.
+  const std::vector<Technology>& technologies() const { return m_technologies; }
+  /// One that has nothing where there is no such index.
+  Technology technology(int index) const;
+  /// Index of a line's technology; -1 where there is no such line.
+  int technologyOf(int line) const { return m_technologyOfLine.value(line, -1); }
+  QString description(int line) const { return m_descriptions.value(line); }
+  QStringList descriptions(const QVector<int>& lines) const;
+  /// The technologies with an output whose analog resistance the user gives, each once.
+  const QStringList& resistiveTechnologies() const { return m_resistiveTechnologies; }
+
+private:
+  QStringList m_descriptions;
+  QVector<int> m_technologyOfLine;
+  std::vector<Technology> m_technologies;
+  QStringList m_resistiveTechnologies;
+};
+
+/// A number of a script as a line number: cut to a whole one, -1 where it is below 0 or NaN.
+int interfaceLine(double number);
+
+/// Names for a sentence of rich text, in bold: "A", "A and B", "A, B and C".
+QString boldList(const QStringList& names);

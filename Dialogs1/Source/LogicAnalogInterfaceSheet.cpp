@@ -1,0 +1,132 @@
+#include "LogicAnalogInterfaceSheet.h"
+
+#include "ComboNames.h"
+#include "HostSupport/Arguments.h"
+#include "HostSupportQt/HostSupportQt.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+using Values = std::array<double, LogicAnalogInterfaceSheet::valueCount>;
+enum Value { Input, Output, Supply, Capacitance, Resistance };
+
+Values valuesOf(UserFunctionInterface* call, int argument) {
+  constexpr unsigned fewest = 3; // the lines alone say nothing without their supply
+  Values values{-1, -1, 5, 5e-12, 100};
+  const double* reals = nullptr;
+  unsigned count = 0;
+  if (sp_GetRealIfVector(call, argument, &reals, &count) && count >= fewest)
+    std::copy_n(reals, std::min<std::size_t>(count, values.size()), values.begin());
+  return values;
+}
+
+void showInterfaces(QComboBox* combo, const LogicInterfaces& interfaces, const QVector<int>& lines,
+                    int defaultLine) {
+  showNames(combo, interfaces.descriptions(lines));
+  // Without a default the first stands, as in any list.
+  combo->setCurrentIndex(std::max(0, lines.indexOf(defaultLine)));
+}
+
+} // namespace
+
+LogicAnalogInterfaceSheet::LogicAnalogInterfaceSheet() {
+  setProperty("isKvDialogWidget", true);
+  setProperty("outElementIndex", firstElement);
+}
+
+LogicAnalogInterfaceSheet::LogicAnalogInterfaceSheet(QWidget* parent, int argument, Sides sides)
+    : LogicAnalogInterfaceSheet() {
+  setParent(parent);
+  argIndex = argument;
+  form.setupUi(this);
+  hasForm = true;
+  for (QWidget* widget :
+       std::initializer_list<QWidget*>{form.outputLabel, form.outputCombo,
+                                       form.outputResistanceLabel, form.outputResistanceEdit})
+    widget->setVisible(sides != Sides::Inputs);
+  for (QWidget* widget : std::initializer_list<QWidget*>{
+           form.inputLabel, form.inputCombo, form.inputCapacitanceLabel, form.inputCapacitanceEdit})
+    widget->setVisible(sides != Sides::Outputs);
+}
+
+bool LogicAnalogInterfaceSheet::initialiseWidget(UserFunctionInterface* call) {
+  if (!hasForm)
+    return false;
+  const Values values = valuesOf(call, argIndex);
+  const int input = interfaceLine(values[Input]);
+  const int output = interfaceLine(values[Output]);
+  const char* const* lines = nullptr;
+  unsigned count = 0;
+  sp_GetStringIfVector(call, argIndex + 1, &lines, &count);
+  interfaces = LogicInterfaces(lines, count, input, output);
+
+  const QStringList& resistive = interfaces.resistiveTechnologies();
+  form.outputResistanceLabel->setInfo(
+      resistive.isEmpty()
+          ? tr("<p>Output resistance in Ohms. Used with Input Capacitance to calculate additional "
+               "digital delay caused by loading effects. The additional delay is equal to the "
+               "product of the output resistance and the input capacitance.</p><p>The analog "
+               "output resistance is defined by the <b>g_pullup</b> and <b>g_pulldown</b> "
+               "parameters of the <b>dac_bridge</b> model associated with the technology</p>")
+          : form.outputResistanceLabel->info().arg(boldList(resistive)));
+
+  QStringList technologies;
+  for (const LogicInterfaces::Technology& technology : interfaces.technologies())
+    technologies.append(rowText(technology.name));
+  showNames(form.technologyCombo, technologies);
+  // Without two interfaces the first technology only stands there: nobody has chosen it, and the
+  // device keeps having none.
+  const int chosen = interfaces.technologyOf(input);
+  if (chosen >= 0 && output >= 0) {
+    form.technologyCombo->setCurrentIndex(chosen);
+    showTechnology(chosen);
+  }
+  connect(form.technologyCombo, qOverload<int>(&QComboBox::currentIndexChanged), this,
+          &LogicAnalogInterfaceSheet::showTechnology);
+  connect(form.technologyCombo, qOverload<int>(&QComboBox::activated), this,
+          &LogicAnalogInterfaceSheet::technologyPicked);
+
+  form.supplyVoltageEdit->setValue(values[Supply]);
+  form.inputCapacitanceEdit->setValue(values[Capacitance]);
+  form.outputResistanceEdit->setValue(values[Resistance]);
+  return true;
+}
+
+bool LogicAnalogInterfaceSheet::readWidget(UserReturnData* result,
+                                           const UserFunctionInterface* call) {
+  if (!hasForm)
+    return false;
+  const int technology = form.technologyCombo->currentIndex();
+  const LogicInterfaces::Technology shown = interfaces.technology(technology);
+  const int lines[] = {shown.inputs.value(form.inputCombo->currentIndex()),
+                       shown.outputs.value(form.outputCombo->currentIndex())};
+  const Spinner* const edits[] = {form.supplyVoltageEdit, form.inputCapacitanceEdit,
+                                  form.outputResistanceEdit};
+  if (result->type == UserReal) {
+    auto* reals = std::copy(std::begin(lines), std::end(lines), static_cast<double*>(result->data));
+    for (const Spinner* edit : edits)
+      *reals++ = edit->value();
+  } else {
+    char** texts = static_cast<char**>(result->data);
+    for (int line : lines)
+      *texts++ = call->hostString(YString(line));
+    for (const Spinner* edit : edits)
+      *texts++ = call->hostString(Tocs(edit->text()));
+  }
+  return true;
+}
+
+void LogicAnalogInterfaceSheet::showTechnology(int index) {
+  const LogicInterfaces::Technology technology = interfaces.technology(index);
+  showInterfaces(form.inputCombo, interfaces, technology.inputs, technology.defaultInput);
+  showInterfaces(form.outputCombo, interfaces, technology.outputs, technology.defaultOutput);
+  form.supplyVoltageEdit->setValue(technology.supply);
+}
+
+void LogicAnalogInterfaceSheet::technologyPicked(int index) {
+  // The one that already stood there is a choice as well, and it may be the only one.
+  if (form.inputCombo->count() == 0 && form.outputCombo->count() == 0)
+    showTechnology(index);
+}
