@@ -118,6 +118,15 @@ bool LogicAnalogInterfaceSheet::readWidget(UserReturnData* result,
   return true;
 }
 
+QSize LogicAnalogInterfaceSheet::minimumSizeHint() const {
+  QSize size = QWidget::minimumSizeHint();
+  // The note wraps, and a tab widget does not ask how high its pages are at their width: be high
+  // enough at the smallest.
+  if (hasForm)
+    size.setHeight(layout()->minimumHeightForWidth(size.width()));
+  return size;
+}
+
 void LogicAnalogInterfaceSheet::showTechnology(int index) {
   const LogicInterfaces::Technology technology = interfaces.technology(index);
   showInterfaces(form.inputCombo, interfaces, technology.inputs, technology.defaultInput);

@@ -28,6 +28,9 @@ public:
   bool initialiseWidget(UserFunctionInterface* call) override; ///< false for one without a page
   bool readWidget(UserReturnData* result, const UserFunctionInterface* call) override;
 
+  QWidget* lastField() const { return form.outputResistanceEdit; } ///< in the tab order
+  QSize minimumSizeHint() const override;
+
 private:
   void showTechnology(int index);
   void technologyPicked(int index);
