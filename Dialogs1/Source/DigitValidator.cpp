@@ -18,12 +18,11 @@ void DigitValidator::setBase(DigitBase base) {
 }
 
 QValidator::State DigitValidator::validate(QString& text, int& cursor) const {
-  const State asItStands = QRegExpValidator::validate(text, cursor);
-  if (asItStands == Acceptable)
-    return asItStands;
   QString digits = bareDigits(text);
   int place = bareDigits(text.left(cursor)).size();
-  if (QRegExpValidator::validate(digits, place) != Acceptable)
+  // This moves the cursor where it refuses.
+  const State asItStands = QRegExpValidator::validate(text, cursor);
+  if (asItStands == Acceptable || QRegExpValidator::validate(digits, place) != Acceptable)
     return asItStands;
   text = digits;
   cursor = place;
