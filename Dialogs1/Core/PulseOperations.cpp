@@ -97,7 +97,7 @@ double PulseOperationRepetitive::nextTime(double t) {
   const bool wasHigh = m_phase == Phase::High;
   m_phase = wasHigh ? Phase::Low : Phase::High;
   const double next = t + (wasHigh ? m_train.period - m_train.width : m_train.width);
-  m_hasEnded = next > m_train.end || std::fabs(next - m_train.end) < m_train.end * timeTolerance;
+  m_hasEnded = next >= m_train.end || m_train.end - next <= m_train.end * timeTolerance;
   return m_hasEnded ? m_train.end : next;
 }
 

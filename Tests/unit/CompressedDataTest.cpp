@@ -77,7 +77,7 @@ TEST(CompressedData, CoversThePixelsThatAllPointsCover) {
   }
 }
 
-TEST(CompressedData, EdgesBorders) {
+TEST(CompressedData, EdgesAndBorders) {
   const struct {
     const char* name;
     Points points;
