@@ -249,6 +249,8 @@ TEST(PulseOperations, Shifts) {
       {"5 0s 1s\n5.25 1s 0s", -0.5, "0\t\t0s\t1s\n4.75\t\t1s\t1s\n5.25\t\t1s\t0s\n"},
       {"0 0s 1s\n1 1s 0s", 1e308, "0\t\t0s\t1s\n1\t\t0s\t0s\n1e+308\t\t1s\t0s\n"},
       {"0 0s 1s\n1e308 1s 0s", 1.5e308, "0\t\t0s\t1s\n1e+308\t\t0s\t0s\n"},
+      {"0 0s 1s\n1.7976931348623157e308 1s 0s", 1,
+       "0\t\t0s\t1s\n1.79769313486232e+308\t\t0s\t0s\n"},
       {"0 0s 1s\n1 1s 0s", NAN, "0\t\t0s\t1s\n1\t\t0s\t0s\n"},
   };
   for (const auto& c : cases) {

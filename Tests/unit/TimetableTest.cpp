@@ -58,6 +58,7 @@ TEST(Timetable, WhatIsWrittenReadsBack) {
       EXPECT_NEAR(again.times[i], table.times[i], table.times[i] * 1e-14);
     EXPECT_EQ(writeTable(again), text);
   }
+  EXPECT_STREQ(writeTable(read("-0 0s", 1)), "0\t\t0s\n");
 }
 
 TEST(Timetable, TimesAreWrittenAsPrintfDoes) {
@@ -109,7 +110,10 @@ TEST(Timetable, AFaultLeavesTheTable) {
   EXPECT_STREQ(error, "line 2, column 5: expected the state of output 2 of 2");
   EXPECT_TRUE(table == before);
   // More states than there is memory for are not even made room for.
-  EXPECT_FALSE(readTable("0 0s\n1 0s\n2 0s", 2000000000, &table, &error));
+  std::string text = "0 0s\n";
+  for (int time = 1; time < 1000; ++time)
+    text += std::to_string(time) + " 0s\n";
+  EXPECT_FALSE(readTable(text.c_str(), 2000000000, &table, &error));
   EXPECT_STREQ(error, "line 1, column 5: expected the state of output 2 of 2000000000");
   EXPECT_TRUE(readTable(nullptr, 3, &table, &error));
   EXPECT_EQ(table.outputs, 3);
