@@ -135,10 +135,7 @@ void PulseOperationDelay::applyState(unsigned char* row) const {
 }
 
 void applyPulseOperation(Timetable* table, PulseOperationAbstract& operation) {
-  if (table->rows() == 0) {
-    table->times.assign(1, 0.0);
-    table->states.assign(static_cast<std::size_t>(table->outputs), 0);
-  }
+  ensureRow(table);
   *table = Merge(*table, operation).merged();
   compress(table);
 }

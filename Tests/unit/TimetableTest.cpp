@@ -181,6 +181,11 @@ TEST(Timetable, OutputsComeAndGo) {
   Timetable empty;
   addOutput(&empty);
   EXPECT_STREQ(writeTable(empty), "0\t\t0s\n");
+  Timetable withoutRows = read("", 2);
+  cloneOutput(&withoutRows, 1);
+  EXPECT_STREQ(writeTable(withoutRows), "");
+  addOutput(&withoutRows);
+  EXPECT_STREQ(writeTable(withoutRows), "0\t\t0s\t0s\t0s\t0s\n");
 }
 
 TEST(Timetable, AxesEndAtARoundTime) {
