@@ -3,7 +3,9 @@
 // All of the host's support library but the registry (host only).
 
 #include "HostSupport/Arguments.h"
+#include "HostSupport/CompressedData.h"
 #include "HostSupport/Containers.h"
+#include "HostSupport/DigitalSource.h"
 #include "HostSupport/Files.h"
 #include "HostSupport/KelvarinException.h"
 #include "HostSupport/Numbers.h"
