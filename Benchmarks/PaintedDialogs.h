@@ -8,9 +8,11 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QPointer>
 #include <QTemporaryDir>
 
 #include <chrono>
+#include <functional>
 
 // What benchmarks share that time dialogs from their making to their first paint.
 
@@ -26,6 +28,9 @@ public:
     return std::chrono::duration<double>(painted - start).count();
   }
 
+  /// What is done to a dialog that has painted itself, before it is closed.
+  inline static std::function<void(QDialog*)> onPaint;
+
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (event->type() == QEvent::Paint && watched->inherits("QDialog") && !m_closing) {
       m_closing = true;
@@ -34,7 +39,11 @@ public:
           [this, watched] {
             m_closing = false;
             painted = Clock::now();
-            static_cast<QDialog*>(watched)->reject();
+            QPointer<QDialog> dialog = static_cast<QDialog*>(watched);
+            if (onPaint)
+              onPaint(dialog);
+            if (dialog && dialog->isVisible())
+              dialog->reject();
           },
           Qt::QueuedConnection);
     }

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "DynFunc.h"
+#include "HostSupport/YString.h"
+
+#include <cstdint>
 
 struct GraphEditData; ///< the active graph's curve data; the reader declares what it reads
 
@@ -14,3 +17,7 @@ inline constexpr DynEntry<void*()> dyn_GetCommandLineData{"dyn_GetCommandLineDat
 /// Fills the record with the active graph's vectors.
 inline constexpr DynEntry<void(GraphEditData*)> dyn_GetGraphEditData{
     "dyn_GetGraphEditData", "Include/frontend_dynexport", 28};
+
+/// Runs a command of the host, given with its hash, and returns when the run has finished.
+inline constexpr DynEntry<void(const YString& command, std::uint32_t hash)> dyn_RunCommand{
+    "dyn_RunCommand", "Dialogs1/Source/EditFileDefinedPWLDialog", 184};

@@ -4,7 +4,7 @@ install(TARGETS kv_include HostSupport HostSupportQt HostWidgets EXPORT Kelvarin
   LIBRARY DESTINATION lib)
 install(TARGETS Dialogs1 LIBRARY DESTINATION lib)
 install(TARGETS HostWidgetsDesigner LIBRARY DESTINATION lib/designer)
-install(TARGETS dialoghost RUNTIME DESTINATION bin)
+install(TARGETS dialoghost brennixcheck RUNTIME DESTINATION bin)
 install(DIRECTORY Include/ DESTINATION include/kelvarin-dialogs FILES_MATCHING PATTERN "*.h")
 install(DIRECTORY docs/help docs/images DESTINATION share/kelvarin-dialogs)
 file(GLOB guides docs/*.md)

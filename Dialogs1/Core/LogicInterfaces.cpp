@@ -6,6 +6,8 @@
 
 #include <QHash>
 
+#include <algorithm>
+
 namespace {
 
 enum Field { TechnologyName, Description, Unused, ModelType, Supply, PullUp, PullDown, Rest };
@@ -28,6 +30,10 @@ void addInterface(int line, bool isDefault, bool isStandard, QVector<int>* lines
   lines->append(line);
   if (isDefault || (*defaultLine < 0 && isStandard))
     *defaultLine = line;
+}
+
+int lineOf(double number) {
+  return number >= 0 ? truncatedToInt(number) : -1;
 }
 
 } // namespace
@@ -71,24 +77,29 @@ LogicInterfaces::Technology LogicInterfaces::technology(int index) const {
   return index >= 0 && place < m_technologies.size() ? m_technologies[place] : Technology();
 }
 
-QStringList LogicInterfaces::descriptions(const QVector<int>& lines) const {
-  QStringList texts;
-  texts.reserve(lines.size());
-  for (int line : lines)
-    texts.append(description(line));
-  return texts;
-}
-
-int interfaceLine(double number) {
-  return number >= 0 ? truncatedToInt(number) : -1;
+AnalogInterface analogInterface(const double* numbers, unsigned count) {
+  AnalogInterface read;
+  if (count < 3)
+    return read;
+  read.input = lineOf(numbers[0]);
+  read.output = lineOf(numbers[1]);
+  read.supply = numbers[2];
+  if (count > 3)
+    read.capacitance = numbers[3];
+  if (count > 4)
+    read.resistance = numbers[4];
+  return read;
 }
 
 QString boldList(const QStringList& names) {
+  constexpr int mostNames = 100;
+  constexpr int longestName = 500; // characters
+  const int shown = std::min(names.size(), mostNames);
   QString list;
-  for (int i = 0; i < names.size(); ++i) {
+  for (int i = 0; i < shown; ++i) {
     if (i > 0) // two blanks, as the sentence has always had them
       list += i < names.size() - 1 ? QStringLiteral(", ") : QStringLiteral(" and  ");
-    list += QStringLiteral("<b>") + names[i].toHtmlEscaped() + QStringLiteral("</b>");
+    list += QStringLiteral("<b>%1</b>").arg(names[i].left(longestName).toHtmlEscaped());
   }
-  return list;
+  return shown < names.size() ? list + QChar(0x2026) : list;
 }

@@ -34,7 +34,6 @@ public:
   /// Index of a line's technology; -1 where there is no such line.
   int technologyOf(int line) const { return m_technologyOfLine.value(line, -1); }
   QString description(int line) const { return m_descriptions.value(line); }
-  QStringList descriptions(const QVector<int>& lines) const;
   /// The technologies with an output whose analog resistance the user gives, each once.
   const QStringList& resistiveTechnologies() const { return m_resistiveTechnologies; }
 
@@ -45,8 +44,19 @@ private:
   QStringList m_resistiveTechnologies;
 };
 
-/// A number of a script as a line number: cut to a whole one, -1 where it is below 0 or NaN.
-int interfaceLine(double number);
+/// A device's analog interface, as scripts pass and get it: five numbers in this order.
+struct AnalogInterface {
+  int input = -1; ///< line of the table; -1 for none
+  int output = -1;
+  double supply = 5;          ///< volts
+  double capacitance = 5e-12; ///< of an input, in farads
+  double resistance = 100;    ///< of an output, in ohms
+};
 
-/// Names for a sentence of rich text, in bold: "A", "A and B", "A, B and C".
+/// The interface in a script's numbers. With fewer than three of them nothing is known of it; a
+/// line number is cut to a whole one, and none where it is below 0 or NaN.
+AnalogInterface analogInterface(const double* numbers, unsigned count);
+
+/// Names for a sentence of rich text, in bold: "A", "A and B", "A, B and C". Cut where there are
+/// more, or longer ones, than anybody reads.
 QString boldList(const QStringList& names);

@@ -40,9 +40,9 @@ private:
     const double time = m_table.times[row];
     for (;;) {
       passLateEvents();
-      if (std::fabs(m_next - time) < time * timeTolerance)
+      if (m_next < never && std::fabs(m_next - time) < time * timeTolerance)
         m_next = time;
-      if (!(m_next <= time)) {
+      if (!isDue(time)) {
         m_merged.append(time, m_table.row(row));
         m_operation.applyState(lastRow());
         return;
@@ -73,12 +73,14 @@ private:
 
   /// An event that is not later than the last row falls on it: times ascend, whatever events do.
   void passLateEvents() {
-    while (m_merged.rows() > 0 && m_next <= m_merged.times.back()) {
+    while (m_merged.rows() > 0 && isDue(m_merged.times.back())) {
       m_next = m_operation.nextTime(m_next);
       m_operation.applyState(lastRow());
     }
   }
 
+  /// A row may stand at the largest real, which is no event all the same.
+  bool isDue(double time) const { return m_next <= time && m_next < never; }
   unsigned char* lastRow() { return m_merged.row(m_merged.rows() - 1); }
 
   const Timetable& m_table;
@@ -97,7 +99,7 @@ double PulseOperationRepetitive::nextTime(double t) {
   const bool wasHigh = m_phase == Phase::High;
   m_phase = wasHigh ? Phase::Low : Phase::High;
   const double next = t + (wasHigh ? m_train.period - m_train.width : m_train.width);
-  m_hasEnded = next > m_train.end || std::fabs(next - m_train.end) < m_train.end * timeTolerance;
+  m_hasEnded = next >= m_train.end || m_train.end - next <= m_train.end * timeTolerance;
   return m_hasEnded ? m_train.end : next;
 }
 
@@ -133,10 +135,7 @@ void PulseOperationDelay::applyState(unsigned char* row) const {
 }
 
 void applyPulseOperation(Timetable* table, PulseOperationAbstract& operation) {
-  if (table->rows() == 0) {
-    table->times.assign(1, 0.0);
-    table->states.assign(static_cast<std::size_t>(table->outputs), 0);
-  }
+  ensureRow(table);
   *table = Merge(*table, operation).merged();
   compress(table);
 }

@@ -115,14 +115,20 @@ bool compress(Timetable* table) {
   return true;
 }
 
+void ensureRow(Timetable* table) {
+  if (table->rows() > 0)
+    return;
+  table->times.assign(1, 0.0);
+  table->states.assign(static_cast<std::size_t>(table->outputs), 0);
+}
+
 void clearOutput(Timetable* table, int output, unsigned char state) {
   for (std::size_t i = 0; i < table->rows(); ++i)
     table->row(i)[output] = state;
 }
 
 void addOutput(Timetable* table) {
-  if (table->rows() == 0)
-    table->times.push_back(0);
+  ensureRow(table);
   const int outputs = table->outputs;
   rebuildRows(table, outputs + 1, [outputs](const unsigned char* from, unsigned char* to) {
     std::copy_n(from, outputs, to); // the new one is 0 already

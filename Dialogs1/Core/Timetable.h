@@ -37,10 +37,13 @@ YString writeTable(const Timetable& table);
 /// at 0 from then on. Whether one was dropped.
 bool compress(Timetable* table);
 
+/// Gives a table without rows one at 0, all states 0.
+void ensureRow(Timetable* table);
+
 /// Gives the output this state in every row.
 void clearOutput(Timetable* table, int output, unsigned char state);
 
-/// Adds an output at state 0 behind the others; a table without rows gets one, at 0.
+/// Adds an output at state 0 behind the others; a table without rows gets one.
 void addOutput(Timetable* table);
 /// Adds an output behind the others that is like another one.
 void cloneOutput(Timetable* table, int output);

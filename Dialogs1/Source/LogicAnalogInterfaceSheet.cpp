@@ -5,26 +5,15 @@
 #include "HostSupportQt/HostSupportQt.h"
 
 #include <algorithm>
-#include <array>
 
 namespace {
 
-using Values = std::array<double, LogicAnalogInterfaceSheet::valueCount>;
-enum Value { Input, Output, Supply, Capacitance, Resistance };
-
-Values valuesOf(UserFunctionInterface* call, int argument) {
-  constexpr unsigned fewest = 3; // the lines alone say nothing without their supply
-  Values values{-1, -1, 5, 5e-12, 100};
-  const double* reals = nullptr;
-  unsigned count = 0;
-  if (sp_GetRealIfVector(call, argument, &reals, &count) && count >= fewest)
-    std::copy_n(reals, std::min<std::size_t>(count, values.size()), values.begin());
-  return values;
-}
-
 void showInterfaces(QComboBox* combo, const LogicInterfaces& interfaces, const QVector<int>& lines,
                     int defaultLine) {
-  showNames(combo, interfaces.descriptions(lines));
+  QStringList rows;
+  for (int line : lines)
+    rows.append(rowText(interfaces.description(line)));
+  showNames(combo, rows);
   // Without a default the first stands, as in any list.
   combo->setCurrentIndex(std::max(0, lines.indexOf(defaultLine)));
 }
@@ -54,43 +43,20 @@ LogicAnalogInterfaceSheet::LogicAnalogInterfaceSheet(QWidget* parent, int argume
 bool LogicAnalogInterfaceSheet::initialiseWidget(UserFunctionInterface* call) {
   if (!hasForm)
     return false;
-  const Values values = valuesOf(call, argIndex);
-  const int input = interfaceLine(values[Input]);
-  const int output = interfaceLine(values[Output]);
+  const double* numbers = nullptr;
+  unsigned numberCount = 0;
+  sp_GetRealIfVector(call, argIndex, &numbers, &numberCount);
+  const AnalogInterface values = analogInterface(numbers, numberCount);
   const char* const* lines = nullptr;
-  unsigned count = 0;
-  sp_GetStringIfVector(call, argIndex + 1, &lines, &count);
-  interfaces = LogicInterfaces(lines, count, input, output);
+  unsigned lineCount = 0;
+  sp_GetStringIfVector(call, argIndex + 1, &lines, &lineCount);
+  interfaces = LogicInterfaces(lines, lineCount, values.input, values.output);
 
-  const QStringList& resistive = interfaces.resistiveTechnologies();
-  form.outputResistanceLabel->setInfo(
-      resistive.isEmpty()
-          ? tr("<p>Output resistance in Ohms. Used with Input Capacitance to calculate additional "
-               "digital delay caused by loading effects. The additional delay is equal to the "
-               "product of the output resistance and the input capacitance.</p><p>The analog "
-               "output resistance is defined by the <b>g_pullup</b> and <b>g_pulldown</b> "
-               "parameters of the <b>dac_bridge</b> model associated with the technology</p>")
-          : form.outputResistanceLabel->info().arg(boldList(resistive)));
-
-  QStringList technologies;
-  for (const LogicInterfaces::Technology& technology : interfaces.technologies())
-    technologies.append(rowText(technology.name));
-  showNames(form.technologyCombo, technologies);
-  // Without two interfaces the first technology only stands there: nobody has chosen it, and the
-  // device keeps having none.
-  const int chosen = interfaces.technologyOf(input);
-  if (chosen >= 0 && output >= 0) {
-    form.technologyCombo->setCurrentIndex(chosen);
-    showTechnology(chosen);
-  }
-  connect(form.technologyCombo, qOverload<int>(&QComboBox::currentIndexChanged), this,
-          &LogicAnalogInterfaceSheet::showTechnology);
-  connect(form.technologyCombo, qOverload<int>(&QComboBox::activated), this,
-          &LogicAnalogInterfaceSheet::technologyPicked);
-
-  form.supplyVoltageEdit->setValue(values[Supply]);
-  form.inputCapacitanceEdit->setValue(values[Capacitance]);
-  form.outputResistanceEdit->setValue(values[Resistance]);
+  explainResistance();
+  showTechnologies(values);
+  form.supplyVoltageEdit->setValue(values.supply);
+  form.inputCapacitanceEdit->setValue(values.capacitance);
+  form.outputResistanceEdit->setValue(values.resistance);
   return true;
 }
 
@@ -98,8 +64,7 @@ bool LogicAnalogInterfaceSheet::readWidget(UserReturnData* result,
                                            const UserFunctionInterface* call) {
   if (!hasForm)
     return false;
-  const int technology = form.technologyCombo->currentIndex();
-  const LogicInterfaces::Technology shown = interfaces.technology(technology);
+  const auto shown = interfaces.technology(form.technologyCombo->currentIndex());
   const int lines[] = {shown.inputs.value(form.inputCombo->currentIndex()),
                        shown.outputs.value(form.outputCombo->currentIndex())};
   const Spinner* const edits[] = {form.supplyVoltageEdit, form.inputCapacitanceEdit,
@@ -116,6 +81,46 @@ bool LogicAnalogInterfaceSheet::readWidget(UserReturnData* result,
       *texts++ = call->hostString(Tocs(edit->text()));
   }
   return true;
+}
+
+QSize LogicAnalogInterfaceSheet::minimumSizeHint() const {
+  QSize size = QWidget::minimumSizeHint();
+  // The note wraps, and a tab widget does not ask how high its pages are at their width: be high
+  // enough at the smallest.
+  if (hasForm)
+    size.setHeight(layout()->minimumHeightForWidth(size.width()));
+  return size;
+}
+
+void LogicAnalogInterfaceSheet::explainResistance() {
+  const QStringList& resistive = interfaces.resistiveTechnologies();
+  Label* const label = form.outputResistanceLabel;
+  label->setInfo(
+      resistive.isEmpty()
+          ? tr("<p>Output resistance in Ohms. Used with Input Capacitance to calculate additional "
+               "digital delay caused by loading effects. The additional delay is equal to the "
+               "product of the output resistance and the input capacitance.</p><p>The analog "
+               "output resistance is defined by the <b>g_pullup</b> and <b>g_pulldown</b> "
+               "parameters of the <b>dac_bridge</b> model associated with the technology</p>")
+          : label->info().arg(boldList(resistive)));
+}
+
+void LogicAnalogInterfaceSheet::showTechnologies(const AnalogInterface& values) {
+  QStringList names;
+  for (const LogicInterfaces::Technology& technology : interfaces.technologies())
+    names.append(rowText(technology.name));
+  showNames(form.technologyCombo, names);
+  // Without two interfaces the first technology only stands there: nobody has chosen it, and the
+  // device keeps having none.
+  const int chosen = interfaces.technologyOf(values.input);
+  if (chosen >= 0 && values.output >= 0) {
+    form.technologyCombo->setCurrentIndex(chosen);
+    showTechnology(chosen);
+  }
+  connect(form.technologyCombo, qOverload<int>(&QComboBox::currentIndexChanged), this,
+          &LogicAnalogInterfaceSheet::showTechnology);
+  connect(form.technologyCombo, qOverload<int>(&QComboBox::activated), this,
+          &LogicAnalogInterfaceSheet::technologyPicked);
 }
 
 void LogicAnalogInterfaceSheet::showTechnology(int index) {

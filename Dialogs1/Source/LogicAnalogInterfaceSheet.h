@@ -28,7 +28,12 @@ public:
   bool initialiseWidget(UserFunctionInterface* call) override; ///< false for one without a page
   bool readWidget(UserReturnData* result, const UserFunctionInterface* call) override;
 
+  QWidget* lastField() const { return form.outputResistanceEdit; } ///< in the tab order
+  QSize minimumSizeHint() const override;
+
 private:
+  void explainResistance();
+  void showTechnologies(const AnalogInterface& values);
   void showTechnology(int index);
   void technologyPicked(int index);
 

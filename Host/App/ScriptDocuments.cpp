@@ -12,7 +12,8 @@
 
 struct ScriptDocuments::Script {
   QString title;
-  QString path; ///< of a file
+  QString path;   ///< of a file
+  QString sample; ///< the file that it began as a copy of
   std::unique_ptr<QTextDocument> document;
   int cursor = 0;
 };
@@ -68,7 +69,8 @@ void ScriptDocuments::dropUnchanged() {
                                                                             : m_scripts.erase(each);
 }
 
-void ScriptDocuments::showSample(const QString& function, const QString& text) {
+void ScriptDocuments::showSample(const QString& function, const QString& text,
+                                 const QString& file) {
   const Key key = QStringLiteral("sample:") + function;
   if (m_scripts.count(key)) {
     show(key, nullptr);
@@ -76,6 +78,7 @@ void ScriptDocuments::showSample(const QString& function, const QString& text) {
   }
   auto script = std::make_unique<Script>();
   script->title = function;
+  script->sample = file;
   script->document = makeDocument(text);
   show(key, std::move(script));
 }
@@ -189,7 +192,10 @@ QString ScriptDocuments::path() const {
 }
 
 QString ScriptDocuments::fileName() const {
-  return path().isEmpty() ? title() : path();
+  for (const QString& name : {path(), m_scripts.at(m_current)->sample})
+    if (!name.isEmpty())
+      return name;
+  return title();
 }
 
 bool ScriptDocuments::isModified() const {

@@ -20,7 +20,8 @@ public:
   ~ScriptDocuments() override;
 
   /// Shows the sample `text` of a function, or what it has been edited to.
-  void showSample(const QString& function, const QString& text);
+  /// `file` is the one that the sample comes from: it finds its own includes.
+  void showSample(const QString& function, const QString& text, const QString& file);
   bool openFile(const QString& path); ///< says so where it cannot be read
   void openNew(const QString& text = QString());
   bool save(); ///< asks for a name where there is none
@@ -30,7 +31,7 @@ public:
   bool mayClose();
 
   QString title() const;    ///< of the present script
-  QString fileName() const; ///< where errors of the present script say they are
+  QString fileName() const; ///< where the present script is, for errors and includes
   QString path() const;     ///< empty where it is no file yet
   bool isModified() const;
   /// The name that the next new file is offered in.

@@ -242,8 +242,9 @@ void Workbench::showFunction(const QString& function) {
   if (!info)
     return;
   const auto sample = m_samples.constFind(function);
-  m_parts.documents->showSample(function,
-                                sample == m_samples.cend() ? callTemplate(*info) : sample->text);
+  const bool hasSample = sample != m_samples.cend();
+  m_parts.documents->showSample(function, hasSample ? sample->text : callTemplate(*info),
+                                hasSample ? sample->file : QString());
   const QString page = helpPage(function);
   if (page.isEmpty())
     m_parts.help->showNotice(tr("There is no help page on %1 yet.").arg(function));

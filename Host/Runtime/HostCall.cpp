@@ -1,6 +1,7 @@
 #include "HostCall.h"
 
 #include "HostSupport/System.h"
+#include "Simulator.h"
 #include "TypedCall.h"
 
 #include <QHash>
@@ -13,6 +14,8 @@ namespace {
 /// Each level holds a dialog and its event loop on the stack.
 constexpr int deepestNesting = 64;
 constexpr int mostOperands = 64;
+/// The one command that is the host's own.
+constexpr QLatin1String simulatorCommand("RunBRENNIX");
 
 QString fromUtf8(const char* text) {
   return QString::fromUtf8(text);
@@ -247,6 +250,8 @@ QString givenName(UserDataType type) {
                             : QStringLiteral("an opaque value");
 }
 
+} // namespace
+
 QStringList commandWords(const QString& line) {
   const QChar quote = QLatin1Char('"');
   QStringList words;
@@ -277,8 +282,6 @@ QStringList commandWords(const QString& line) {
     words.append(word);
   return words;
 }
-
-} // namespace
 
 bool raiseWhenHandlerEnds(const QString& message) {
   if (!Nesting::innermost)
@@ -365,9 +368,13 @@ void runCommand(const FunctionTable& table, const QString& commandLine) {
   const QStringList words = commandWords(commandLine);
   if (words.isEmpty())
     throw CallError(QStringLiteral("command: no command was named"));
+  if (words.first() == simulatorCommand) {
+    runSimulator(words.mid(1));
+    return;
+  }
   const FunctionInfo* info = table.find(words.first());
   if (!info || info->kind != FunctionInfo::Kind::Command) {
-    QStringList known;
+    QStringList known{simulatorCommand};
     for (const FunctionInfo& function : table.functions())
       if (function.kind == FunctionInfo::Kind::Command)
         known.append(function.name);

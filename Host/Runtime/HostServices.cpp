@@ -1,14 +1,18 @@
 #include "HostServices.h"
 
+#include "Digitiser/Digitise.h"
 #include "HostCall.h"
 #include "HostSupport/Registry.h"
 #include "HostSupportQt/Paste.h"
 #include "HostSupportQt/Text.h"
 #include "NumericFunctions.h"
 #include "ScriptValues.h"
+#include "frontend_dynexport.h"
+#include "graphimagecapture_dynexport.h"
 #include "schematic_dynexport.h"
 #include "vecdll_dynexport.h"
 
+#include <QApplication>
 #include <QHash>
 
 namespace {
@@ -35,10 +39,61 @@ GlobalSchematicInterface* globalSchematicInterface() {
   return &schematic();
 }
 
+/// Modules know one exception type, so an entry raises no other.
+template <class Action> auto asEntry(Action action) -> decltype(action()) {
+  try {
+    return action();
+  } catch (...) {
+    throw KelvarinException(Tocs(describeException()));
+  }
+}
+
+/// Whose commands modules run.
+struct Commands {
+  const HostServices* owner = nullptr;
+  const FunctionTable* table = nullptr;
+};
+Commands commands;
+
+void checkHash(const YString& command, std::uint32_t hash) {
+  if (hash != command.hashValue())
+    throw CallError(QStringLiteral("%1: the hash is not that of the command")
+                        .arg(QLatin1String(dyn_RunCommand.name)));
+}
+
+void runHostCommand(const YString& command, std::uint32_t hash) {
+  asEntry([&] {
+    checkHash(command, hash);
+    if (!commands.table)
+      throw CallError(
+          QStringLiteral("%1: there are no commands").arg(QLatin1String(dyn_RunCommand.name)));
+    runCommand(*commands.table, toQs(command));
+  });
+}
+
+bool captureGraph(const GraphImageCaptureRecord& input, GraphImageCaptureRecord* output,
+                  KvVector<double>* x, KvVector<double>* y) {
+  QWidget* const modal = QApplication::activeModalWidget();
+  std::vector<double> xValues, yValues;
+  if (!digitise(modal ? modal : QApplication::activeWindow(), toQs(input.picture), &xValues,
+                &yValues))
+    return false;
+  *output = input;
+  *x = KvVector<double>(std::move(xValues));
+  *y = KvVector<double>(std::move(yValues));
+  return true;
+}
+
 void registerOwnEntries() {
+  static const RegisterDynFuncDef commandEntry(dyn_RunCommand.name,
+                                               reinterpret_cast<void*>(&runHostCommand),
+                                               dyn_RunCommand.file, dyn_RunCommand.line);
   static const RegisterDynFuncDef schematicEntry(
       dyn_GetGlobalSchematicInterface.name, reinterpret_cast<void*>(&globalSchematicInterface),
       dyn_GetGlobalSchematicInterface.file, dyn_GetGlobalSchematicInterface.line);
+  static const RegisterDynFuncDef captureEntry(
+      dyn_GraphImageCapture.name, reinterpret_cast<void*>(&captureGraph),
+      dyn_GraphImageCapture.file, dyn_GraphImageCapture.line);
 }
 
 // ---- entries that scripts serve -----------------------------------------------------------------
@@ -69,15 +124,6 @@ CallError wrongAnswer(const QString& name, const char* expected, const QJSValue&
                        .arg(name, QLatin1String(expected), describeValue(given)));
 }
 
-/// Modules know one exception type, so an entry raises no other.
-template <class Action> auto asEntry(Action action) -> decltype(action()) {
-  try {
-    return action();
-  } catch (...) {
-    throw KelvarinException(Tocs(describeException()));
-  }
-}
-
 double evaluateExpression(const YString& expression) {
   return asEntry([&] {
     const QString name = QLatin1String(dyn_EvaluateExpression.name);
@@ -95,6 +141,29 @@ YString evaluateStringExpression(const YString& expression) {
     if (!answer.isString())
       throw wrongAnswer(name, "a text", answer);
     return toYs(answer.toString());
+  });
+}
+
+void runCommandByScript(const YString& command, std::uint32_t hash) {
+  asEntry([&] {
+    checkHash(command, hash);
+    askScript(QLatin1String(dyn_RunCommand.name), {toQs(command)});
+  });
+}
+
+bool graphImageCapture(const GraphImageCaptureRecord& input, GraphImageCaptureRecord*,
+                       KvVector<double>* x, KvVector<double>* y) {
+  return asEntry([&] {
+    const QString name = QLatin1String(dyn_GraphImageCapture.name);
+    const QJSValue answer = askScript(name, {toQs(input.picture)});
+    if (answer.isUndefined() || answer.isNull())
+      return false;
+    CallResult points = resultFromScript(answer, QStringLiteral("%1: the answer").arg(name));
+    if (points.reals.size() != points.references.size())
+      throw wrongAnswer(name, "{x, y} or null", answer);
+    *x = KvVector<double>(std::move(points.references));
+    *y = KvVector<double>(std::move(points.reals));
+    return true;
   });
 }
 
@@ -132,8 +201,8 @@ const Service services[] = {
     {dyn_EvaluateExpression.name, Way::Entry, address(&evaluateExpression)},
     {dyn_EvaluateStringExpression.name, Way::Entry, address(&evaluateStringExpression)},
     {dyn_GetGlobalSchematicInterface.name, Way::Own, nullptr},
-    {"dyn_RunCommand", Way::LaterEntry, nullptr},
-    {"dyn_GraphImageCapture", Way::LaterEntry, nullptr},
+    {dyn_RunCommand.name, Way::Entry, address(&runCommandByScript)},
+    {dyn_GraphImageCapture.name, Way::Entry, address(&graphImageCapture)},
     {"dyn_OpenListDialog", Way::LaterEntry, nullptr},
     {"interp", Way::HostFunction, nullptr},
     {"YFromX", Way::HostFunction, nullptr},
@@ -209,12 +278,15 @@ void registerOwnFunctions() {
 
 } // namespace
 
-HostServices::HostServices(ScriptRunner* runner) : m_runner(runner) {
+HostServices::HostServices(ScriptRunner* runner, const FunctionTable* table) : m_runner(runner) {
+  commands = {this, table};
   registerOwnEntries();
   registerOwnFunctions();
 }
 
 HostServices::~HostServices() {
+  if (commands.owner == this)
+    commands = {};
   for (const QString& name : qAsConst(m_provided)) {
     if (providers().value(name).runner != m_runner)
       continue;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FunctionTable.h"
 #include "ScriptRunner.h"
 
 #include <QVector>
@@ -7,11 +8,12 @@
 /// What the host serves to modules, and what a script serves in its place: cross-module entries,
 /// host functions, the schematic.
 ///
+/// Commands that modules run are those of the table, as long as this object is the last one made.
 /// Each service is one row of the table in HostServices.cpp. Those of a script end with this
 /// object.
 class HostServices {
 public:
-  explicit HostServices(ScriptRunner* runner);
+  HostServices(ScriptRunner* runner, const FunctionTable* table);
   ~HostServices();
   HostServices(const HostServices&) = delete;
   HostServices& operator=(const HostServices&) = delete;

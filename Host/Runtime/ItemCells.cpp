@@ -117,6 +117,10 @@ QModelIndex ItemCells::index(int row, int column) const {
     if (found.isValid() && !list)
       found = found.sibling(found.row(), across);
   }
+  // A long table may give a row its items only when somebody looks at it.
+  if (const auto* table = qobject_cast<const QTableWidget*>(m_view.data()))
+    if (found.isValid() && !table->item(found.row(), found.column()))
+      m_view->scrollTo(found);
   if (!found.isValid())
     throw DriveError(QStringLiteral("%1 has no cell %2, %3; it has %4 rows and %5 columns")
                          .arg(describeWidget(m_view))

@@ -164,7 +164,8 @@ template <class Action> auto ScriptHost::guarded(Action action) -> decltype(acti
 
 ScriptHost::ScriptHost(ScriptRunner* runner, FunctionTable* table, DialogDriver* driver,
                        QObject* parent)
-    : QObject(parent), m_runner(runner), m_table(table), m_driver(driver), m_services(runner) {
+    : QObject(parent), m_runner(runner), m_table(table), m_driver(driver),
+      m_services(runner, table) {
   m_clock.start();
   QJSEngine* engine = runner->engine();
   QQmlEngine::setObjectOwnership(this, QQmlEngine::CppOwnership);

@@ -10,6 +10,7 @@
 #include <QFont>
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QImageReader>
 #include <QLabel>
 #include <QMetaObject>
 #include <QPixmap>
@@ -33,8 +34,26 @@ QString findImage(const QString& name) {
 
 } // namespace
 
+/// A drawing is drawn at the size that it will have, where a picture of points is enlarged.
+static bool loadDrawing(QImageReader* reader, QPixmap* pixmap, int dpi) {
+  const QSize size = reader->size();
+  if (reader->format() != "svg" || !size.isValid() || dpi <= 0)
+    return false;
+  const qreal sharpness = qApp->devicePixelRatio();
+  reader->setScaledSize(size * (screenDpi() / dpi * sharpness));
+  *pixmap = QPixmap::fromImageReader(reader);
+  pixmap->setDevicePixelRatio(sharpness);
+  return !pixmap->isNull();
+}
+
 bool sp_GetPixmap(const QString& name, QPixmap* pixmap, int dpi) {
-  if (!pixmap || !pixmap->load(findImage(name)))
+  if (!pixmap)
+    return false;
+  const QString file = findImage(name);
+  QImageReader reader(file);
+  if (loadDrawing(&reader, pixmap, dpi))
+    return true;
+  if (!pixmap->load(file))
     return false;
   sp_ScalePixmap(pixmap, dpi);
   return true;

@@ -13,11 +13,11 @@
 class HOSTSUPPORT_EXPORT CompressedData {
 public:
   /// Thins out `count` points (`x`, `y`), joined by lines in their order, to `pixels` columns
-  /// between `from` and `to`, the ends of the x axis. Of what lies outside only the points next to
-  /// the axis stay, so that lines that cross its ends are kept. With `isStepped` y holds from each
-  /// point to the x of the next one, and the corners are put in. Points that are not finite are
-  /// left out. Where x goes back, each passage through a column is thinned out by itself. An axis
-  /// without extent, or less than one pixel, counts as a single column for everything.
+  /// between `from` and `to`, the ends of the x axis. All to one side of it counts as one more
+  /// column, so that lines that cross its ends are kept. With `isStepped` y holds from each point
+  /// to the x of the next one, and the corners are put in. Points that are not finite are left out.
+  /// Where x goes back, each passage through a column is thinned out by itself. An axis without
+  /// extent, or less than one pixel, counts as a single column for everything.
   void build(const double* x, const double* y, std::int64_t count, double from, double to,
              int pixels, bool isStepped);
 

@@ -77,7 +77,7 @@ TEST(CompressedData, CoversThePixelsThatAllPointsCover) {
   }
 }
 
-TEST(CompressedData, EdgesBorders) {
+TEST(CompressedData, EdgesAndBorders) {
   const struct {
     const char* name;
     Points points;
@@ -124,6 +124,13 @@ TEST(CompressedData, EdgesBorders) {
        {{0.5, 1.5, 0.5, 1.5}, {1, 2, 3, 4}}},
       {"no extent", {{0, 1, 2}, {0, 1, 2}}, 1, 1, 100, false, {{0, 2}, {0, 2}}},
       {"no axis", {{0, 1, 2}, {0, 1, 2}}, NAN, 1, 100, false, {{0, 2}, {0, 2}}},
+      {"an axis without a start",
+       {{0, 1, 2}, {0, 1, 2}},
+       -INFINITY,
+       1,
+       100,
+       false,
+       {{0, 2}, {0, 2}}},
       {"no pixel", {{0, 1, 2}, {0, 1, 2}}, 0, 2, -5, false, {{0, 2}, {0, 2}}},
       {"the widest axis",
        {{-1e308, 0, 1e308}, {0, 1, 2}},

@@ -45,8 +45,7 @@ TEST(LogicInterfaces, SortsLinesByTechnologyAndSide) {
   EXPECT_EQ(ttl.supply, 4.5); // the last line that gives one
   EXPECT_EQ(interfaces.technology(1).supply, 5);
   EXPECT_TRUE(interfaces.technology(1).inputs.isEmpty());
-  EXPECT_EQ(interfaces.descriptions(ttl.inputs),
-            words("Standard input|Schmitt input|Standard input"));
+  EXPECT_EQ(interfaces.description(2).toStdString(), "Schmitt input");
   EXPECT_EQ(interfaces.technologyOf(2), 0);
   for (int none : {-1, 7, std::numeric_limits<int>::max()}) {
     EXPECT_EQ(interfaces.technologyOf(none), -1);
@@ -104,14 +103,28 @@ TEST(LogicInterfaces, WritesNamesInBold) {
     EXPECT_EQ(boldList(c.names).toStdString(), c.text);
 }
 
-TEST(LogicInterfaces, LineNumbersComeAsReals) {
+TEST(LogicInterfaces, ReadsAScriptsNumbers) {
+  const int most = std::numeric_limits<int>::max();
   const struct {
-    double number;
-    int line;
-  } cases[] = {{0, 0},   {3.9, 3},           {-0.5, -1},
-               {-1, -1}, {std::nan(""), -1}, {HUGE_VAL, std::numeric_limits<int>::max()}};
-  for (const auto& c : cases)
-    EXPECT_EQ(interfaceLine(c.number), c.line) << c.number;
+    std::vector<double> numbers;
+    AnalogInterface read;
+  } cases[] = {
+      {{}, {-1, -1, 5, 5e-12, 100}},
+      {{1, 2}, {-1, -1, 5, 5e-12, 100}},
+      {{1, 2, 3.3}, {1, 2, 3.3, 5e-12, 100}},
+      {{1, 2, 3.3, 1e-12}, {1, 2, 3.3, 1e-12, 100}},
+      {{3.9, 0, 3.3, 1e-12, 50, 7}, {3, 0, 3.3, 1e-12, 50}},
+      {{-0.5, -1, 0}, {-1, -1, 0, 5e-12, 100}},
+      {{std::nan(""), HUGE_VAL, 0}, {-1, most, 0, 5e-12, 100}},
+  };
+  for (const auto& c : cases) {
+    const auto read = analogInterface(c.numbers.data(), static_cast<unsigned>(c.numbers.size()));
+    EXPECT_EQ(read.input, c.read.input) << c.numbers.size();
+    EXPECT_EQ(read.output, c.read.output) << c.numbers.size();
+    EXPECT_EQ(read.supply, c.read.supply) << c.numbers.size();
+    EXPECT_EQ(read.capacitance, c.read.capacitance) << c.numbers.size();
+    EXPECT_EQ(read.resistance, c.read.resistance) << c.numbers.size();
+  }
 }
 
 TEST(LogicInterfaces, TakesWhateverAScriptHandsIn) {
@@ -128,6 +141,7 @@ TEST(LogicInterfaces, TakesWhateverAScriptHandsIn) {
     lines.push_back(text.c_str());
   const LogicInterfaces many = read(lines, 99999, 99999);
   EXPECT_EQ(many.technologies().size(), lines.size());
+  EXPECT_LT(boldList(many.resistiveTechnologies()).size(), 2000);
   EXPECT_EQ(many.technologyOf(99999), 99999);
   EXPECT_EQ(many.technology(99999).defaultOutput, 99999);
 }

@@ -4,7 +4,8 @@
 #include "ScriptEngine.h"
 #include "DialogDriver.h"
 #include "HostSupport/Files.h"
-#include "HostSupport/System.h"
+#include "HostSupport/HostSupport.h"
+#include "HostSupport/Registry.h"
 #include "HostSupportQt/Help.h"
 #include "HostSupportQt/Paste.h"
 
@@ -133,13 +134,13 @@ TEST_F(ScriptEngineTest, refusesWithASentence) {
        "EchoReals: argument 1: divisions must be a whole number that divides the 3 elements of y."},
       {"Fail('from the handler')", "from the handler"},
       {"host.call('Nobody')", "Nobody: there is no such function"},
-      {"command('Nobody')", "Nobody: there is no such command; there are: Note"},
+      {"command('Nobody')", "Nobody: there is no such command; there are: RunBRENNIX, Note"},
       {"command('Note \"open')", "command: a quote is not closed: Note \"open"},
       {"host.wait(-1)", "host.wait: the time must be a number of milliseconds from 0 to a day"},
       {"host.onDialog(3)", "TypeError: host.onDialog: the handler must be a function, 3 was given"},
       {"host.graphs({})", "host.graphs is not served by this host yet"},
-      {"host.provide('dyn_RunCommand', () => 1)",
-       "host.provide: dyn_RunCommand is not served by this host yet"},
+      {"host.provide('dyn_OpenListDialog', () => 1)",
+       "host.provide: dyn_OpenListDialog is not served by this host yet"},
       {"throw 'a text'", "a text"},
       {"throw undefined", "undefined"},
       {"+nothing.at.all", "ReferenceError: nothing is not defined"},
@@ -264,6 +265,37 @@ TEST_F(ScriptEngineTest, servesFilesAndSettings) {
   EXPECT_TRUE(QFileInfo::exists(temp));
   engine.reset();
   EXPECT_FALSE(QFileInfo::exists(temp));
+}
+
+TEST_F(ScriptEngineTest, runsCommandsForModules) {
+  const auto ask = [](const char* command, std::uint32_t hash) -> std::string {
+    using Entry = void (*)(const YString&, std::uint32_t);
+    try {
+      reinterpret_cast<Entry>(sp_FindDynFunc("dyn_RunCommand"))(command, hash);
+      return std::string();
+    } catch (const KelvarinException& exception) {
+      return exception.message();
+    }
+  };
+  const auto asked = [&ask](const char* command) { return ask(command, sp_HashValue(command)); };
+  EXPECT_EQ(asked("Note one \"two words\""), "");
+  EXPECT_EQ(asked("Nobody x"), "Nobody: there is no such command; there are: RunBRENNIX, Note");
+  EXPECT_EQ(asked(""), "command: no command was named");
+  EXPECT_EQ(ask("Note", 1), "dyn_RunCommand: the hash is not that of the command");
+  EXPECT_NE(asked("RunBRENNIX"), "");
+
+  run("var seen = []; host.provide('dyn_RunCommand', c => { seen.push(c); if (c === 'bad') throw "
+      "new Error('no ' + c) })");
+  EXPECT_EQ(asked("Nobody \xc3\xa9"), "");
+  EXPECT_EQ(asked("bad"), "no bad");
+  EXPECT_EQ(run("seen"), "[\"Nobody \xc3\xa9\",\"bad\"]");
+  run("host.provide('dyn_RunCommand', undefined)");
+  EXPECT_EQ(asked("Note"), "");
+
+  engine = std::make_unique<ScriptEngine>(&table, &driver); // made before the first one ends
+  EXPECT_EQ(asked("Note"), "");
+  engine.reset();
+  EXPECT_EQ(asked("Note"), "dyn_RunCommand: there are no commands");
 }
 
 TEST_F(ScriptEngineTest, letsScriptsServe) {

@@ -1,0 +1,112 @@
+// EditFileDefinedPWLDialog's syntax check with the host's own command and program.
+
+const grid = "pwlGrid";
+/// Opens the dialog on these lines, checks, and gives the box that came and the rows in red, with
+/// what they say.
+function checked(lines, settings = ["0", "0", "0", "scope.txt", "Disk"]) {
+  const seen = { marks: {} };
+  host.onDialog(d => {
+    host.onDialog(m => { Object.assign(seen, m.message()); m.accept(); });
+    d.click("toolButtonCheckSyntax");
+    for (let row = 0; row < d.rows(grid); ++row) {
+      const cell = d.cellInfo(grid, row, 0);
+      if (cell.kind === "ErrorPWLTableItem")
+        seen.marks[row] = cell.toolTip.replace(/^Line number \d+:\n\n/, "");
+    }
+    seen.first = d.cell(grid, 0, 0);
+    d.reject();
+  });
+  EditFileDefinedPWLDialog(lines, settings);
+  return seen;
+}
+const folder = host.tempDir();
+host.writeFile(folder + "/more.txt", "0 1\n");
+
+// --- what the program finds, as the dialog shows it ----------------------------------------------
+
+const passed = "Syntax Check Passed";
+const faulty = "Source definition file has errors";
+for (const [name, lines, title, rows] of [
+  ["good", ["START_DATA REPEAT_COUNT=2", "* c", "0 1", "1u {a}", "2u 3k"], passed, []],
+  ["comma separated", ["START_DATA FORMAT=CSV", "0 1", "1 {a}"], passed, []],
+  ["super data points", ["0 1", `1 file="${folder}/more.txt"`, `2 file="${folder}/none.txt"`],
+    faulty, [2]],
+  ["an expression with blanks", ["0 1", "1 {a + b}"], passed, []],
+  ["every kind", ["0 1", "x 2", "1 y", "0.5 1", "2 1 1", "3", "4 4"], faulty, [1, 2, 3, 4, 5]],
+  ["two start lines", ["START_DATA", "START_DATA", "0 1", "1 2"], faulty, [1]],
+  ["no lines", [], "File is empty", []],
+  ["one point", ["* c", "0 1"], "Less than two data points", []],
+  ["one point, one fault", ["0 1", "x"], "Less than two data points", [1]],
+  ["before the trigger", ["-1 1", "0 2"], faulty, [0]],
+  ["more faults than are shown", ["0 1"].concat(new Array(40).fill("x y")), faulty,
+    Array.from({ length: 20 }, (_, i) => i + 1)],
+]) {
+  const seen = checked(lines);
+  equal(seen.title, title, name);
+  equal(Object.keys(seen.marks).map(Number), rows, name);
+}
+equal(checked(["0 1", "x*y 2", "1 2"]).marks, { 1: "The time \"x\u2217y\" is no number." });
+check(checked([]).text.includes("scope.txt") && checked([]).text.includes("empty"), "the file");
+equal(checked(["START_DATA FASTER", "0 1", "1 2"]).title, passed, "the controls write the line");
+const device = ["0", "0", "0", "s", "Disk", "0"];
+equal(checked(["0 1", "x 2"], device.concat("V \u00e9 1")).title, faulty, "any device name");
+equal(checked(["0 1", "1 2"], device.concat("*V")).title, faulty, "a deck without a source");
+equal(checked(["0 1"].concat(new Array(50000).fill("{t} 1"))).title, passed, "a long file");
+equal(checked(["0 " + "1".repeat(1e5), "1 2", "2 2"]).marks[0].length < 200, true, "a long line");
+
+// --- a correction, and the check again ------------------------------------------------------------
+
+host.onDialog(d => {
+  for (const [text, title] of [["x", faulty], ["1", passed], ["0", faulty]]) {
+    d.cell(grid, 1, 0, text);
+    host.onDialog(m => { equal(m.title, title, text); m.accept(); });
+    d.click("toolButtonCheckSyntax");
+    equal(d.cellInfo(grid, 1, 0).kind === "ErrorPWLTableItem", title === faulty, text);
+  }
+  d.reject();
+});
+EditFileDefinedPWLDialog(["0 1", "1 2"], ["0", "0", "0", "scope.txt", "Disk"]);
+
+host.onDialog(d => {
+  d.cell(grid, 0, 0, "START_DATA FASTER");
+  host.onDialog(m => { equal(m.title, faulty, "an unknown keyword"); m.accept(); });
+  d.click("toolButtonCheckSyntax");
+  equal(d.cell(grid, 0, 0), "START_DATA", "the controls write the line anew");
+  d.reject();
+});
+EditFileDefinedPWLDialog(["9 9", "0 1", "1 2"], ["0", "0", "0", "scope.txt", "Disk"]);
+
+// --- programs that fail: the dialog says so and stays usable --------------------------------------
+
+for (const [program, words] of [
+  ["/bin/sh -c \"exec sleep 60\"", "has not ended within 0.5 s"],
+  ["/bin/sh -c \"kill -SEGV $$\"", "crashed"],
+  ["/bin/sh -c \"echo out of order >&2; exit 1\"", "status 1. out of order"],
+  [folder + "/none", "could not be started"],
+]) {
+  host.option("SimulatorProgram", program);
+  host.option("SimulatorTimeLimit", words.includes("0.5 s") ? 0.5 : null);
+  const began = host.now();
+  const seen = checked(["0 1", "x 2"]);
+  check(seen.text.includes("RunBRENNIX: ") && seen.text.includes(words), words + ": " + seen.text);
+  equal(seen.marks, {}, words);
+  check(host.now() - began < 5000, words);
+}
+host.option("SimulatorProgram", null);
+host.option("SimulatorTimeLimit", null);
+equal(Object.keys(checked(["0 1", "x 2"]).marks), ["1"], "and back");
+
+// --- the command by itself ------------------------------------------------------------------------
+
+host.writeFile(folder + "/p.txt", "0 1\nx 2\n");
+host.writeFile(folder + "/d.deck", `*\nV1 1 0 FDPWL file="${folder}/p.txt"\n.END\n`);
+const run = deck =>
+  command(`RunBRENNIX /hidestatusbox /additionalargs SYNTAX_CHK_ONLY,,BATCH_MODE,, "${deck}"`);
+run(folder + "/d.deck");
+check(host.readFile(folder + "/d.deck.err").includes(", line 2:\n"), "the message file");
+host.writeFile(folder + "/p.txt", "0 1\n1 2\n");
+run(folder + "/d.deck");
+check(!host.exists(folder + "/d.deck.err"), "no faults, no file");
+let fault = null;
+try { run(folder + "/none.deck"); } catch (error) { fault = error.message; }
+check(fault.includes("none.deck"), fault);

@@ -1,0 +1,93 @@
+#include "PwlPoints.h"
+#include "CellBlock.h"
+#include "ConversionMemory.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+static PwlPoints curve(const char* text) {
+  return pointsInText(QString::fromUtf8(text));
+}
+
+static std::string textOf(const PwlPoints& points) {
+  return textOfPoints(points).toStdString();
+}
+
+TEST(PwlPoints, AreReadInPairs) {
+  EXPECT_EQ(textOf(curve("1 2 3")), "1 2");
+  EXPECT_EQ(textOf(curve("(1,2)\r\n(3;x,{a*b})\n,,\t")), "1 2 3;x {a*b}");
+  EXPECT_EQ(textOf(curve(" ,() \n")), "");
+}
+
+TEST(PwlPoints, CellsAreNumbersOrExpressions) {
+  struct Case {
+    const char* text;
+    bool arbitrary;
+    bool symmetric;
+  };
+  const Case cases[] = {{"1k", true, true},   {"+1", true, true},        {".1", true, true},
+                        {"-1", true, false},  {"{a}", true, true},       {"{a} ", true, true},
+                        {"{a", false, false}, {"a}", false, false},      {"", false, false},
+                        {" ", false, false},  {"\xc2\xbc", false, false}};
+  for (const Case& each : cases) {
+    const QString text = QString::fromUtf8(each.text);
+    EXPECT_EQ(isValidCell(text, true), each.arbitrary) << each.text;
+    EXPECT_EQ(isValidCell(text, false), each.symmetric) << each.text;
+  }
+}
+
+TEST(PwlPoints, SymmetryIsOneOfTexts) {
+  const std::pair<const char*, bool> cases[] = {
+      {"-1 -2 1 2", true},
+      {"-1 -2 0 0 1 2", true},
+      {"-1 -2 7 8 1 2", true}, // nobody looks at the middle
+      {"{-a} {-b} {a} {b}", true},
+      {"-{a} {-b} {a} {b}", true},
+      {"-1 -2 1 2.0", false},
+      {"-1 2 1 2", false},
+      {"-2 -2 -1 -1 1 1 3 3", false},
+      {"0 0", false},
+      {"", false},
+  };
+  for (const auto& [text, symmetric] : cases)
+    EXPECT_EQ(isSymmetric(curve(text)), symmetric) << text;
+}
+
+TEST(PwlPoints, TheFirstQuadrantLeavesTheOriginOut) {
+  EXPECT_EQ(textOf(firstQuadrant(curve("-1 -2 1 2"))), "1 2");
+  EXPECT_EQ(textOf(firstQuadrant(curve("-1 -2 0 0 1 2"))), "1 2");
+  EXPECT_EQ(textOf(firstQuadrant(curve("-1 -2 0 3 1 2"))), "0 3 1 2");
+  EXPECT_EQ(textOf(withMirrorImage(curve("1 {x} +2 4"))), "-+2 -4 -1 {-x} 1 {x} +2 4");
+}
+
+TEST(PwlPoints, AQuadrantWithItsMirrorImageIsFoundAgain) {
+  std::mt19937 random(4711);
+  const char* const texts[] = {"1", "2.5k", "{a+b}", "+3", "1e-9"};
+  for (int round = 0; round < 200; ++round) {
+    PwlPoints quadrant;
+    for (unsigned i = 0; i < 1 + round % 7U; ++i)
+      quadrant.append(
+          {QString::fromLatin1(texts[random() % 5]), QString::fromLatin1(texts[random() % 5])});
+    const PwlPoints whole = withMirrorImage(quadrant);
+    EXPECT_TRUE(isSymmetric(whole));
+    EXPECT_EQ(textOf(firstQuadrant(whole)), textOf(quadrant));
+  }
+}
+
+TEST(CellBlock, TakesWhatSpreadsheetsGive) {
+  const QVector<QStringList> two{{QStringLiteral("1"), QStringLiteral("2,5")},
+                                 {QStringLiteral("3"), QString()}};
+  EXPECT_EQ(cellsOfBlock(QStringLiteral("1\t2,5\r\n3\t\r\n")), two);
+  const QVector<QStringList> commas{{QStringLiteral("1"), QStringLiteral("2")}};
+  EXPECT_EQ(cellsOfBlock(QStringLiteral("1, 2")), commas);
+  EXPECT_TRUE(cellsOfBlock(QString()).isEmpty());
+}
+
+TEST(ConversionMemory, ComesBackAsItWas) {
+  for (const char* text : {"1 2 3 4|1 7n|1|20", "|||", "a|b|c|d"})
+    EXPECT_EQ(writeConversionMemory(readConversionMemory(QString::fromLatin1(text))).toStdString(),
+              text);
+  EXPECT_EQ(readConversionMemory(QString()).limitValue, QStringLiteral("20"));
+  EXPECT_EQ(readConversionMemory(QStringLiteral("x")).limitValue, QString());
+}
