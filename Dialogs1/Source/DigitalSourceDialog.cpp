@@ -18,25 +18,22 @@ static const ScriptFunction declaration("DigitalSourceDialog", 1, "SRS", StringV
 namespace {
 
 constexpr QChar nameSeparator = QLatin1Char('|');
-constexpr int sheetArgument = 1;
 
 unsigned char stateOf(const QComboBox* combo) {
   return stateChoices[std::max(combo->currentIndex(), 0)].code;
 }
-
 } // namespace
 
 DigitalSourceDialog::DigitalSourceDialog()
-    : KelvarinDialog(nullptr, "DigitalSourceDialog", true, {}),
-      analogSheet(this, sheetArgument, LogicAnalogInterfaceSheet::Sides::Outputs),
-      namesResult(this, 0), definitionResult(this, 1) {
-  form.setupUi(this);
+    : DigitalDeviceDialog("DigitalSourceDialog", 1, Sides::Outputs), namesResult(this, 0),
+      definitionResult(this, 1), strips(form.plotterLayout, form.timeShiftApplyButton) {
   for (QComboBox* combo : {form.highStateCombo, form.lowStateCombo})
     for (const StateChoice& choice : stateChoices)
       combo->addItem(QString::fromLatin1(choice.name));
   form.highStateCombo->setCurrentIndex(1);
-  form.tabWidget->insertTab(1, &analogSheet, tr("Analog Interface"));
-  strips = std::make_unique<StateStrips>(form.plotterLayout);
+  // The strips stand on the page, and not on a ground of their own.
+  form.plotArea->viewport()->setAutoFillBackground(false);
+  form.plotAreaContents->setAutoFillBackground(false);
   // Names go to the script with bars between.
   form.outputNameEdit->setValidator(new QRegularExpressionValidator(
       QRegularExpression(QStringLiteral("[^|]*")), form.outputNameEdit));
@@ -79,13 +76,13 @@ void DigitalSourceDialog::prepareDialog(UserFunctionInterface* args, UserDataTyp
   makeRowsUniform(form.outputNamesListBox);
   form.definitionTextBox->setPlainText(textAt(texts, count, 1));
   updatePlot(Remember::Everything);
-  KelvarinDialog::prepareDialog(args, type);
+  DigitalDeviceDialog::prepareDialog(args, type);
 }
 
 void DigitalSourceDialog::readDialog(UserDataType type, bool accepted) {
   namesResult.stringValue = names().join(nameSeparator);
   definitionResult.stringValue = form.definitionTextBox->toPlainText();
-  KelvarinDialog::readDialog(type, accepted);
+  DigitalDeviceDialog::readDialog(type, accepted);
 }
 
 QStringList DigitalSourceDialog::names() const {
@@ -143,9 +140,9 @@ void DigitalSourceDialog::updatePlot(Remember what) {
   form.plotLabel0->setVisible(isEmpty);
   form.plotter0->setVisible(isEmpty);
   if (isEmpty)
-    strips->clear();
+    strips.clear();
   else
-    strips->draw(table, names());
+    strips.draw(table, names());
 }
 
 void DigitalSourceDialog::addButton_clicked() {
@@ -207,7 +204,7 @@ void DigitalSourceDialog::renameButton_clicked() {
     return;
   form.outputNamesListBox->item(output)->setText(form.outputNameEdit->text());
   makeRowsUniform(form.outputNamesListBox);
-  strips->rename(output, form.outputNameEdit->text());
+  strips.rename(output, form.outputNameEdit->text());
 }
 
 void DigitalSourceDialog::moveOutput(int step) {

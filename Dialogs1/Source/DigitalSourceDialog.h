@@ -1,15 +1,14 @@
 #pragma once
 
+#include "DigitalDeviceDialog.h"
 #include "DummyWidget.h"
-#include "KelvarinDialog.h"
-#include "LogicAnalogInterfaceSheet.h"
 #include "PulseOperations.h"
 #include "StateStrips.h"
 #include "ui_DigitalSourceDialog.h"
 
 /// A digital source: named outputs, a timetable of their states as text, tools that write it, and
 /// its plot. The text is the truth; the plot shows it as it was last read.
-class DigitalSourceDialog : public KelvarinDialog {
+class DigitalSourceDialog : public DigitalDeviceDialog<Ui::DigitalSourceDialog> {
 public:
   DigitalSourceDialog();
 
@@ -49,10 +48,8 @@ private:
   QStringList names() const;
   int selectedOutput() const; ///< -1 for none
 
-  LogicAnalogInterfaceSheet analogSheet;
-  Ui::DigitalSourceDialog form;
   DummyWidget namesResult;
   DummyWidget definitionResult;
-  std::unique_ptr<StateStrips> strips;
+  StateStrips strips;
   TimetableHistory history;
 };

@@ -42,7 +42,7 @@ int bottomMargin(const QWidget* widget) {
 
 } // namespace
 
-StateStrips::StateStrips(QGridLayout* grid) : m_grid(grid) {}
+StateStrips::StateStrips(QGridLayout* grid, QWidget* before) : m_grid(grid), m_before(before) {}
 
 StateStrips::~StateStrips() = default;
 
@@ -93,6 +93,8 @@ void StateStrips::addStrip(int output, const QString& name) {
   label->setTextFormat(Qt::PlainText);
   label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   auto* plotter = new Plotter;
+  m_grid->addWidget(label, output + 1, 0);
+  m_grid->addWidget(plotter, output + 1, 1);
   plotter->setObjectName(QStringLiteral("strip%1").arg(output));
   plotter->setAccessibleName(label->text());
   plotter->setBackgroundColour(graphColour("GraphColourBackground"));
@@ -103,10 +105,12 @@ void StateStrips::addStrip(int output, const QString& name) {
   plotter->setMargins(0, 0, 0, 0);
   plotter->setMinimumHeight(stripLines * plotter->fontMetrics().lineSpacing());
   plotter->initializeAxes(m_time, m_level);
-  if (!m_plotters.empty())
+  if (m_plotters.empty()) {
+    QWidget::setTabOrder(m_before, plotter);
+  } else {
+    plotter->setFocusPolicy(Qt::ClickFocus);
     m_plotters.front()->shareXRange(plotter);
-  m_grid->addWidget(label, output + 1, 0);
-  m_grid->addWidget(plotter, output + 1, 1);
+  }
   m_labels.push_back(label);
   m_plotters.push_back(plotter);
 }

@@ -11,6 +11,7 @@
 class Plotter;
 class QGridLayout;
 class QLabel;
+class QWidget;
 
 /// The plot of a digital source: below one another a strip for each output, its name beside it, all
 /// on the same axis of time, which they zoom and scroll together.
@@ -18,8 +19,9 @@ class StateStrips : public QObject {
   Q_OBJECT
 
 public:
-  /// The strips go into `grid`, names in column 0.
-  explicit StateStrips(QGridLayout* grid);
+  /// The strips go into `grid`, names in column 0. Tab comes to the first of them, which has the
+  /// keys that zoom and scroll, behind `before`.
+  StateStrips(QGridLayout* grid, QWidget* before);
   ~StateStrips() override;
 
   void clear();
@@ -34,6 +36,7 @@ private:
   void show(double from, double to);
 
   QGridLayout* m_grid;
+  QWidget* m_before;
   std::vector<QLabel*> m_labels;
   std::vector<Plotter*> m_plotters;
   std::vector<Trace> m_traces;
