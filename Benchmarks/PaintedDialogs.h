@@ -37,13 +37,13 @@ public:
       QMetaObject::invokeMethod(
           watched,
           [this, watched] {
-            m_closing = false;
             painted = Clock::now();
             QPointer<QDialog> dialog = static_cast<QDialog*>(watched);
             if (onPaint)
               onPaint(dialog);
             if (dialog && dialog->isVisible())
               dialog->reject();
+            m_closing = false;
           },
           Qt::QueuedConnection);
     }
