@@ -27,7 +27,7 @@ QVariant ListViewProperty::data(int column, int role) const {
   if (role == Qt::DecorationRole && column == 1 && kind() == PropertyKind::Colour) {
     bool isPacked = false; // else it is the name of a colour that the host knows
     const int packed = rawValue.toInt(&isPacked);
-    return isPacked ? QVariant(unpackedColour(packed)) : QVariant();
+    return isPacked ? QVariant(colourPatch(packed)) : QVariant();
   }
   return QTreeWidgetItem::data(column, role);
 }
