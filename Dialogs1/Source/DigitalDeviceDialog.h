@@ -1,7 +1,9 @@
 #pragma once
 
+#include "HostSupportQt/HostSupportQt.h"
 #include "KelvarinDialog.h"
 #include "LogicAnalogInterfaceSheet.h"
+#include "ScriptTexts.h"
 
 #include <QTabWidget>
 
@@ -30,6 +32,13 @@ protected:
     setTabOrder(sheet.lastField(), form.okButton);
     setTabOrder(form.okButton, form.cancelButton);
     startInFirstField();
+  }
+
+  /// Takes the window's title from the script, where that has one.
+  void showTitle(int argument) {
+    const QString title = toQs(getString(argument));
+    if (!title.isEmpty())
+      setWindowTitle(shownCaption(title));
   }
 
   LogicAnalogInterfaceSheet sheet;

@@ -1,0 +1,11 @@
+#include "DefineLatchDialog.h"
+
+#include "ScriptFunction.h"
+
+static const ScriptFunction declaration("DefineLatchDialog", 2, "RSRS", RealVectorResult,
+                                        runDialogFunction<DefineLatchDialog, UserReal>);
+
+void DefineLatchDialog::initialiseDialog() {
+  showTitle(1);
+  KelvarinDialog::initialiseDialog();
+}

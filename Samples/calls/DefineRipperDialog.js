@@ -1,0 +1,7 @@
+// Family: Digital devices
+// The low byte of an address bus.
+// Reopens: 0
+DefineRipperDialog(
+  ["ADDR", "0", "7", "1"],
+  ["Straight", "Angled left", "Angled right", "Compact"]
+);
