@@ -5,6 +5,8 @@
 #include "HostSupportQt/QtMessages.h"
 
 #include <QApplication>
+#include <QProxyStyle>
+#include <QStyleOption>
 
 #include <clocale>
 
@@ -17,6 +19,21 @@ static bool lacksDisplay() {
   return sp_GetOs() == OperatingSystem::Linux && qEnvironmentVariableIsEmpty("DISPLAY") &&
          qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
+
+/// Fusion measures the ink of a group's title and draws the title from its origin: where the first
+/// letter stands off that, as "D" does, the last one was cut.
+class WholeTitlesStyle : public QProxyStyle {
+public:
+  using QProxyStyle::QProxyStyle;
+
+  QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                       const QWidget* widget) const override {
+    QRect rect = QProxyStyle::subControlRect(control, option, part, widget);
+    if (control == CC_GroupBox && part == SC_GroupBoxLabel)
+      rect.setWidth(rect.width() + option->fontMetrics.averageCharWidth());
+    return rect;
+  }
+};
 
 /// Fusion looks the same everywhere and follows our palettes; a script that a user runs by hand
 /// shows dialogs as the desktop does.
@@ -45,7 +62,7 @@ void prepareEnvironment(const CommandLine& line) {
   if (isTour)
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   if (wantsFusion(line.command) || qgetenv(platformVariable).startsWith("offscreen"))
-    QApplication::setStyle(QStringLiteral("fusion"));
+    QApplication::setStyle(new WholeTitlesStyle(QStringLiteral("fusion")));
 }
 
 void prepareApplication() {

@@ -3,6 +3,7 @@
 #include "BoundElement.h"
 #include "HostSupportQt/Text.h"
 
+#include <QKeyEvent>
 #include <QWheelEvent>
 
 #include <cmath>
@@ -55,4 +56,13 @@ void ComboBox::wheelEvent(QWheelEvent* event) {
     QComboBox::wheelEvent(event);
   else
     event->ignore();
+}
+
+void ComboBox::keyPressEvent(QKeyEvent* event) {
+  // A plain Tab never comes here. Ctrl+Tab turns the page round the box; a list that is not edited
+  // would search its items for it.
+  if (!isEditable() && (event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab))
+    event->ignore();
+  else
+    QComboBox::keyPressEvent(event);
 }

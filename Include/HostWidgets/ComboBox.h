@@ -30,4 +30,5 @@ public:
 
 protected:
   void wheelEvent(QWheelEvent* event) override; ///< counts only with the focus
+  void keyPressEvent(QKeyEvent* event) override;
 };

@@ -19,6 +19,7 @@
 #include <QJsonDocument>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPixmap>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTabBar>
@@ -188,6 +189,17 @@ void expectNothingClipped(const QWidget* dialog) {
   }
 }
 
+/// A picture that a text names and nobody has is a question mark in the middle of it.
+void expectPictures(const QWidget* dialog) {
+  static const QRegularExpression image(QStringLiteral("<img\\s[^>]*src=[\"']?([^\"'>\\s]+)"));
+  for (const QLabel* label : dialog->findChildren<QLabel*>())
+    for (const QString& text : {label->text(), label->property("info").toString()})
+      for (auto found = image.globalMatch(text); found.hasNext();) {
+        const QString picture = found.next().captured(1);
+        EXPECT_FALSE(QPixmap(picture).isNull()) << nameOf(label) << ": " << picture.toStdString();
+      }
+}
+
 void editAtRandom(DialogActions& dialog, std::mt19937& random) {
   static const char* const texts[] = {"4.7k", "{2*Rload}", "nonsense", "", "1e400", "0.1", "-3"};
   for (const QString& name : dialog.names()) {
@@ -237,6 +249,7 @@ TEST_P(HouseRules, LooksAndReadsAsItShould) {
     expectAccessible(actions.dialog());
     expectMnemonics(actions.dialog());
     expectButtons(actions.dialog());
+    expectPictures(actions.dialog());
     expectTabCycle(actions);
     actions.reject();
   });

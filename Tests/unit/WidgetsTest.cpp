@@ -17,6 +17,7 @@
 #include <QGridLayout>
 #include <QMetaProperty>
 #include <QSignalSpy>
+#include <QTabWidget>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -210,6 +211,21 @@ TEST(ComboBox, WheelTurnsOnlyWithTheFocus) {
     QApplication::sendEvent(combo, &event);
     EXPECT_EQ(combo->currentIndex(), focus == combo ? 1 : 0);
     EXPECT_TRUE(focus->hasFocus());
+  }
+}
+
+TEST(ComboBox, LeavesCtrlTabToThePages) {
+  QTabWidget pages;
+  auto* combo = new ComboBox;
+  combo->loadStrings("a|b");
+  pages.addTab(combo, QStringLiteral("first"));
+  pages.addTab(new QWidget, QStringLiteral("second"));
+  for (bool editable : {false, true}) {
+    combo->setEditable(editable);
+    pages.setCurrentIndex(0);
+    QKeyEvent event(QEvent::KeyPress, Qt::Key_Tab, Qt::ControlModifier, QStringLiteral("\t"));
+    QApplication::sendEvent(combo, &event);
+    EXPECT_EQ(pages.currentIndex(), 1) << (editable ? "editable" : "a list");
   }
 }
 

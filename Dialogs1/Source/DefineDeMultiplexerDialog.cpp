@@ -1,0 +1,12 @@
+#include "DefineDeMultiplexerDialog.h"
+
+#include "ScriptFunction.h"
+
+static const ScriptFunction declaration("DefineDeMultiplexerDialog", 1, "RRS", RealVectorResult,
+                                        runDialogFunction<DefineDeMultiplexerDialog, UserReal>);
+
+DefineDeMultiplexerDialog::DefineDeMultiplexerDialog()
+    : DefineMultiplexerDialog("DefineDeMultiplexerDialog") {
+  setWindowTitle(tr("Edit Demultiplexer Dialog"));
+  form.ioSizeLabel->setText(tr("Number of outputs"));
+}
