@@ -18,7 +18,4 @@ public:
   void setValue(double value) { setChecked(value != 0); }
   QString stringValue() const;
   void setStringValue(const QString& text);
-
-protected:
-  void paintEvent(QPaintEvent* event) override;
 };
