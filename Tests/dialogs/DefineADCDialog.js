@@ -63,6 +63,13 @@ box([8, 1e-6, 5e6], d => {
   d.set(rate, "250k");
   d.set(rate, "4Meg");
   equal(d.value(time), 4e-6, "a rate that has been left has");
+  const rates = [];
+  d.type(time, "1");
+  for (const key of ["0", "n", "Backspace"]) {
+    d.key(time, key);
+    rates.push(d.value(rate));
+  }
+  equal(rates, [4e6, 1e8, 4e6], "the rate follows a time alike");
   d.reject();
 });
 
