@@ -1,8 +1,6 @@
 #include "DefineFlipFlopDialog.h"
 
-#include "HostSupportQt/Text.h"
 #include "ScriptFunction.h"
-#include "ScriptTexts.h"
 
 #include <algorithm>
 
@@ -35,9 +33,7 @@ DefineFlipFlopDialog::DefineFlipFlopDialog() : DigitalDeviceDialog("DefineFlipFl
 }
 
 void DefineFlipFlopDialog::initialiseDialog() {
-  const QString title = toQs(getString(1));
-  if (!title.isEmpty())
-    setWindowTitle(shownCaption(title));
+  showTitle(1);
   KelvarinDialog::initialiseDialog();
 }
 
