@@ -51,6 +51,13 @@ function calibrate(d, place) {
   check(d.checked('pointButton'), 'with its axes complete, points are next');
 }
 
+function trace(d, place) {
+  calibrate(d, place);
+  d.click('traceButton');
+  moveTo(d, place(flat(8, capacitance(8))));
+  d.key('picture', 'Return');
+}
+
 // Runs `act` on the digitiser that the conversion dialog opens for a picture; the table's rows after.
 function digitise(file, act) {
   let rows;
@@ -71,10 +78,7 @@ function digitise(file, act) {
 for (const [file, place] of [['output-capacitance.png', p => p], ['output-capacitance-scan.jpg', turned]]) {
   const rows = digitise(file, d => {
     check(!d.enabled('okButton'), 'nothing to accept yet');
-    calibrate(d, place);
-    d.click('traceButton');
-    moveTo(d, place(flat(8, capacitance(8))));
-    d.key('picture', 'Return');
+    trace(d, place);
     check(d.enabled('okButton'), 'traced: ' + d.text('advice'));
     equal(d.rows('points') > 10, true, d.rows('points') + ' points are shown');
     d.accept();
@@ -135,3 +139,33 @@ equal(digitise(bogus, m => {
   check(m.message().text.includes('is no picture that can be read'), m.message().text);
   m.accept();
 }).length, 0, 'no picture: the table stays');
+
+// The whole road: from a scan of a data sheet to the charge of a capacitor in a schematic.
+host.onDialog(box => {
+  host.onDialog(converter => {
+    host.onDialog(f => { f.pick(folder + 'output-capacitance-scan.jpg'); f.accept(); });
+    host.onDialog(d => { trace(d, turned); d.accept(); });
+    converter.click('digitizeButton');
+    converter.set('limitGroupBox', true);
+    converter.set('limitValueSpinner', '400');
+    converter.set('numSegSpinner', '8');
+    converter.click('convertButton');
+    converter.press('Ok');
+  });
+  box.click('componentUnitEntryButton');
+  box.accept();
+});
+const result = PWLDialog([], ['Define PWL Capacitor Coss', 'Voltage', 'Charge'], [], ['']);
+const charge = result.slice(0, -1).map(number);
+equal(charge.length, 18, 'eight segments have nine points');
+const integral = (from, to) => {
+  let sum = 0;
+  const steps = 20000, ratio = Math.pow(to / from, 1 / steps); // capacitance falls by decades
+  for (let i = 0, v = from; i < steps; ++i, v *= ratio)
+    sum += capacitance(v * Math.sqrt(ratio)) * v * (ratio - 1);
+  return sum;
+};
+near(charge[16], 400, 1e-3, 'up to the limit');
+near(charge[17] - charge[1], integral(charge[0], 400), 0.05, 'the charge of the whole curve');
+for (let i = 2; i < charge.length; i += 2)
+  check(charge[i] > charge[i - 2] && charge[i + 1] > charge[i - 1], 'charge rises with voltage');

@@ -45,6 +45,13 @@ for (const [name, lines, shown, kind, result] of [
   }).slice(1), result, name);
 }
 
+// What OK gave, opened again, gives the same.
+for (const lines of [["START_DATA REPEAT_COUNT=3 SHIFT_FIRST_TO_ZERO", "-1 2", "* c", "3 file=\"a b\""],
+  ["START_DATA FORMAT=CSV", "1,2", "3,4"], ["1 2", "", "3 4"]]) {
+  const once = box([lines, source], d => d.accept()).slice(1);
+  equal(box([once, source], d => d.accept()).slice(1), once, JSON.stringify(lines));
+}
+
 // --- the source's options -----------------------------------------------------------------------
 
 for (const [settings, expected] of [
