@@ -21,7 +21,7 @@ namespace {
 
 constexpr int fewestOpenings = 600;
 constexpr int mostOpenings = 2000;
-constexpr qint64 longest = 5000; // milliseconds, for a dialog that takes its time to open
+constexpr qint64 longest = 3000; // milliseconds, for a dialog that takes its time to open
 // The smallest block of the heap has 32 bytes; caches of Qt's go on filling a little.
 constexpr std::size_t allowedPerOpening = 16;
 
