@@ -92,6 +92,9 @@ void pickFiles(QFileDialog* dialog, const QVariant& value) {
     throw DriveError(QStringLiteral("the file chooser is not Qt's own"));
   const QStringList paths =
       value.type() == QVariant::List ? value.toStringList() : QStringList{value.toString()};
+  // A script needs no proposals, and the list of them, which comes when a folder has been read,
+  // would take the click that is meant for a button.
+  edit->setCompleter(nullptr);
   // several are typed in quotes, as the chooser itself writes them
   InputPlayer::replaceText(edit, paths.size() == 1
                                      ? paths.first()
