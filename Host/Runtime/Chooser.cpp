@@ -8,14 +8,18 @@
 
 #include <QCheckBox>
 #include <QColorDialog>
+#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QFontDatabase>
 #include <QFontDialog>
 #include <QLineEdit>
 #include <QListView>
+#include <QPushButton>
 #include <QRegularExpression>
 
 namespace {
+
+constexpr int longestRead = 1000; // milliseconds; a file that is not there stays unknown
 
 void pickColour(QColorDialog* dialog, const QString& colour) {
   static const QRegularExpression pattern(QStringLiteral("^#[0-9A-Fa-f]{6}$"));
@@ -92,14 +96,18 @@ void pickFiles(QFileDialog* dialog, const QVariant& value) {
     throw DriveError(QStringLiteral("the file chooser is not Qt's own"));
   const QStringList paths =
       value.type() == QVariant::List ? value.toStringList() : QStringList{value.toString()};
-  // A script needs no proposals, and the list of them, which comes when a folder has been read,
-  // would take the click that is meant for a button.
-  edit->setCompleter(nullptr);
   // several are typed in quotes, as the chooser itself writes them
   InputPlayer::replaceText(edit, paths.size() == 1
                                      ? paths.first()
                                      : QLatin1Char('"') + paths.join(QLatin1String("\" \"")) +
                                            QLatin1Char('"'));
+  // What is there is known once its folder has been read, in a thread of Qt's. The proposals come
+  // then, too, and would take the click that is meant for a button.
+  const auto* buttons = dialog->findChild<QDialogButtonBox*>();
+  const auto* open = buttons ? buttons->button(QDialogButtonBox::Open) : nullptr;
+  if (open)
+    InputPlayer::waitFor([open] { return open->isEnabled(); }, longestRead);
+  InputPlayer::settle();
   InputPlayer::closePopups();
 }
 
