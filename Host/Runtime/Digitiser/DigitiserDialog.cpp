@@ -56,7 +56,7 @@ DigitiserDialog::DigitiserDialog(const QImage& picture, QWidget* parent)
 }
 
 DigitiserDialog::~DigitiserDialog() {
-  hide(); // views that go out of sight look at the model once more
+  hide();                   // views that go out of sight look at the model once more
   m_model.disconnect(this); // the stack says a last word as it goes
 }
 
