@@ -13,6 +13,9 @@
 #include <QMessageBox>
 #include <QRegExpValidator>
 
+#include <cerrno>
+#include <cstring>
+
 static const ScriptFunction declaration("EditFileDefinedPWLDialog", 1, "SSS", StringVectorResult,
                                         runDialogFunction<EditFileDefinedPWLDialog, UserString>);
 
@@ -225,8 +228,12 @@ void EditFileDefinedPWLDialog::comboboxF11FileName_IndexChanged(const QString& f
 
 void EditFileDefinedPWLDialog::loadFile(const QString& path) {
   std::FILE* file = fopen_utf8(Tocs(path), "r");
-  if (!file)
+  if (!file) {
+    QMessageBox::warning(this, tr("Points File"),
+                         tr("%1 cannot be read: %2.")
+                             .arg(path, QString::fromLocal8Bit(std::strerror(errno))));
     return;
+  }
   LineStore read;
   YString line;
   while (sp_ReadNextLine(file, &line))

@@ -6,20 +6,23 @@
 #include "WidgetFinder.h"
 #include "WidgetValues.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QColorDialog>
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QFontDatabase>
 #include <QFontDialog>
+#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
 #include <QRegularExpression>
 
-namespace {
+#include <algorithm>
 
-constexpr int longestRead = 1000; // milliseconds; a file that is not there stays unknown
+namespace {
 
 void pickColour(QColorDialog* dialog, const QString& colour) {
   static const QRegularExpression pattern(QStringLiteral("^#[0-9A-Fa-f]{6}$"));
@@ -96,18 +99,23 @@ void pickFiles(QFileDialog* dialog, const QVariant& value) {
     throw DriveError(QStringLiteral("the file chooser is not Qt's own"));
   const QStringList paths =
       value.type() == QVariant::List ? value.toStringList() : QStringList{value.toString()};
-  // several are typed in quotes, as the chooser itself writes them
-  InputPlayer::replaceText(edit, paths.size() == 1
-                                     ? paths.first()
-                                     : QLatin1Char('"') + paths.join(QLatin1String("\" \"")) +
-                                           QLatin1Char('"'));
+  // Several are typed in quotes, as the chooser itself writes them. All comes in at once, as from a
+  // clipboard: letter by letter, the chooser would mark each folder on the way, and open the last.
+  InputPlayer::replaceText(edit, QString());
+  QInputMethodEvent input;
+  input.setCommitString(paths.size() == 1 ? paths.first()
+                                          : QLatin1Char('"') + paths.join(QLatin1String("\" \"")) +
+                                                QLatin1Char('"'));
+  QApplication::sendEvent(edit, &input);
   // What is there is known once its folder has been read, in a thread of Qt's. The proposals come
-  // then, too, and would take the click that is meant for a button.
+  // then or later, and would take the click that is meant for a button.
   const auto* buttons = dialog->findChild<QDialogButtonBox*>();
   const auto* open = buttons ? buttons->button(QDialogButtonBox::Open) : nullptr;
-  if (open)
-    InputPlayer::waitFor([open] { return open->isEnabled(); }, longestRead);
-  InputPlayer::settle();
+  const bool isThere = std::all_of(paths.cbegin(), paths.cend(),
+                                   [](const QString& path) { return QFileInfo::exists(path); });
+  if (open && isThere)
+    InputPlayer::waitFor([open] { return open->isEnabled(); });
+  edit->setCompleter(nullptr);
   InputPlayer::closePopups();
 }
 

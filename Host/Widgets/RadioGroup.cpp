@@ -109,6 +109,23 @@ void RadioGroup::setSelectedId(int position) {
   } else if (position < all.size()) {
     setRadioChecked(all[position], true);
   }
+  stopTabAtChecked();
+}
+
+void RadioGroup::stopTabAtChecked() {
+  // Qt does so only once the user has been in the group. A checked button that is not shown is no
+  // place to stop at.
+  const auto isShown = [](const QRadioButton* button) {
+    return button && button->isChecked() && !button->isHidden();
+  };
+  const bool anyShown = std::any_of(m_known.cbegin(), m_known.cend(), isShown);
+  for (QRadioButton* button : m_known) {
+    if (!button || button->focusPolicy() == Qt::NoFocus)
+      continue;
+    const bool stops = !anyShown || isShown(button);
+    button->setFocusPolicy(Qt::FocusPolicy(stops ? button->focusPolicy() | Qt::TabFocus
+                                                 : button->focusPolicy() & ~Qt::TabFocus));
+  }
 }
 
 void RadioGroup::setMapping(const QString& values) {
@@ -238,4 +255,5 @@ void RadioGroup::showEvent(QShowEvent* event) {
   adoptButtons();
   if (m_positions.isEmpty())
     m_positions = sortedButtons();
+  stopTabAtChecked();
 }

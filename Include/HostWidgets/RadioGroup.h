@@ -53,6 +53,7 @@ private:
   void adoptButtons();
   void adoptLater();
   void buttonClicked();
+  void stopTabAtChecked();
   QList<QRadioButton*> sortedButtons() const;
   double valueAt(int position) const;
 

@@ -357,6 +357,30 @@ TEST(RadioGroup, MapsPositionsToValues) {
   EXPECT_EQ(other.selectedId(), 0) << "the later word counts";
 }
 
+TEST(RadioGroup, TabComesToTheCheckedButton) {
+  QDialog dialog;
+  auto* layout = new QVBoxLayout(&dialog);
+  auto* group = new RadioGroup(&dialog);
+  layout->addWidget(group);
+  auto* column = new QVBoxLayout(group);
+  for (const char* text : {"A", "B", "C"})
+    column->addWidget(addButton(group, text));
+  const auto stops = [group] {
+    std::vector<bool> all;
+    for (const QRadioButton* button : group->buttons())
+      all.push_back(button->focusPolicy() & Qt::TabFocus);
+    return all;
+  };
+  group->setSelectedId(2);
+  dialog.show();
+  EXPECT_EQ(stops(), (std::vector<bool>{false, false, true}));
+  group->setSelectedId(0);
+  EXPECT_EQ(stops(), (std::vector<bool>{true, false, false}));
+  group->buttons().at(0)->hide();
+  group->setSelectedId(0);
+  EXPECT_EQ(stops(), (std::vector<bool>{true, true, true})) << "one that is not shown is no stop";
+}
+
 TEST(RadioGroup, TellsWhatTheUserChose) {
   QDialog dialog;
   auto* layout = new QVBoxLayout(&dialog);
