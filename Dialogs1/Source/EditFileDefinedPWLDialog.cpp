@@ -229,9 +229,9 @@ void EditFileDefinedPWLDialog::comboboxF11FileName_IndexChanged(const QString& f
 void EditFileDefinedPWLDialog::loadFile(const QString& path) {
   std::FILE* file = fopen_utf8(Tocs(path), "r");
   if (!file) {
-    QMessageBox::warning(this, tr("Points File"),
-                         tr("%1 cannot be read: %2.")
-                             .arg(path, QString::fromLocal8Bit(std::strerror(errno))));
+    QMessageBox::warning(
+        this, tr("Points File"),
+        tr("%1 cannot be read: %2.").arg(path, QString::fromLocal8Bit(std::strerror(errno))));
     return;
   }
   LineStore read;
