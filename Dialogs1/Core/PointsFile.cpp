@@ -22,11 +22,11 @@ bool startsWith(std::string_view text, std::string_view word) {
   return text.substr(0, word.size()) == word;
 }
 
-QString textOf(std::string_view bytes) {
-  return QString::fromUtf8(bytes.data(), static_cast<int>(bytes.size()));
-}
-
 } // namespace
+
+QString textOf(std::string_view line) {
+  return QString::fromUtf8(line.data(), static_cast<int>(line.size()));
+}
 
 PointsLineKind kindOfPointsLine(std::string_view line) {
   const std::string_view field = firstField(line);

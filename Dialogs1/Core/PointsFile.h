@@ -15,6 +15,7 @@ struct PointsLine {
 };
 
 // Lines are UTF-8.
+QString textOf(std::string_view line);
 PointsLine readPointsLine(std::string_view line);
 /// The two fields of a line, whatever its kind.
 PwlPoint fieldsOfPointsLine(std::string_view line);

@@ -16,10 +16,6 @@ constexpr int fileColumn = 2;
 constexpr int measuredRows = 64;
 constexpr int widestTime = 30; // characters
 
-QString textOf(std::string_view bytes) {
-  return QString::fromUtf8(bytes.data(), static_cast<int>(bytes.size()));
-}
-
 template <class Item> bool isA(const QTableWidgetItem* item) {
   return dynamic_cast<const Item*>(item);
 }
@@ -79,21 +75,19 @@ PointsLineKind DefinitionTable::kindAt(int row) const {
 }
 
 bool DefinitionTable::isDataPoint(int row) const {
-  return kindAt(row) == PointsLineKind::Data && !textAt(row, 0).isEmpty() &&
-         !textAt(row, 1).isEmpty();
+  return kindAt(row) == PointsLineKind::Data && isFilled(row);
 }
 
-int DefinitionTable::countDataPoints() const {
+int DefinitionTable::countDataPoints(int most) const {
   int count = 0;
-  for (int row = 0; row < rowCount(); ++row)
+  for (int row = 0; row < rowCount() && count < most; ++row)
     count += isDataPoint(row);
   return count;
 }
 
 int DefinitionTable::rowsInUse() const {
   int row = rowCount();
-  while (row > 0 && kindAt(row - 1) != PointsLineKind::Comment &&
-         (textAt(row - 1, 0).isEmpty() || textAt(row - 1, 1).isEmpty()))
+  while (row > 0 && kindAt(row - 1) != PointsLineKind::Comment && !isFilled(row - 1))
     --row;
   return row;
 }
@@ -206,16 +200,13 @@ void DefinitionTable::fillRow(int row) {
   setDataRow(row, {});
 }
 
-int DefinitionTable::countForInsert() const {
+bool DefinitionTable::mayInsert(int rows) const {
   // Looks at the lines only where the number of rows leaves a doubt.
-  return rowCount() < mostRows() ? rowCount() : countDataPoints();
+  return PointTable::mayInsert(rows) || countDataPoints() + rows <= limits.most;
 }
 
 bool DefinitionTable::mayDelete() const {
-  int count = 0;
-  for (int row = 0; row < rowCount() && count <= limits.least; ++row)
-    count += isDataPoint(row);
-  return count > limits.least;
+  return countDataPoints(limits.least + 1) > limits.least;
 }
 
 bool DefinitionTable::isRemovable(int first, int count) const {

@@ -5,6 +5,8 @@
 #include "PointsFile.h"
 #include "SyntaxMessages.h"
 
+#include <limits>
+
 /// The table of a file-defined source: time, value and, in each data row, a cell that opens a file
 /// chooser. A row gets its items when it is first seen or touched; until then its line is all there
 /// is of it, so that a million lines open at once.
@@ -19,7 +21,8 @@ public:
 
   QString textAt(int row, int column) const override;
   PointsLineKind kindAt(int row) const; ///< a row at fault counts as data
-  int countDataPoints() const;          ///< data rows with both cells filled
+  /// Data rows with both cells filled; not more than `most` of them are looked for.
+  int countDataPoints(int most = std::numeric_limits<int>::max()) const;
   int rowsInUse() const; ///< up to the last that is a comment or has both cells filled
 
   void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
@@ -44,7 +47,7 @@ protected:
 
   void fillRow(int row) override;
   void touchRow(int row) override;
-  int countForInsert() const override;
+  bool mayInsert(int rows) const override;
   bool mayDelete() const override;
   bool isRemovable(int first, int count) const override;
   bool hasCell(int row, int column) const override;

@@ -3,6 +3,7 @@
 #include "HostSupport/Parsing.h"
 #include "PropertyFlags.h"
 #include "ScriptFunction.h"
+#include "ScriptTexts.h"
 
 static const ScriptFunction declaration("EditPinDialog", 1, "SSSSSS", StringVectorResult,
                                         runDialogFunction<EditPinDialog, UserString>);
@@ -54,10 +55,9 @@ void EditPinDialog::readDialog(UserDataType, bool accepted) {
   if (!result)
     return;
   readProperty(&record);
-  const auto word = [](const QCheckBox* box) { return box->isChecked() ? "true" : "false"; };
   result[0] = hostString(YString(record.flags).c_str());
   result[1] = hostString(record.name.c_str());
   result[2] = hostString(record.fontStyle.c_str());
-  result[3] = hostString(word(form.cbPrefix));
-  result[4] = hostString(word(form.cbSuffix));
+  result[3] = hostString(flagWord(form.cbPrefix->isChecked()));
+  result[4] = hostString(flagWord(form.cbSuffix->isChecked()));
 }

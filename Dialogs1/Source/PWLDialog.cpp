@@ -42,10 +42,6 @@ QString tooManyText() {
                        "simulations you can use a PWLFILE source for larger definitions ");
 }
 
-QString flagText(bool flag) {
-  return flag ? QStringLiteral("true") : QStringLiteral("false");
-}
-
 bool isZero(const QString& text) {
   bool isNumber = false;
   return text.toDouble(&isNumber) == 0 && isNumber;
@@ -218,10 +214,10 @@ void PWLDialog::readDialog(UserDataType, bool accepted) {
     texts << (form.rbRepeatForever->isChecked() ? QStringLiteral("0")
                                                 : form.repetionPeriodEdit->text());
   if (initialConditionMode != InitialCondition::None)
-    texts << flagText(form.groupBoxInitialCondition->isChecked())
+    texts << flagWord(form.groupBoxInitialCondition->isChecked())
           << form.initialConditionEdit->text();
   if (hasSourceIdle)
-    texts << flagText(form.cbSourceIdle->isChecked());
+    texts << flagWord(form.cbSourceIdle->isChecked());
   if (!converterKind.isEmpty())
     texts << writeConversionMemory(converterMemory);
 

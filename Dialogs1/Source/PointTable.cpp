@@ -114,9 +114,13 @@ QString PointTable::textAt(int row, int column) const {
   return cell ? cell->text() : QString();
 }
 
+bool PointTable::isFilled(int row) const {
+  return !textAt(row, 0).isEmpty() && !textAt(row, 1).isEmpty();
+}
+
 int PointTable::completeRows(int first) const {
   int row = first;
-  while (row < rowCount() && !textAt(row, 0).isEmpty() && !textAt(row, 1).isEmpty())
+  while (row < rowCount() && isFilled(row))
     ++row;
   return std::max(row - first, 0);
 }
@@ -160,6 +164,10 @@ void PointTable::fillRow(int row) {
 
 void PointTable::touchRow(int) {}
 
+bool PointTable::mayInsert(int rows) const {
+  return rowCount() + rows <= limits.most;
+}
+
 bool PointTable::mayDelete() const {
   return completeRows() > limits.least + 1;
 }
@@ -188,16 +196,15 @@ void PointTable::insertRows() {
   int first = currentAtRow < 0 ? rowCount() : currentAtRow;
   int count = 1;
   if (!selected.isEmpty()) {
-    const auto [top, bottom] =
-        std::minmax_element(selected.begin(), selected.end(),
-                            [](const auto& a, const auto& b) { return a.top() < b.top(); });
-    int last = bottom->bottom();
-    for (const QItemSelectionRange& range : selected)
+    first = selected.first().top();
+    int last = first;
+    for (const QItemSelectionRange& range : selected) {
+      first = std::min(first, range.top());
       last = std::max(last, range.bottom());
-    first = top->top();
+    }
     count = last - first + 1;
   }
-  if (countForInsert() + count > limits.most) {
+  if (!mayInsert(count)) {
     showTooMany();
     return;
   }
@@ -278,7 +285,7 @@ void PointTable::pasteCells() {
   const int top = std::max(currentRow(), 0);
   const int left = std::max(currentColumn(), 0);
   const int newRows = std::max(top + block.size() - rowCount(), 0);
-  if (newRows > 0 && countForInsert() + newRows > limits.most) {
+  if (newRows > 0 && !mayInsert(newRows)) {
     showTooMany();
     return;
   }

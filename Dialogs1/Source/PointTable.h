@@ -31,6 +31,7 @@ public:
   void addRowActions(QWidget* owner);
 
   virtual QString textAt(int row, int column) const; ///< a missing cell counts as empty
+  bool isFilled(int row) const;                      ///< both coordinates
   /// Rows from `first` to the one before the first that has an empty cell.
   int completeRows(int first = 0) const;
   PwlPoints points(int first = 0) const; ///< of the complete rows
@@ -56,10 +57,9 @@ protected:
   void keyPressEvent(QKeyEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
-  virtual void fillRow(int row);  ///< gives a new row its cells
-  virtual void touchRow(int row); ///< before the cells of a row are written to
-  /// What is held against the limits where rows are to be inserted, and deleted.
-  virtual int countForInsert() const { return rowCount(); }
+  virtual void fillRow(int row);          ///< gives a new row its cells
+  virtual void touchRow(int row);         ///< before the cells of a row are written to
+  virtual bool mayInsert(int rows) const; ///< within the limits
   virtual bool mayDelete() const;
   /// Whether the user may take away these rows.
   virtual bool isRemovable(int first, int count) const;

@@ -126,6 +126,12 @@ box([["START_DATA", "0 1", "1 2", "2 3"], source], d => {
   equal(rows(d), ["START_DATA|", "2|3", "|"], "a blank row goes, with one row per further cell");
   d.reject();
 });
+box([["* a", "* b", "* c", "0 1"], source, ["", "", "", "", "1", "4"]], d => {
+  d.choose(grid, [0, 1, 2]);
+  d.key(grid, "Insert");
+  equal(d.rows(grid), 8, "comments are no points, and leave room for them");
+  d.reject();
+});
 box([["0 1", "1 2"], source, ["", "", "", "", "1", "2"]], d => {
   const message = told(() => d.key(grid, "Insert"));
   equal([message.title, /maximum of 2 PWL/.test(message.text)], ["Too many points", true]);
