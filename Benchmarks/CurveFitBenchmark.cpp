@@ -1,5 +1,5 @@
-#include "CurveFit.h"
 #include "ExhaustivePolyline.h"
+#include "Services/Numerics/CurveFit.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,5 +1,5 @@
+#include "Core/Digital/PulseOperations.h"
 #include "HostSupport/CompressedData.h"
-#include "PulseOperations.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "FunctionTable.h"
-#include "HostCall.h"
+#include "Call/FunctionTable.h"
+#include "Call/HostCall.h"
 #include "HostSupport/Files.h"
 
 #include <benchmark/benchmark.h>

@@ -1,7 +1,7 @@
 #include "DialogAcceptor.h"
 
-#include "DialogActions.h"
-#include "DialogDriver.h"
+#include "Drive/DialogActions.h"
+#include "Drive/DialogDriver.h"
 
 DialogAcceptor::DialogAcceptor(DialogDriver* driver, const Look& look) {
   connect(driver, &DialogDriver::dialogOpened, this, [this, driver] {

@@ -1,7 +1,7 @@
 #include "Interruption.h"
 
-#include "DialogDriver.h"
-#include "ScriptEngine.h"
+#include "Drive/DialogDriver.h"
+#include "Script/ScriptEngine.h"
 
 #include <QJSEngine>
 

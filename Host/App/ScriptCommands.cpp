@@ -1,14 +1,14 @@
 #include "ScriptCommands.h"
 
+#include "Call/FunctionTable.h"
 #include "CommandLine.h"
-#include "DialogDriver.h"
-#include "FunctionTable.h"
+#include "Drive/DialogDriver.h"
 #include "HostSupportQt/Help.h"
 #include "HostSupportQt/Text.h"
 #include "Interruption.h"
 #include "Output.h"
 #include "Paths.h"
-#include "ScriptEngine.h"
+#include "Script/ScriptEngine.h"
 #include "Signature.h"
 #include "Startup.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FunctionTable.h"
+#include "Call/FunctionTable.h"
 
 // How functions are shown to script authors.
 

@@ -1,12 +1,12 @@
+#include "Call/FunctionTable.h"
 #include "CommandLine.h"
-#include "FunctionTable.h"
 #include "HostSupport/Files.h"
 #include "HostSupportQt/Text.h"
 #include "Output.h"
 #include "ScriptCommands.h"
 #include "Startup.h"
-#include "Tour.h"
-#include "WorkbenchCommand.h"
+#include "Tour/Tour.h"
+#include "Workbench/WorkbenchCommand.h"
 
 #include <QApplication>
 

@@ -1,4 +1,4 @@
-// Family: Schematic properties
+// Family: Properties
 // A temperature coefficient for the resistor symbol that is being drawn: beside the value, in the
 // small style, with its name.
 AddPropertyDialog(

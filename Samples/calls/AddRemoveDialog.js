@@ -1,4 +1,4 @@
-// Family: Lists
+// Family: Generic
 // Which signals a graph is to show, in which order.
 // Reopens: 0
 AddRemoveDialog(

@@ -1,4 +1,4 @@
-// Family: Lists
+// Family: Generic
 // The model libraries that a simulation searches, the first that has a model coming first.
 AddRemoveDialogNew(
   ["/models/user.lib"],

@@ -1,4 +1,4 @@
-// Family: Choices
+// Family: Generic
 // Which measurements a test bench is to make after a transient run.
 // Reopens: 0
 BoolSelect(

@@ -1,4 +1,4 @@
-// Family: Piecewise-linear
+// Family: Pwl
 // The output capacitance of a 600 V superjunction MOSFET, read off its data sheet, as charge against
 // drain voltage: most of the charge is moved below 50 V.
 ConvertPassiveToBRENNIXDialog("capacitor", [

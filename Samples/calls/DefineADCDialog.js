@@ -1,4 +1,4 @@
-// Family: Digital devices
+// Family: Digital
 // A 12-bit converter for 0 to 3.3 V that takes 800 ns, up to 1.25 million times a second.
 // Reopens: 0
 DefineADCDialog(

@@ -1,4 +1,4 @@
-// Family: Digital devices
+// Family: Digital
 // A barrel shifter of a 3.3 V CMOS family: a word of 32 bits, shifted both ways by a signed number.
 // Reopens: 0
 DefineArithmeticLogicUnitDialog(

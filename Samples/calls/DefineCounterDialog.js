@@ -1,4 +1,4 @@
-// Family: Digital devices
+// Family: Digital
 // A decade counter of a 5 V CMOS family: four bits, counting from 0 to 9.
 // Reopens: 0
 DefineCounterDialog(

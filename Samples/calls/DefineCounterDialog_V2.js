@@ -1,4 +1,4 @@
-// Family: Digital devices
+// Family: Digital
 // A 3.3 V up/down counter of 16 bits that can be loaded, as a motor's position is counted with.
 // Reopens: 0
 DefineCounterDialog_V2(

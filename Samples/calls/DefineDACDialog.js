@@ -1,4 +1,4 @@
-// Family: Digital devices
+// Family: Digital
 // A 10-bit converter for -5 V to 5 V that takes two's complement and settles within 2 us.
 // Reopens: 0
 DefineDACDialog(

@@ -1,4 +1,4 @@
-// Family: Digital devices
+// Family: Digital
 // A one-of-eight decoder of a 5 V CMOS family: outputs that are not selected stay high.
 // Reopens: 0
 DefineDeMultiplexerDialog(

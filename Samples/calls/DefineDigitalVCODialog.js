@@ -1,4 +1,4 @@
-// Family: Digital devices
+// Family: Digital
 // The clock of a phase-locked loop: 10 MHz at rest, 2 MHz more for each volt.
 // Reopens: 0
 DefineDigitalVCODialog(

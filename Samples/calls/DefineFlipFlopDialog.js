@@ -1,4 +1,4 @@
-// Family: Digital devices
+// Family: Digital
 // A D-type flip-flop of a 5 V CMOS family, with set and reset that are active low.
 // Reopens: 0
 DefineFlipFlopDialog(

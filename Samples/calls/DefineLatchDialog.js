@@ -1,4 +1,4 @@
-// Family: Digital devices
+// Family: Digital
 // One bit of a transparent latch in a 3.3 V CMOS family, cleared by a low level.
 // Reopens: 0
 DefineLatchDialog(

@@ -1,4 +1,4 @@
-// Family: Digital devices
+// Family: Digital
 // A four-input NAND of a 5 V CMOS family, one of its inputs inverted.
 // Reopens: 0
 DefineLogicGateDialog(

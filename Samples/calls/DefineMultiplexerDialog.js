@@ -1,4 +1,4 @@
-// Family: Digital devices
+// Family: Digital
 // An eight-input data selector of a 3.3 V family; its output is released by an enable that is low.
 // Reopens: 0
 DefineMultiplexerDialog(

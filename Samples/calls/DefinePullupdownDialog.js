@@ -1,4 +1,4 @@
-// Family: Digital devices
+// Family: Digital
 // The pull-up of an open drain bus, of a 5 V CMOS family.
 // Reopens: 0
 DefinePullupdownDialog(

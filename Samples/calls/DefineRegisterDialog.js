@@ -1,4 +1,4 @@
-// Family: Digital devices
+// Family: Digital
 // A register of eight bits with tri-state outputs, in a 5 V CMOS family.
 // Reopens: 0
 DefineRegisterDialog(

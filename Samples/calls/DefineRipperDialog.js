@@ -1,4 +1,4 @@
-// Family: Digital devices
+// Family: Digital
 // The low byte of an address bus.
 // Reopens: 0
 DefineRipperDialog(

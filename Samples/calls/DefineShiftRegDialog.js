@@ -1,4 +1,4 @@
-// Family: Digital devices
+// Family: Digital
 // A serial-in, parallel-out shift register of eight bits, as it drives a row of LEDs.
 // Reopens: 0
 DefineShiftRegDialog(

@@ -1,4 +1,4 @@
-// Family: Digital devices
+// Family: Digital
 // The reset vector of a 16-bit processor, at the outputs of a 5 V CMOS latch.
 // Reopens: 0
 DigitalConstantDialog(

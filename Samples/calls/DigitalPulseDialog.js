@@ -1,4 +1,4 @@
-// Family: Digital devices
+// Family: Digital
 // A reset pulse every 20 us, for a 3.3 V CMOS input: half a microsecond, after the supply is up.
 // Reopens: 0
 DigitalPulseDialog(

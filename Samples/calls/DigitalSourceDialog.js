@@ -1,4 +1,4 @@
-// Family: Digital devices
+// Family: Digital
 // A UART frame, 0x55 at 115,200 baud, with the line that enables the transceiver's driver.
 const bit = 1 / 115200;
 const frame = [0, 1, 0, 1, 0, 1, 0, 1, 0, 1]; // start bit, eight data bits from the lowest, stop bit

@@ -1,4 +1,4 @@
-// Family: Digital devices
+// Family: Digital
 // A bus of sixteen bits that counts up every 100 ns.
 const names = Array.from({ length: 16 }, (_, i) => `q${i}`);
 const rows = Array.from({ length: 256 }, (_, n) =>

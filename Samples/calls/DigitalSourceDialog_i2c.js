@@ -1,4 +1,4 @@
-// Family: Digital devices
+// Family: Digital
 // An I2C write at 100 kHz: start, address 0x50, acknowledge, data 0xA5, acknowledge, stop. The bus is
 // pulled up, so that a one is resistive.
 const rows = [];

@@ -1,4 +1,4 @@
-// Family: Lists
+// Family: Generic
 // The model of a power switch, with the parameters of this one instance.
 EditDeviceDialog(
   ["IRF540N", "-1", "Select MOSFET", "Model name:"],

@@ -1,4 +1,4 @@
-// Family: Piecewise-linear
+// Family: Pwl
 // A load step that an oscilloscope has recorded: time counts from the trigger.
 EditFileDefinedPWLDialog(
   [

@@ -1,4 +1,4 @@
-// Family: Piecewise-linear
+// Family: Pwl
 // A definition with comments and a further file in it, and with faults for Check File Syntax to find:
 // a letter O for a nought, a value that is missing, and time that goes back.
 EditFileDefinedPWLDialog(

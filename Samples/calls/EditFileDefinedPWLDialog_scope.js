@@ -1,4 +1,4 @@
-// Family: Piecewise-linear
+// Family: Pwl
 // A ringing switch node as an oscilloscope exports it: 10,000 lines of CSV, the first tenth of them
 // before the trigger.
 const lines = ["* Switch node, 10 V/div, 20 ns/div", "START_DATA FORMAT=CSV"];

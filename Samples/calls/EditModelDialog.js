@@ -1,4 +1,4 @@
-// Family: Texts
+// Family: Properties
 // A switching diode: the library's model, and a copy in which the junction capacitance is to be set
 // to what was measured.
 EditModelDialog(

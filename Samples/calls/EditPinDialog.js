@@ -1,4 +1,4 @@
-// Family: Schematic properties
+// Family: Properties
 // The first pin of an eight-bit data bus; its name stands to the left of the pin's end.
 EditPinDialog(
   "D0",

@@ -1,4 +1,4 @@
-// Family: Schematic properties
+// Family: Properties
 // The statements that a transistor in a schematic adds to the netlist.
 EditPropertyDialog(
   "EXTRA",

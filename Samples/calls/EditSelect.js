@@ -1,4 +1,4 @@
-// Family: Texts
+// Family: Generic
 // What stands in the title block of a sheet.
 // Reopens: 0
 EditSelect(

@@ -1,4 +1,4 @@
-// Family: Texts
+// Family: Generic
 // The simulator statements that go into the netlist with a schematic.
 // Reopens: 0
 EnterTextDialog([

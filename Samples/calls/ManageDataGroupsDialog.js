@@ -1,4 +1,4 @@
-// Family: Lists
+// Family: Application
 // The simulation data that a session has gathered: which groups are kept, which one curves are
 // plotted from, and what they are called.
 ManageDataGroupsDialog([

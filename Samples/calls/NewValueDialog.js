@@ -1,4 +1,4 @@
-// Family: Values
+// Family: Generic
 // The parameters of a comparator, of every kind that a field can have.
 // Reopens: 1
 NewValueDialog(

@@ -1,4 +1,4 @@
-// Family: Piecewise-linear
+// Family: Pwl
 // A ferrite inductor, 10 uH up to 20 A, that saturates behind: flux linkage against current, the
 // same in both directions.
 PWLDialog(

@@ -1,4 +1,4 @@
-// Family: Choices
+// Family: Generic
 // How a simulation run is to integrate, and whether that is to be asked again.
 RadioSelect(
   2,

@@ -1,4 +1,4 @@
-// Family: Lists
+// Family: Generic
 // The net that a probe of a converter's simulation is to show, out of all in its netlist.
 SelectDialog(
   ["Select Net", "Net to probe:", "Single", "sorted", "2"],

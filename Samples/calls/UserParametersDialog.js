@@ -1,4 +1,4 @@
-// Family: Values
+// Family: Properties
 // The parameters of a subcircuit for a synchronous buck regulator.
 // Reopens: 1
 UserParametersDialog(

@@ -1,4 +1,4 @@
-// Family: Values
+// Family: Generic
 // A lossless transmission line for a cable model: 50 ohms, and the delay of two metres of coaxial
 // cable. Both have to stay above zero, which the mode sees to.
 ValueDialog(

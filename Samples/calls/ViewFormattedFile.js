@@ -1,4 +1,4 @@
-// Family: Texts
+// Family: Generic
 // A report that a script has written, with the simulated efficiency of a converter.
 // Opens: no dialog
 const report = host.tempDir() + "/efficiency.html";

@@ -1,4 +1,4 @@
-// Family: Texts
+// Family: Generic
 // What a design check found, beside the schematic while its user works on it.
 // Opens: no dialog
 ViewFormattedText([

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "DialogActions.h"
-#include "DialogDriver.h"
-#include "HostCall.h"
-#include "ScriptEngine.h"
+#include "Call/HostCall.h"
+#include "Drive/DialogActions.h"
+#include "Drive/DialogDriver.h"
+#include "Script/ScriptEngine.h"
 
 #include <QApplication>
 #include <QTemporaryDir>

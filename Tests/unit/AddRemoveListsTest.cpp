@@ -1,4 +1,4 @@
-#include "AddRemoveLists.h"
+#include "Core/Generic/AddRemoveLists.h"
 
 #include <gtest/gtest.h>
 

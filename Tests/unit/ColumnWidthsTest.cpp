@@ -1,4 +1,4 @@
-#include "ColumnWidths.h"
+#include "Core/Pieces/ColumnWidths.h"
 
 #include <gtest/gtest.h>
 

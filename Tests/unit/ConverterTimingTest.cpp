@@ -1,4 +1,4 @@
-#include "ConverterTiming.h"
+#include "Core/Digital/ConverterTiming.h"
 
 #include <gtest/gtest.h>
 

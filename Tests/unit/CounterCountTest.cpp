@@ -1,4 +1,4 @@
-#include "CounterCount.h"
+#include "Core/Digital/CounterCount.h"
 
 #include <gtest/gtest.h>
 

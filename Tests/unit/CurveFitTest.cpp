@@ -1,7 +1,7 @@
 // The fit of straight pieces: against all polylines of a grid, against an optimum known in closed
 // form, and what it promises of every curve.
 
-#include "CurveFit.h"
+#include "Services/Numerics/CurveFit.h"
 #include "ExhaustivePolyline.h"
 
 #include <gtest/gtest.h>

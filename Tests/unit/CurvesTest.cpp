@@ -1,6 +1,6 @@
 // Resampling, reading and integrating curves.
 
-#include "Curves.h"
+#include "Services/Numerics/Curves.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "DataGroups.h"
+#include "Core/Application/DataGroups.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "DigitalConstant.h"
+#include "Core/Digital/DigitalConstant.h"
 
 #include <gmp.h>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-#include "Digitiser/DigitiserDialog.h"
-#include "Digitiser/DigitiserView.h"
+#include "Services/Digitiser/DigitiserDialog.h"
+#include "Services/Digitiser/DigitiserView.h"
 
 #include <QAbstractItemModel>
 #include <QAccessible>

@@ -1,7 +1,7 @@
-#include "Digitiser/CurveTracer.h"
-#include "Digitiser/DigitiserModel.h"
-#include "Digitiser/GraphMap.h"
-#include "Digitiser/PictureFile.h"
+#include "Services/Digitiser/CurveTracer.h"
+#include "Services/Digitiser/DigitiserModel.h"
+#include "Services/Digitiser/GraphMap.h"
+#include "Services/Digitiser/PictureFile.h"
 
 #include <QBuffer>
 #include <QDir>

@@ -1,6 +1,7 @@
 #include "DriverFixture.h"
 
-#include "DialogDriver.h"
+#include "Drive/DialogDriver.h"
+#include "Drive/InputPlayer.h"
 #include "HostWidgets/Buttons.h"
 #include "HostWidgets/CheckBox.h"
 #include "HostWidgets/ComboBox.h"
@@ -11,8 +12,7 @@
 #include "HostWidgets/RadioGroup.h"
 #include "HostWidgets/Spinner.h"
 #include "HostWidgets/TextEdit.h"
-#include "InputPlayer.h"
-#include "ScriptDialog.h"
+#include "Script/ScriptDialog.h"
 
 #include <QApplication>
 #include <QColorDialog>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "DialogDriver.h"
+#include "Drive/DialogDriver.h"
 #include "DriverFixture.h"
-#include "ScriptDialog.h"
+#include "Script/ScriptDialog.h"
 
 #include <QJSEngine>
 #include <QQmlEngine>

@@ -1,5 +1,5 @@
+#include "Drive/InputPlayer.h"
 #include "DriverHarness.h"
-#include "InputPlayer.h"
 
 #include <QApplication>
 #include <QCheckBox>

@@ -1,4 +1,4 @@
-#include "EnergyConversion.h"
+#include "Core/Pwl/EnergyConversion.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Curves.h"
+#include "Services/Numerics/Curves.h"
 
 #include <algorithm>
 #include <cmath>

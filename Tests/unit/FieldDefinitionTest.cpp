@@ -1,5 +1,5 @@
-#include "FieldDefinition.h"
-#include "Integers.h"
+#include "Core/Generic/FieldDefinition.h"
+#include "Core/Pieces/Integers.h"
 
 #include <gtest/gtest.h>
 

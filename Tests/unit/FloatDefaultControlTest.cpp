@@ -1,4 +1,4 @@
-#include "FloatDefaultControl.h"
+#include "Pieces/FloatDefaultControl.h"
 
 #include "HostWidgets/Spinner.h"
 

@@ -1,4 +1,4 @@
-#include "FontSpec.h"
+#include "Core/Pieces/FontSpec.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // The host's side of a call: arguments, result memory, callbacks.
 
-#include "HostCall.h"
+#include "Call/HostCall.h"
 #include "HostSupport/System.h"
 
 #include <gtest/gtest.h>

@@ -1,11 +1,11 @@
-#include "KelvarinDialog.h"
-#include "DummyWidget.h"
+#include "Frame/KelvarinDialog.h"
 #include "HostSupport/Files.h"
 #include "HostSupport/System.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "HostWidgets/CheckBox.h"
 #include "HostWidgets/EditBox.h"
 #include "HostWidgets/Spinner.h"
+#include "Pieces/DummyWidget.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "LogicInterfaces.h"
+#include "Core/Digital/LogicInterfaces.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // What the host's numeric functions refuse, and with which words.
 
-#include "NumericFunctions.h"
+#include "Services/NumericFunctions.h"
 
 #include <gtest/gtest.h>
 

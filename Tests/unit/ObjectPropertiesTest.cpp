@@ -1,4 +1,4 @@
-#include "ObjectProperties.h"
+#include "Core/Properties/ObjectProperties.h"
 
 #include <gtest/gtest.h>
 

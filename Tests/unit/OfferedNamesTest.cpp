@@ -1,4 +1,4 @@
-#include "OfferedNames.h"
+#include "Core/Generic/OfferedNames.h"
 
 #include <gtest/gtest.h>
 

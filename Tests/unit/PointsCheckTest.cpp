@@ -3,7 +3,7 @@
 
 #include "PointsCheck.h"
 #include "CheckRun.h"
-#include "SyntaxMessages.h"
+#include "Core/Pwl/SyntaxMessages.h"
 
 #include <QDir>
 #include <QElapsedTimer>

@@ -1,6 +1,6 @@
-#include "PointsFile.h"
-#include "LineStore.h"
-#include "SyntaxMessages.h"
+#include "Core/Pwl/PointsFile.h"
+#include "Core/Pwl/LineStore.h"
+#include "Core/Pwl/SyntaxMessages.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "PropertyFlags.h"
+#include "Core/Properties/PropertyFlags.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "PulseOperations.h"
+#include "Core/Digital/PulseOperations.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "PwlPoints.h"
-#include "CellBlock.h"
-#include "ConversionMemory.h"
+#include "Core/Pwl/PwlPoints.h"
+#include "Core/Pieces/CellBlock.h"
+#include "Core/Pwl/ConversionMemory.h"
 
 #include <gtest/gtest.h>
 

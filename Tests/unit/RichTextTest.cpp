@@ -1,4 +1,4 @@
-#include "RichText.h"
+#include "Core/Generic/RichText.h"
 
 #include <gtest/gtest.h>
 

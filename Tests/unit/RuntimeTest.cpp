@@ -1,6 +1,6 @@
 // Loading modules: what a sound one gives, and what is said of one that is not.
 
-#include "FunctionTable.h"
+#include "Call/FunctionTable.h"
 #include "HostSupport/Registry.h"
 
 #include <QDir>

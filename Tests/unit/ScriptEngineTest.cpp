@@ -1,8 +1,8 @@
 // What scripts see of the host: conversions, faults, checks, services. The functions come from the
 // module Tests/modules/EchoModule.cpp.
 
-#include "ScriptEngine.h"
-#include "DialogDriver.h"
+#include "Script/ScriptEngine.h"
+#include "Drive/DialogDriver.h"
 #include "HostSupport/Files.h"
 #include "HostSupport/HostSupport.h"
 #include "HostSupport/Registry.h"

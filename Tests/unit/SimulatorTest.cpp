@@ -1,8 +1,8 @@
 // The command "RunBRENNIX": programs that stand in for the simulator, and the wait for them.
 
-#include "Simulator.h"
+#include "Services/Simulator.h"
 
-#include "HostCall.h"
+#include "Call/HostCall.h"
 #include "HostSupport/Options.h"
 #include "HostSupportQt/Text.h"
 #include "SettingsFixture.h"

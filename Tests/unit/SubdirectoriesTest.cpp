@@ -1,4 +1,4 @@
-#include "Subdirectories.h"
+#include "Core/Application/Subdirectories.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "Timetable.h"
+#include "Core/Digital/Timetable.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "ValueRows.h"
+#include "Core/Generic/ValueRows.h"
 
 #include <gtest/gtest.h>
 

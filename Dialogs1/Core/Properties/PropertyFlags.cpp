@@ -1,0 +1,63 @@
+#include "Core/Properties/PropertyFlags.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr struct {
+  int PropertyAttributes::*attribute;
+  int lowestBit;
+  std::uint32_t largest;
+} numbers[] = {
+    {&PropertyAttributes::horizontal, 0, 3},
+    {&PropertyAttributes::vertical, 3, 3},
+    {&PropertyAttributes::fontStyle, 11, 7},
+};
+
+constexpr struct {
+  bool PropertyAttributes::*attribute;
+  int bit;
+} switches[] = {
+    {&PropertyAttributes::isHidden, 6},          {&PropertyAttributes::isProtected, 7},
+    {&PropertyAttributes::isAbsolute, 8},        {&PropertyAttributes::isSelectable, 10},
+    {&PropertyAttributes::isVertical, 14},       {&PropertyAttributes::showsName, 15},
+    {&PropertyAttributes::resolvesSymbolic, 16}, {&PropertyAttributes::staysHidden, 22},
+};
+
+constexpr std::uint32_t fontStyleIsValid = 1U << 9;
+constexpr int horizontalCodes = 3; // a fourth would fit the bits, but has no place in the list
+
+} // namespace
+
+PropertyAttributes readPropertyFlags(std::int32_t flags) {
+  const auto word = static_cast<std::uint32_t>(flags);
+  PropertyAttributes attributes;
+  for (const auto& number : numbers)
+    attributes.*number.attribute = static_cast<int>(word >> number.lowestBit & number.largest);
+  for (const auto& one : switches)
+    attributes.*one.attribute = word >> one.bit & 1U;
+  return attributes;
+}
+
+std::int32_t writePropertyFlags(std::int32_t flags, const PropertyAttributes& attributes) {
+  auto word = static_cast<std::uint32_t>(flags) | fontStyleIsValid;
+  for (const auto& number : numbers) {
+    word &= ~(number.largest << number.lowestBit);
+    word |= (static_cast<std::uint32_t>(attributes.*number.attribute) & number.largest)
+            << number.lowestBit;
+  }
+  for (const auto& one : switches) {
+    word &= ~(1U << one.bit);
+    word |= std::uint32_t{attributes.*one.attribute} << one.bit;
+  }
+  return static_cast<std::int32_t>(word);
+}
+
+int justificationRow(const PropertyAttributes& attributes, int rows) {
+  return std::min(attributes.horizontal + horizontalCodes * attributes.vertical, rows - 1);
+}
+
+void setJustificationRow(PropertyAttributes* attributes, int row) {
+  attributes->vertical = row / horizontalCodes;
+  attributes->horizontal = row % horizontalCodes;
+}

@@ -1,0 +1,115 @@
+#include "Core/Pwl/PointsFile.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr std::string_view startWord = "START_DATA";
+constexpr QLatin1String repeatWord("REPEAT_COUNT=");
+constexpr QLatin1String shiftWord("SHIFT_FIRST_TO_ZERO");
+constexpr QLatin1String csvWord("FORMAT=CSV");
+constexpr QLatin1String referenceWord("file=\"");
+
+// White space or a comma, in which the fields of a line stand.
+constexpr std::string_view separators = " \t\n\v\f\r,";
+
+std::string_view firstField(std::string_view line) {
+  line.remove_prefix(std::min(line.find_first_not_of(separators), line.size()));
+  return line.substr(0, line.find_first_of(separators));
+}
+
+bool startsWith(std::string_view text, std::string_view word) {
+  return text.substr(0, word.size()) == word;
+}
+
+} // namespace
+
+QString textOf(std::string_view line) {
+  return QString::fromUtf8(line.data(), static_cast<int>(line.size()));
+}
+
+PointsLineKind kindOfPointsLine(std::string_view line) {
+  const std::string_view field = firstField(line);
+  if (startsWith(field, "*"))
+    return PointsLineKind::Comment;
+  return startsWith(field, startWord) ? PointsLineKind::StartData : PointsLineKind::Data;
+}
+
+PwlPoint fieldsOfPointsLine(std::string_view line) {
+  const std::string_view field = firstField(line);
+  // Counted from the start of the line: one that is indented keeps its time in the second field,
+  // where the user sees that something is wrong.
+  QString rest = textOf(line.substr(field.size())).trimmed();
+  const auto isComma = [](QChar character) { return character == QLatin1Char(','); };
+  rest.remove(0, int(std::find_if_not(rest.cbegin(), rest.cend(), isComma) - rest.cbegin()));
+  return {textOf(field), rest.trimmed()};
+}
+
+PointsLine readPointsLine(std::string_view line) {
+  const PointsLineKind kind = kindOfPointsLine(line);
+  if (kind == PointsLineKind::Comment)
+    return {kind, textOf(line), QString()};
+  if (kind == PointsLineKind::StartData)
+    return {kind, textOf(line).simplified(), QString()};
+  const PwlPoint fields = fieldsOfPointsLine(line);
+  return {kind, fields.x, fields.y};
+}
+
+bool hasNegativeTime(std::string_view line) {
+  const std::string_view field = firstField(line);
+  return startsWith(field, "-") &&
+         QByteArray(field.data(), static_cast<int>(field.size())).toDouble() < 0;
+}
+
+StartData readStartData(const QString& line) {
+  StartData data;
+  data.isCsv = line.contains(csvWord);
+  data.shiftsToZero = line.contains(shiftWord);
+  for (const QString& word : line.split(QLatin1Char(' ')))
+    if (word.startsWith(repeatWord)) {
+      data.repeatCount = word.mid(repeatWord.size());
+      break;
+    }
+  return data;
+}
+
+QString writeStartData(int repeatCount, bool shiftsToZero, bool isCsv) {
+  QString line = textOf(startWord);
+  if (repeatCount > 0)
+    line += QLatin1Char(' ') + repeatWord + QString::number(repeatCount);
+  if (shiftsToZero)
+    line += QLatin1Char(' ') + shiftWord;
+  if (isCsv)
+    line += QLatin1Char(' ') + csvWord;
+  return line;
+}
+
+QString fieldSeparator(bool isCsv) {
+  return isCsv ? QStringLiteral(", ") : QStringLiteral("\t");
+}
+
+QString writeFileSourceOptions(const FileSourceOptions& options) {
+  const auto flag = [](bool isSet) { return isSet ? QStringLiteral("1") : QStringLiteral("0"); };
+  const bool isQuoted = !options.isOnDisk && options.fileName.contains(QLatin1Char(' '));
+  return QStringList{options.delay,
+                     flag(options.isPeriodic),
+                     flag(options.isIdleBeforePop),
+                     isQuoted ? QLatin1Char('"') + options.fileName + QLatin1Char('"')
+                              : options.fileName,
+                     options.isOnDisk ? QStringLiteral("Disk") : QStringLiteral("F11"),
+                     flag(options.isBackwardCompatible)}
+      .join(QLatin1Char(';'));
+}
+
+QString pathOfReference(const QString& text) {
+  QString path = text.trimmed();
+  if (path.startsWith(referenceWord, Qt::CaseInsensitive))
+    path.remove(0, referenceWord.size());
+  if (path.endsWith(QLatin1Char('"')))
+    path.chop(1);
+  return path;
+}
+
+QString referenceTo(const QString& path) {
+  return referenceWord + path + QLatin1Char('"');
+}

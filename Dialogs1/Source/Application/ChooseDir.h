@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Application/FolderIcons.h"
+#include "Application/ui_BaseChooseDirDialog.h"
+#include "Frame/KelvarinDialog.h"
+
+class Directory;
+
+/// A directory, chosen in a tree of the file system.
+class ChooseDir : public KelvarinDialog {
+public:
+  ChooseDir();
+
+  void initialiseDialog() override;
+  /// The path in the label; a cancel is one text, too, which is empty.
+  void readDialog(UserDataType type, bool accepted) override;
+
+  const FolderIcons& folderIcons() const { return icons; }
+
+protected:
+  void showEvent(QShowEvent* event) override;
+
+private:
+  void directoryListView_selectionChanged();
+  void directoryListView_itemExpanded(QTreeWidgetItem* item);
+  void directoryListView_itemCollapsed(QTreeWidgetItem* item);
+  void createDirectoryButton_clicked();
+
+  /// Fills the tree anew, opened along `path` as far as there are directories.
+  void openTree(const YString& path);
+  void openBelow(Directory* root, const YString& path);
+  void showCurrent();
+
+  Ui::BaseChooseDirDialog form;
+  FolderIcons icons;
+};

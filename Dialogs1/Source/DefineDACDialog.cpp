@@ -1,8 +1,0 @@
-#include "DefineDACDialog.h"
-
-#include "ScriptFunction.h"
-
-static const ScriptFunction declaration("DefineDACDialog", 1, "RRS", RealVectorResult,
-                                        runDialogFunction<DefineDACDialog, UserReal>);
-
-DefineDACDialog::DefineDACDialog() : DigitalDeviceDialog("DefineDACDialog", 1, Sides::Inputs) {}

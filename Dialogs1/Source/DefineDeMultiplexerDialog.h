@@ -1,9 +1,0 @@
-#pragma once
-
-#include "DefineMultiplexerDialog.h"
-
-/// A demultiplexer: it counts its outputs where a multiplexer counts its inputs.
-class DefineDeMultiplexerDialog : public DefineMultiplexerDialog {
-public:
-  DefineDeMultiplexerDialog();
-};

@@ -1,9 +1,0 @@
-#include "DefineDigitalVCODialog.h"
-
-#include "ScriptFunction.h"
-
-static const ScriptFunction declaration("DefineDigitalVCODialog", 3, "RRS", RealVectorResult,
-                                        runDialogFunction<DefineDigitalVCODialog, UserReal>);
-
-DefineDigitalVCODialog::DefineDigitalVCODialog()
-    : DigitalDeviceDialog("DefineDigitalVCODialog", 1, Sides::Outputs) {}

@@ -1,9 +1,0 @@
-#pragma once
-
-#include "DefineLogicGateDialog.h"
-
-/// A gate of the four basic types, as older scripts know it.
-class DefineLogicGateDialog_Legacy : public DefineLogicGateDialog {
-public:
-  DefineLogicGateDialog_Legacy();
-};

@@ -1,8 +1,0 @@
-#include "DefineMultiplexerDialog.h"
-
-#include "ScriptFunction.h"
-
-static const ScriptFunction declaration("DefineMultiplexerDialog", 1, "RRS", RealVectorResult,
-                                        runDialogFunction<DefineMultiplexerDialog, UserReal>);
-
-DefineMultiplexerDialog::DefineMultiplexerDialog(const char* name) : DigitalDeviceDialog(name, 1) {}

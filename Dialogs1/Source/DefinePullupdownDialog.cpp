@@ -1,9 +1,0 @@
-#include "DefinePullupdownDialog.h"
-
-#include "ScriptFunction.h"
-
-static const ScriptFunction declaration("DefinePullupdownDialog", 1, "SRS", StringVectorResult,
-                                        runDialogFunction<DefinePullupdownDialog, UserString>);
-
-DefinePullupdownDialog::DefinePullupdownDialog()
-    : DigitalDeviceDialog("DefinePullupdownDialog", 1, Sides::Outputs) {}

@@ -1,6 +1,0 @@
-#include "DefineShiftRegDialog.h"
-
-#include "ScriptFunction.h"
-
-static const ScriptFunction declaration("DefineShiftRegDialog", 1, "RRS", RealVectorResult,
-                                        runDialogFunction<DefineShiftRegDialog, UserReal>);

@@ -1,0 +1,63 @@
+#include "Digital/DefineCounterDialog.h"
+
+#include "Frame/ScriptFunction.h"
+
+#include <algorithm>
+
+static const ScriptFunction declaration("DefineCounterDialog", 1, "RRS", RealVectorResult,
+                                        runDialogFunction<DefineCounterDialog, UserReal>);
+
+DefineCounterDialog::DefineCounterDialog(const char* name) : DigitalDeviceDialog(name, 1) {
+  showLaterFeatures(false);
+  connect(form.numBitsEdit, &Spinner::textChanged, this, &DefineCounterDialog::showPossibleCount);
+  connect(form.numBitsEdit, &Spinner::changed, this, &DefineCounterDialog::numBitsEdit_changed);
+  connect(form.cbMaxCount, &QCheckBox::clicked, this, &DefineCounterDialog::cbMaxCount_clicked);
+  connect(form.maxCountEdit, &Spinner::changed, this, &DefineCounterDialog::maxCountEdit_changed);
+}
+
+void DefineCounterDialog::initialiseDialog() {
+  KelvarinDialog::initialiseDialog();
+  cbMaxCount_clicked();
+}
+
+void DefineCounterDialog::showLaterFeatures(bool on) {
+  for (QWidget* widget : std::initializer_list<QWidget*>{
+           form.featuresGroupBox, form.cbParallelLoad, form.cbUpDown, form.resetDelayEdit,
+           form.resetDelayLabel, form.dataLoadTime, form.dataLoadTimeLabel})
+    widget->setVisible(on);
+}
+
+void DefineCounterDialog::numBitsEdit_changed() {
+  showPossibleCount();
+  wanted = {form.cbMaxCount->isChecked(), form.maxCountEdit->value()};
+}
+
+void DefineCounterDialog::cbMaxCount_clicked() {
+  wanted = {form.cbMaxCount->isChecked(), form.maxCountEdit->value()};
+  showPossibleCount();
+}
+
+void DefineCounterDialog::maxCountEdit_changed() {
+  if (updating)
+    return;
+  if (form.maxCountEdit->value() < form.maxCountEdit->max)
+    form.cbMaxCount->setChecked(false);
+  wanted = {form.cbMaxCount->isChecked(), form.maxCountEdit->value()};
+}
+
+void DefineCounterDialog::showPossibleCount() {
+  const Spinner* const bitsEdit = form.numBitsEdit;
+  // The value of an expression is not known here, and no limit can follow from it.
+  if (bitsEdit->isExpression())
+    return;
+  const Updating guard(this);
+  // What is being typed has not met its limits yet.
+  const double bits = std::min(std::max(bitsEdit->value(), bitsEdit->min), bitsEdit->max);
+  const CounterCount shown = possibleCount(wanted, bits);
+  form.cbMaxCount->setChecked(shown.isMaximum);
+  form.cbMaxCount->setEnabled(canChooseCount(bits));
+  form.maxCountEdit->setEnabled(!shown.isMaximum);
+  form.maxCountEdit->setMax(highestCount(bits));
+  if (shown.isMaximum || !form.maxCountEdit->isExpression())
+    form.maxCountEdit->setValue(shown.count);
+}

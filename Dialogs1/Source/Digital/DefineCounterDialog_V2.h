@@ -1,0 +1,14 @@
+#pragma once
+
+#include "Digital/DefineCounterDialog.h"
+
+/// A counter that can be loaded and count down, of up to 256 bits.
+class DefineCounterDialog_V2 : public DefineCounterDialog {
+public:
+  DefineCounterDialog_V2();
+
+  void initialiseDialog() override;
+
+private:
+  void updateEnables();
+};

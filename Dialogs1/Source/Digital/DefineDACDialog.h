@@ -1,0 +1,10 @@
+#pragma once
+
+#include "Digital/DigitalDeviceDialog.h"
+#include "Digital/ui_DefineDACDialog.h"
+
+/// A digital to analog converter.
+class DefineDACDialog : public DigitalDeviceDialog<Ui::DefineDACDialog> {
+public:
+  DefineDACDialog();
+};

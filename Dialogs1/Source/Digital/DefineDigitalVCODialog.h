@@ -1,0 +1,10 @@
+#pragma once
+
+#include "Digital/DigitalDeviceDialog.h"
+#include "Digital/ui_DefineDigitalVCODialog.h"
+
+/// An oscillator with a digital output and an analog control voltage.
+class DefineDigitalVCODialog : public DigitalDeviceDialog<Ui::DefineDigitalVCODialog> {
+public:
+  DefineDigitalVCODialog();
+};

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "Digital/DigitalDeviceDialog.h"
+#include "Digital/ui_DefineFlipFlopDialog.h"
+
+/// A flip-flop. Times that do not go together are warned of and taken as they are.
+class DefineFlipFlopDialog : public DigitalDeviceDialog<Ui::DefineFlipFlopDialog> {
+public:
+  DefineFlipFlopDialog();
+
+  void initialiseDialog() override;
+
+private:
+  void showHoldTimeViolation();
+  void showClockDelayViolation();
+};

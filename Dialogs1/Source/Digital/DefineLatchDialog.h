@@ -1,0 +1,12 @@
+#pragma once
+
+#include "Digital/DigitalDeviceDialog.h"
+#include "Digital/ui_DefineLatchDialog.h"
+
+/// A transparent latch.
+class DefineLatchDialog : public DigitalDeviceDialog<Ui::DefineLatchDialog> {
+public:
+  DefineLatchDialog() : DigitalDeviceDialog("DefineLatchDialog", 2) {}
+
+  void initialiseDialog() override;
+};

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "Digital/DefineLogicGateDialog.h"
+
+/// A gate of the four basic types, as older scripts know it.
+class DefineLogicGateDialog_Legacy : public DefineLogicGateDialog {
+public:
+  DefineLogicGateDialog_Legacy();
+};

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "Digital/DigitalDeviceDialog.h"
+#include "Digital/ui_DefineMultiplexerDialog.h"
+
+/// A multiplexer.
+class DefineMultiplexerDialog : public DigitalDeviceDialog<Ui::DefineMultiplexerDialog> {
+public:
+  explicit DefineMultiplexerDialog(const char* name = "DefineMultiplexerDialog");
+};

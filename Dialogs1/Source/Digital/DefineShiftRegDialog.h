@@ -1,0 +1,10 @@
+#pragma once
+
+#include "Digital/DigitalDeviceDialog.h"
+#include "Digital/ui_DefineShiftRegDialog.h"
+
+/// A shift register with parallel outputs.
+class DefineShiftRegDialog : public DigitalDeviceDialog<Ui::DefineShiftRegDialog> {
+public:
+  DefineShiftRegDialog() : DigitalDeviceDialog("DefineShiftRegDialog", 1) {}
+};

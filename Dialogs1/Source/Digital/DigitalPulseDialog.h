@@ -1,0 +1,10 @@
+#pragma once
+
+#include "Digital/DigitalDeviceDialog.h"
+#include "Digital/ui_DigitalPulseDialog.h"
+
+/// Period, width and delay of a digital pulse source.
+class DigitalPulseDialog : public DigitalDeviceDialog<Ui::DigitalPulseDialog> {
+public:
+  DigitalPulseDialog() : DigitalDeviceDialog("DigitalPulseDialog", 1) {}
+};

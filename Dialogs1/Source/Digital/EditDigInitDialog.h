@@ -1,0 +1,15 @@
+#pragma once
+
+#include "Digital/ui_EditDigInitDialog.h"
+#include "Frame/KelvarinDialog.h"
+
+/// State and strength that a digital node starts with.
+class EditDigInitDialog : public KelvarinDialog {
+public:
+  EditDigInitDialog();
+
+  void initialiseDialog() override;
+
+private:
+  Ui::EditDigInitDialog form;
+};

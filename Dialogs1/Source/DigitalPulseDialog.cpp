@@ -1,6 +1,0 @@
-#include "DigitalPulseDialog.h"
-
-#include "ScriptFunction.h"
-
-static const ScriptFunction declaration("DigitalPulseDialog", 3, "RRS", RealVectorResult,
-                                        runDialogFunction<DigitalPulseDialog, UserReal>);

@@ -1,7 +1,0 @@
-#include "DummyWidget.h"
-
-DummyWidget::DummyWidget(QWidget* parent, int outElement) : QWidget(parent) {
-  setObjectName(QStringLiteral("dummy"));
-  outElementIndex = outElement;
-  hide();
-}

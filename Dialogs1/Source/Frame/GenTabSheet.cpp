@@ -1,0 +1,5 @@
+#include "Frame/GenTabSheet.h"
+
+int GenTabSheet::helpContextId() {
+  return -1;
+}

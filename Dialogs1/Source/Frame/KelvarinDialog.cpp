@@ -1,0 +1,179 @@
+#include "Frame/KelvarinDialog.h"
+
+#include "HostSupport/Arguments.h"
+#include "HostSupportQt/HostSupportQt.h"
+
+#include <QPushButton>
+
+#include <algorithm>
+
+KelvarinDialog::KelvarinDialog(QWidget* parent, const char* objectName, bool modal,
+                               Qt::WindowFlags extraFlags)
+    : QDialog(parent, Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint |
+                          extraFlags | (modal ? Qt::WindowFlags() : Qt::WindowStaysOnTopHint)),
+      resultData(new UserReturnData{}) {
+  setObjectName(QString::fromLatin1(objectName));
+  setModal(modal);
+}
+
+KelvarinDialog::~KelvarinDialog() = default;
+
+int KelvarinDialog::helpContextId() {
+  return -1;
+}
+
+void KelvarinDialog::initialiseDialog() {
+  di_InitialiseDialog(this, scriptArgs);
+}
+
+void KelvarinDialog::readDialog(UserDataType type, bool accepted) {
+  di_ReadDialog(scriptArgs, resultData.get(), this, type, accepted);
+}
+
+void KelvarinDialog::prepareDialog(UserFunctionInterface*, UserDataType) {
+  const QObjectList buttons = qtsp_QueryList(this, "QPushButton", nullptr, true, true);
+  for (QObject* object : buttons) {
+    auto* button = static_cast<QPushButton*>(object);
+    const QString name = button->objectName();
+    if (name == QLatin1String("okButton"))
+      connect(button, &QPushButton::clicked, this, [this, button] { commitAndAccept(button); });
+    else if (name == QLatin1String("cancelButton"))
+      connect(button, &QPushButton::clicked, this, [this] { cancelClicked(); });
+    else if (name == QLatin1String("helpButton")) {
+      if (sp_HasHelp())
+        connect(button, &QPushButton::clicked, this, [this] { helpClicked(); });
+      else
+        button->hide();
+    }
+  }
+}
+
+YString KelvarinDialog::dimsKey() {
+  return YString();
+}
+
+bool KelvarinDialog::applyStoredSize() {
+  return false;
+}
+
+void KelvarinDialog::helpClicked() {
+  const int number = helpContextId();
+  if (number > -1)
+    sp_RunHelp(YString(number), nullptr);
+}
+
+void KelvarinDialog::okClicked() {
+  accept();
+}
+
+void KelvarinDialog::cancelClicked() {
+  reject();
+}
+
+bool KelvarinDialog::runDialog(UserFunctionInterface* args, UserDataType type) {
+  scriptArgs = args;
+  prepareDialog(args, type);
+  initialiseDialog();
+  const bool accepted = exec() == QDialog::Accepted;
+  readDialog(type, accepted);
+  scriptArgs = nullptr;
+  return accepted;
+}
+
+void KelvarinDialog::commitAndAccept(QWidget* okButton) {
+  // OK by keyboard leaves the focus in the field; taking it finishes what was typed there, be it a
+  // number or a table cell that is still open.
+  okButton->setFocus(Qt::OtherFocusReason);
+  okClicked();
+}
+
+const UserArgument* KelvarinDialog::argument(int index) const {
+  if (!scriptArgs || index < 0 || index >= std::min(scriptArgs->argCount, maxUserArguments))
+    return nullptr;
+  const UserArgument& found = scriptArgs->args[index];
+  return found.count > 0 && found.data ? &found : nullptr;
+}
+
+double KelvarinDialog::getReal(int index) const {
+  double value = 0;
+  getReal(index, &value);
+  return value;
+}
+
+bool KelvarinDialog::getReal(int index, double* out) const {
+  const UserArgument* found = argument(index);
+  if (found)
+    *out = *static_cast<const double*>(found->data);
+  return found;
+}
+
+YString KelvarinDialog::getString(int index) const {
+  YString text;
+  getString(index, &text);
+  return text;
+}
+
+bool KelvarinDialog::getString(int index, YString* out) const {
+  const UserArgument* found = argument(index);
+  // The type is the caller's business, but a number must never be followed as an address.
+  if (!found || found->type == UserReal)
+    return false;
+  *out = YString(*static_cast<const char* const*>(found->data));
+  return true;
+}
+
+bool KelvarinDialog::getRealVector(int index, const double** reals, unsigned* count) const {
+  return sp_GetRealIfVector(scriptArgs, index, reals, count);
+}
+
+bool KelvarinDialog::getStringVector(int index, const char* const** strings,
+                                     unsigned* count) const {
+  return sp_GetStringIfVector(scriptArgs, index, strings, count);
+}
+
+unsigned KelvarinDialog::copyReals(int index, double* out, unsigned byteSize) const {
+  const UserArgument* found = argument(index);
+  if (!found)
+    return 0;
+  const unsigned count = std::min<unsigned>(byteSize / sizeof(double), found->count);
+  std::copy_n(static_cast<const double*>(found->data), count, out);
+  return count;
+}
+
+char* KelvarinDialog::hostString(const QString& text) const {
+  return hostString(Tocs(text));
+}
+
+char* KelvarinDialog::hostString(const char* text) const {
+  return scriptArgs->hostString(text);
+}
+
+double* KelvarinDialog::makeRealResult(int count) const {
+  return scriptArgs->makeRealResult(scriptArgs, count, nullptr);
+}
+
+char** KelvarinDialog::makeStringResult(int count) const {
+  return scriptArgs->makeStringResult(scriptArgs, count);
+}
+
+void KelvarinDialog::setRealResult(double value) const {
+  if (double* slot = makeRealResult(1))
+    *slot = value;
+}
+
+void KelvarinDialog::setStringResult(const YString& value) const {
+  if (char** slot = makeStringResult(1))
+    *slot = hostString(value.c_str());
+}
+
+void KelvarinDialog::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  if (dimsSavingEnabled)
+    sp_RestoreWidgetDims(this, dimsKey());
+}
+
+void KelvarinDialog::hideEvent(QHideEvent* event) {
+  if (dimsSavingEnabled)
+    sp_SaveWidgetDims(this, dimsKey());
+  QWidget::hideEvent(event);
+}

@@ -1,5 +1,0 @@
-#include "GenTabSheet.h"
-
-int GenTabSheet::helpContextId() {
-  return -1;
-}

@@ -1,0 +1,177 @@
+#include "Generic/EditDeviceDialog.h"
+
+#include "Core/Pieces/Integers.h"
+#include "Frame/ScriptFunction.h"
+#include "Generic/ParametersDialog.h"
+#include "HostSupportQt/HostSupportQt.h"
+#include "Pieces/ListRows.h"
+#include "Pieces/ScriptTexts.h"
+
+#include <QScopedValueRollback>
+#include <QShortcut>
+
+static const ScriptFunction declaration("EditDeviceDialog", 2, "SSSS", StringVectorResult,
+                                        runDialogFunction<EditDeviceDialog, UserString>);
+
+namespace {
+
+enum Argument { Settings, Names, ParameterNames, ParameterValues };
+enum Setting { CurrentName, CurrentIndex, WindowTitle, Caption };
+enum ResultElement { Name, Index, ParameterCount, FirstParameter };
+
+} // namespace
+
+EditDeviceDialog::EditDeviceDialog(const char* objectName)
+    : KelvarinDialog(nullptr, objectName, true, {}) {
+  form.setupUi(this);
+  using Self = EditDeviceDialog;
+  connect(form.editBox, &QLineEdit::textChanged, this, &Self::editBox_textChanged);
+  connect(form.parametersButton, &QPushButton::clicked, this, &Self::parametersButton_clicked);
+  connect(form.listBox, &QListWidget::itemClicked, this, &Self::listBox_clicked);
+  connect(form.listBox, &QListWidget::itemDoubleClicked, this, &Self::listBox_doubleClicked);
+  connect(form.listBox, &QListWidget::itemSelectionChanged, this, &Self::listBox_selectionChanged);
+  connect(form.selectAllButton, &QPushButton::clicked, this, &Self::selectAllButton_clicked);
+  auto* down = new QShortcut(Qt::Key_Down, form.editBox, nullptr, nullptr, Qt::WidgetShortcut);
+  connect(down, &QShortcut::activated, this, &Self::editBox_down);
+}
+
+void EditDeviceDialog::prepareDialog(UserFunctionInterface* args, UserDataType type) {
+  KelvarinDialog::prepareDialog(args, type);
+  auto owned = std::make_unique<EditDeviceDialogData>();
+  owned->parameters = new ParametersDialog(this);
+  owned->parameters->prepareDialog(args, type);
+  dialogData = std::move(owned);
+}
+
+void EditDeviceDialog::initialiseDialog() {
+  const char* const* settings = nullptr;
+  unsigned count = 0;
+  getStringVector(Settings, &settings, &count);
+  const auto caption = [&](unsigned index) {
+    return index < count ? textAt(settings, count, index) : tr("Select device");
+  };
+  load(caption(WindowTitle), caption(Caption), OfferedNames::Order::Ascending);
+  form.multiLabel->hide();
+  form.selectAllButton->hide();
+
+  QString name = textAt(settings, count, CurrentName);
+  const QString index = textAt(settings, count, CurrentIndex);
+  if (name.isEmpty() && !index.isEmpty()) {
+    const int row = offered.rowOfPlace(leadingInteger(toYs(index)));
+    name = row < 0 ? QString() : offered.names().at(row);
+  }
+  start(name, name.isEmpty() ? -1 : offered.firstRowBeginningWith(name));
+  loadParameters();
+}
+
+void EditDeviceDialog::loadParameters() {
+  const char* const* texts = nullptr;
+  unsigned names = 0;
+  unsigned values = 0;
+  getStringVector(ParameterNames, &texts, &names);
+  getStringVector(ParameterValues, &texts, &values);
+  form.parametersButton->setVisible(names > 0 && values > 0);
+  if (names == 0 || values == 0)
+    return;
+  ParameterView* view = parameters()->view();
+  view->nameArgIndex = ParameterNames;
+  view->argIndex = ParameterValues;
+  view->initialiseWidget(scriptArgs);
+}
+
+void EditDeviceDialog::load(const QString& title, const QString& caption,
+                            OfferedNames::Order order) {
+  dimsSavingEnabled = true;
+  setWindowTitle(shownCaption(title));
+  captionField(form.label, form.editBox, caption);
+  form.listBox->setAccessibleName(form.editBox->accessibleName());
+
+  const char* const* names = nullptr;
+  unsigned count = 0;
+  getStringVector(Names, &names, &count);
+  offered = OfferedNames(textsOf(names, count), order);
+  form.listBox->addItems(offered.names());
+  makeRowsUniform(form.listBox);
+}
+
+void EditDeviceDialog::start(const QString& text, int row) {
+  const QScopedValueRollback<bool> guard(listUpdating, true);
+  selectRow(row);
+  form.editBox->setText(text);
+  form.editBox->setFocus(Qt::TabFocusReason);
+  form.editBox->selectAll();
+}
+
+void EditDeviceDialog::readDialog(UserDataType, bool accepted) {
+  if (!accepted)
+    return;
+  const char* const* names = nullptr;
+  unsigned count = 0;
+  getStringVector(Names, &names, &count);
+  const QModelIndexList selected = form.listBox->selectionModel()->selectedIndexes();
+  const int row =
+      selected.isEmpty() ? offered.rowOfName(form.editBox->text()) : selected.first().row();
+  const int place = row < 0 ? -1 : offered.place(row);
+
+  ParameterView* view = parameters()->view();
+  const int parameterCount = view->vectorSize();
+  char** result = makeStringResult(FirstParameter + parameterCount);
+  if (!result)
+    return;
+  // A name on offer goes back byte for byte, even one that is no valid text.
+  result[Name] = selected.isEmpty() ? hostString(form.editBox->text())
+                                    : hostString(YString(names[place]).c_str());
+  result[Index] = hostString(YString(place).c_str());
+  result[ParameterCount] = hostString(YString(parameterCount).c_str());
+  UserReturnData values{result + FirstParameter, UserString, unsigned(parameterCount)};
+  view->readWidget(&values, scriptArgs);
+}
+
+void EditDeviceDialog::editBox_textChanged(const QString& text) {
+  if (listUpdating)
+    return;
+  const QScopedValueRollback<bool> guard(listUpdating, true);
+  selectRow(offered.firstRowBeginningWith(text));
+}
+
+void EditDeviceDialog::parametersButton_clicked() {
+  if (parameters())
+    parameters()->exec();
+}
+
+void EditDeviceDialog::editBox_down() {
+  form.listBox->setFocus(Qt::OtherFocusReason);
+  if (!form.listBox->selectionModel()->hasSelection())
+    form.listBox->setCurrentRow(0);
+}
+
+void EditDeviceDialog::listBox_clicked(QListWidgetItem* item) {
+  const QScopedValueRollback<bool> guard(listUpdating, true);
+  form.editBox->setText(item->text());
+}
+
+void EditDeviceDialog::listBox_selectionChanged() {
+  // The arrow keys, and typing in the list, do what a click does.
+  QListWidgetItem* item = form.listBox->currentItem();
+  if (!listUpdating && item && item->isSelected())
+    listBox_clicked(item);
+}
+
+void EditDeviceDialog::listBox_doubleClicked() {
+  okClicked();
+}
+
+void EditDeviceDialog::selectAllButton_clicked() {
+  form.listBox->selectAll();
+}
+
+void EditDeviceDialog::selectRow(int row) {
+  if (row < 0)
+    form.listBox->clearSelection(); // a name of the user's own
+  else
+    form.listBox->setCurrentRow(row);
+}
+
+ParametersDialog* EditDeviceDialog::parameters() const {
+  return dialogData ? static_cast<EditDeviceDialogData*>(dialogData.get())->parameters : nullptr;
+}

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "Frame/KelvarinDialog.h"
+#include "Generic/ui_EnterTextDialog.h"
+
+/// A text of any number of lines.
+class EnterTextDialog : public KelvarinDialog {
+public:
+  EnterTextDialog();
+
+  void initialiseDialog() override;
+  void readDialog(UserDataType type, bool accepted) override;
+
+private:
+  Ui::EnterTextDialog form;
+};

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "Frame/KelvarinDialog.h"
+#include "Generic/ui_ParametersDialog.h"
+
+/// Named values, edited in place. Opened by a dialog whose call has the names in argument 2 and the
+/// values in argument 3; there is nothing to cancel, what was typed stands in the view.
+class ParametersDialog : public KelvarinDialog {
+public:
+  explicit ParametersDialog(QWidget* parent = nullptr, const char* objectName = "ParametersDialog");
+
+  /// The table, for an owner that loads and reads it by hand: `readWidget` starts at the data that
+  /// it is given, whatever the `outElementIndex`.
+  ParameterView* view() const { return form.listView1; }
+
+protected:
+  Ui::ParametersDialog form;
+};

@@ -1,0 +1,7 @@
+#include "Pieces/DummyWidget.h"
+
+DummyWidget::DummyWidget(QWidget* parent, int outElement) : QWidget(parent) {
+  setObjectName(QStringLiteral("dummy"));
+  outElementIndex = outElement;
+  hide();
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "Properties/AddPropertyDialog.h"
+
+/// Changes a property; its name stays.
+class EditPropertyDialog : public AddPropertyDialog {
+public:
+  EditPropertyDialog() : AddPropertyDialog("EditPropertyDialog") {}
+
+  int helpContextId() override;
+  void readDialog(UserDataType type, bool accepted) override;
+  void loadProperty(PropertyRecord* property) override;
+};

@@ -1,0 +1,332 @@
+#include "Pwl/ConvertPassiveToBRENNIXDialog.h"
+
+#include "Frame/ScriptFunction.h"
+#include "HostSupport/HostSupport.h"
+#include "HostSupportQt/HostSupportQt.h"
+#include "Pieces/ScriptTexts.h"
+#include "Pwl/PassiveToBRENNIXPlotter.h"
+#include "graphimagecapture_dynexport.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QHeaderView>
+#include <QMessageBox>
+
+#include <algorithm>
+
+KV_DYN_CALL(graphImageCapture, dyn_GraphImageCapture);
+
+static int runConversion(UserFunctionInterface* call) {
+  YString kind;
+  const char* const* texts = nullptr;
+  unsigned count = 0;
+  sp_GetScalarString(call, 0, &kind);
+  sp_GetStringIfVector(call, 1, &texts, &count);
+  const auto field = [&](unsigned index, const char* absent) {
+    return index < count ? textAt(texts, count, index) : QString::fromLatin1(absent);
+  };
+  ConvertPassiveToBRENNIXDialog dialog(nullptr, "ConvertPassiveToBRENNIXDialog", call, toQs(kind),
+                                       {field(0, ""), field(1, ""), field(2, "0"), field(3, "20")});
+  if (dialog.exec() != QDialog::Accepted)
+    return 0;
+  if (char** slot = dialog.makeStringResult(2)) {
+    slot[0] = dialog.hostString(dialog.outputText);
+    slot[1] = dialog.hostString(dialog.inputText);
+  }
+  return 0;
+}
+
+static const ScriptFunction declaration("ConvertPassiveToBRENNIXDialog", 1, "SS", NoResult,
+                                        runConversion);
+
+namespace {
+
+constexpr int maximumPoints = 1001;
+constexpr int minimumCount = 1;
+constexpr double mostSegments = 255;
+constexpr double mostSegmentsOfMultiLevel = 11;
+
+QString tooManyText() {
+  return ConvertPassiveToBRENNIXDialog::tr(
+      "This dialog box can handle a maximum of %1 PWL points.");
+}
+
+QString word(bool isInductor) {
+  return isInductor ? QStringLiteral("inductor") : QStringLiteral("capacitor");
+}
+
+/// Shows points that were computed; unlike typed ones their cells are of no kind of their own.
+void showComputed(PointTable* table, const PwlPoints& points) {
+  table->setRowCount(points.size());
+  for (int row = 0; row < points.size(); ++row) {
+    table->setItem(row, 0, new QTableWidgetItem(points.at(row).x));
+    table->setItem(row, 1, new QTableWidgetItem(points.at(row).y));
+  }
+}
+
+QPixmap picture(const char* name) {
+  QPixmap pixmap;
+  sp_GetPixmap(QStringLiteral(":/%1.png").arg(QLatin1String(name)), &pixmap, 96);
+  return pixmap;
+}
+
+void setIcon(QToolButton* button, const char* name) {
+  const QPixmap pixmap = picture(name);
+  button->setIcon(pixmap);
+  button->setIconSize(pixmap.size() / pixmap.devicePixelRatio());
+}
+
+} // namespace
+
+ConvertPassiveToBRENNIXDialog::ConvertPassiveToBRENNIXDialog(QWidget* parent,
+                                                             const char* objectName,
+                                                             UserFunctionInterface* call,
+                                                             const QString& kindWord,
+                                                             const ConversionMemory& memory)
+    : KelvarinDialog(parent, objectName, true, {}), inputText(memory.input),
+      outputText(memory.output), limitFlag(memory.limitFlag), limitValue(memory.limitValue),
+      host(call), kind(word(equals(kindWord, word(true)))) {
+  scriptArgs = call;
+  prepareForm();
+  showKind();
+  form.limitGroupBox->setChecked(limitFlag != QLatin1String("0"));
+  form.limitValueSpinner->setValue(limitValue.toDouble());
+  loadInput();
+  loadOutput();
+  if (!inputText.isEmpty() && !outputText.isEmpty()) {
+    form.okButton->setEnabled(true);
+    form.plotButton->setEnabled(true);
+    if (isConvertible())
+      recompute();
+  }
+  connectControls();
+}
+
+void ConvertPassiveToBRENNIXDialog::prepareForm() {
+  form.setupUi(this);
+  form.RAW_DATA->hide();
+  form.okButton->setEnabled(false);
+  form.plotButton->setEnabled(false);
+  for (PointTable* table : {form.inputTable, form.outputPWLTable}) {
+    table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    table->setLimits({maximumPoints, minimumCount, tooManyText(), tr("Minimum segments"),
+                      tr("You must have at least %1 segments")});
+  }
+  form.inputTable->addRowActions(form.inputTable);
+  setIcon(form.convertButton, "32x32_rightarrow_transparent_bg");
+  setIcon(form.revertButton, "32x32_leftarrow_transparent_bg");
+
+  // A box for a multi-level component offers no more segments than that has.
+  const bool isMultiLevel = parent() && parent()->objectName().startsWith(QLatin1String("ML"));
+  form.numSegSpinner->setMax(isMultiLevel ? mostSegmentsOfMultiLevel : mostSegments);
+  numSegments = form.numSegSpinner->value();
+  form.outputPWLTable->setRowCount(static_cast<int>(numSegments + 1));
+}
+
+void ConvertPassiveToBRENNIXDialog::showKind() {
+  const bool isInductor = kind == word(true);
+  const auto choose = [isInductor](const QString& capacitor, const QString& inductor) {
+    return isInductor ? inductor : capacitor;
+  };
+  helpContextNumber = isInductor ? 3005 : 3004;
+  form.inputGroup->setTitle(choose(tr("Capacitance (F) vs Voltage (V) input"),
+                                   tr("Inductance (H) vs Current (A) input")));
+  form.outputGroup->setTitle(choose(tr("Charge (C) vs Voltage (V) output"),
+                                    tr("Flux Linkages (*) vs Current (A) output")));
+  const QString xHeading = choose(tr("Voltage"), tr("Current"));
+  form.inputTable->setHorizontalHeaderLabels(
+      {xHeading, choose(tr("Capacitance"), tr("Inductance"))});
+  form.outputPWLTable->setHorizontalHeaderLabels(
+      {xHeading, choose(tr("Charge"), tr("Flux Linkages"))});
+  form.limitGroupBox->setTitle(choose(tr("Limit Voltage output?"), tr("Limit Current output?")));
+  form.limitUnit->setText(choose(tr("V"), tr("A")));
+  form.plotButton->setToolTip(
+      choose(tr("Select to plot the charge vs. voltage behavior of this capacitor."),
+             tr("Select to plot the flux-linkages vs. current behavior of this inductor.")));
+  form.FluxLinkageNote->setVisible(isInductor);
+  form.leftImage->setPixmap(picture(isInductor ? "ind_ind_vs_a" : "cap_cap_vs_v"));
+  form.rightImage->setPixmap(picture(isInductor ? "ind_flux_vs_a" : "cap_q_vs_v"));
+}
+
+void ConvertPassiveToBRENNIXDialog::loadInput() {
+  form.inputTable->setPoints(pointsOfText(inputText));
+}
+
+void ConvertPassiveToBRENNIXDialog::loadOutput() {
+  if (outputText.isEmpty())
+    return;
+  const PwlPoints points = pointsOfText(outputText);
+  showComputed(form.outputPWLTable, points);
+  form.numSegSpinner->setValue(points.size() - 1);
+  numSegments = form.numSegSpinner->value();
+}
+
+void ConvertPassiveToBRENNIXDialog::connectControls() {
+  using Self = ConvertPassiveToBRENNIXDialog;
+  prepareDialog(scriptArgs, UserString); // wires OK, Cancel and Help
+  connect(form.convertButton, &QToolButton::clicked, this, &Self::convert);
+  connect(form.revertButton, &QToolButton::clicked, this, &Self::revert);
+  connect(form.numSegSpinner, &Spinner::changed, this, &Self::num_segs_changed);
+  connect(form.digitizeButton, &QPushButton::clicked, this, &Self::DigitizeData);
+  connect(form.pasteButton, &QPushButton::clicked, this, &Self::pasteButton_clicked);
+  connect(form.plotButton, &QPushButton::clicked, this, &Self::plot_waveforms);
+  connect(form.limitGroupBox, &QGroupBox::clicked, this, &Self::output_limit_changed);
+  connect(form.limitValueSpinner, &Spinner::changed, this, &Self::output_limit_changed);
+}
+
+void ConvertPassiveToBRENNIXDialog::helpClicked() {
+  sp_RunHelpContext(helpContextNumber);
+}
+
+void ConvertPassiveToBRENNIXDialog::formAccepted() {
+  inputText = textOfPoints(form.inputTable->points());
+  outputText = textOfPoints(form.outputPWLTable->points());
+  limitFlag = form.limitGroupBox->isChecked() ? QStringLiteral("1") : QStringLiteral("0");
+  limitValue = QString::number(form.limitValueSpinner->value(), 'g', 6);
+  accept();
+}
+
+// ---- conversion ---------------------------------------------------------------------------------
+
+bool ConvertPassiveToBRENNIXDialog::isConvertible() const {
+  const PwlPoints points = form.inputTable->points();
+  return points.size() > 1 && !isStepWise(points);
+}
+
+PwlPoints ConvertPassiveToBRENNIXDialog::resampleInput() const {
+  const Curve input = curveOfEngText(form.inputTable->points());
+  const Curve samples = host.resampled(input);
+  const double limit =
+      form.limitGroupBox->isChecked() ? form.limitValueSpinner->value() : samples.x.back();
+  const Curve kept = upTo(limit, samples);
+  PwlPoints points = exactTextOfCurve(kept);
+  const bool endsAtLimit = kept.size() > 0 && kept.x.back() == limit;
+  if (samples.x.back() > limit && !endsAtLimit) {
+    // The curve ends at the limit itself, not at the last sample before it. Where it has no value
+    // there, the row stays blank.
+    const std::optional<double> y = host.valueAt(limit, input);
+    points.append(y ? PwlPoint{QString::number(limit, 'g', 6), exactText(*y)} : PwlPoint());
+  }
+  return points;
+}
+
+PwlPoints ConvertPassiveToBRENNIXDialog::integrate(const PwlPoints& samples) const {
+  return exactTextOfCurve(host.integral(curveOfExactText(samples)));
+}
+
+PwlPoints ConvertPassiveToBRENNIXDialog::fitCurve(const PwlPoints& integral) const {
+  return engTextOfCurve(host.fitted(curveOfExactText(integral), numSegments, kind));
+}
+
+/// Runs what calls the host; says what went wrong where the host gives no answer.
+template <class Action> bool ConvertPassiveToBRENNIXDialog::attempt(Action action) {
+  try {
+    action();
+    return true;
+  } catch (const KelvarinException& fault) {
+    QMessageBox::warning(isVisible() ? this : parentWidget(), tr("Cannot convert"),
+                         QString::fromUtf8(fault.message()));
+    return false;
+  }
+}
+
+bool ConvertPassiveToBRENNIXDialog::recompute() {
+  return attempt([this] {
+    // All steps are made before the first table is written: one that fails changes none.
+    const PwlPoints samples = resampleInput();
+    const PwlPoints integral = integrate(samples);
+    const PwlPoints output = fitCurve(integral);
+    showComputed(form.inputInterpDataTable, samples);
+    showComputed(form.integralDataTable, integral);
+    showComputed(form.outputPWLTable, output);
+  });
+}
+
+void ConvertPassiveToBRENNIXDialog::convert() {
+  // By its shortcut the button takes no focus; taking it finishes a cell that is still open.
+  form.convertButton->setFocus(Qt::OtherFocusReason);
+  const PwlPoints points = form.inputTable->points();
+  if (points.size() < 2) {
+    QMessageBox::warning(this, tr("Not enough points"),
+                         tr("The convert function requires at least 2 input points."));
+  } else if (isStepWise(points)) {
+    QMessageBox::warning(this, tr("Cannot convert step-wise data"),
+                         tr("Converting step-wise data is not allowed."));
+  } else if (recompute()) {
+    form.plotButton->setEnabled(true);
+    form.okButton->setEnabled(true);
+  }
+}
+
+void ConvertPassiveToBRENNIXDialog::num_segs_changed() {
+  numSegments = std::max(form.numSegSpinner->value(), 1.0); // an expression has the value 0
+  // The table shows at once how many points there will be, also where they cannot be computed.
+  form.outputPWLTable->setRowCount(static_cast<int>(numSegments + 1));
+  const PwlPoints integral = form.integralDataTable->points();
+  if (integral.size() > 1 && !isStepWise(form.inputTable->points()))
+    attempt([&] { showComputed(form.outputPWLTable, fitCurve(integral)); });
+}
+
+void ConvertPassiveToBRENNIXDialog::output_limit_changed() {
+  if (form.inputInterpDataTable->completeRows() > 1 && isConvertible())
+    recompute();
+}
+
+void ConvertPassiveToBRENNIXDialog::revert() {
+  form.revertButton->setFocus(Qt::OtherFocusReason);
+  const PwlPoints output = form.outputPWLTable->points();
+  if (output.size() < 2) {
+    QMessageBox::warning(this, tr("Not enough points"),
+                         tr("The revert function requires at least 2 output points."));
+    return;
+  }
+  form.inputTable->setPoints(engTextOfCurve(differentiate(curveOfEngText(output))), 0);
+  form.plotButton->setEnabled(true);
+  form.okButton->setEnabled(true);
+  showComputed(form.integralDataTable, {PwlPoint()});
+  showComputed(form.inputInterpDataTable, {PwlPoint()});
+}
+
+// ---- input --------------------------------------------------------------------------------------
+
+void ConvertPassiveToBRENNIXDialog::pasteButton_clicked() {
+  YString clipboard;
+  if (!sp_PasteTextFromClipboard(&clipboard) || clipboard.isEmpty())
+    return;
+  const PwlPoints pasted = pointsInText(toQs(clipboard));
+  if (pasted.size() > maximumPoints) {
+    QMessageBox::warning(this, tr("PWL Paste Error"),
+                         tr("There are %1 points in the pasted definition.\n").arg(pasted.size()) +
+                             tooManyText().arg(maximumPoints));
+    return;
+  }
+  form.inputTable->overwritePoints(withoutSuffixes(pasted));
+}
+
+void ConvertPassiveToBRENNIXDialog::DigitizeData() {
+  GraphImageCaptureRecord picture;
+  GraphImageCaptureRecord settled;
+  KvVector<double> x;
+  KvVector<double> y;
+  picture.picture = toYs(QFileDialog::getOpenFileName(
+      this, tr("Open Image"), QDir::currentPath(), tr("Images (*.png *.jpg *.jpeg *.bmp *.gif)")));
+  if (picture.picture.isEmpty())
+    return;
+  try {
+    if (graphImageCapture(picture, &settled, &x, &y)) {
+      y.resize(x.size());
+      form.inputTable->setPoints(engTextOfCurve({x.values(), y.values()}), 0);
+    }
+  } catch (const KelvarinException&) {
+    // Who has no points to show for it has given up, and knows.
+  }
+}
+
+// ---- plot ---------------------------------------------------------------------------------------
+
+void ConvertPassiveToBRENNIXDialog::plot_waveforms() {
+  const EnergyPlot plot = energyPlot(curveOfEngText(form.inputTable->points()),
+                                     curveOfExactText(form.integralDataTable->points()),
+                                     curveOfEngText(form.outputPWLTable->points()));
+  PassiveToBRENNIXPlotter(this, kind == word(true), plot).exec();
+}

@@ -1,0 +1,395 @@
+#include "Pwl/EditFileDefinedPWLDialog.h"
+
+#include "Core/Pieces/Integers.h"
+#include "Core/Pieces/ObjectNames.h"
+#include "Core/Pwl/PointsFile.h"
+#include "Frame/ScriptFunction.h"
+#include "HostSupport/HostSupport.h"
+#include "HostSupportQt/HostSupportQt.h"
+#include "Pieces/ScriptTexts.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QRegExpValidator>
+
+#include <cerrno>
+#include <cstring>
+
+static const ScriptFunction declaration("EditFileDefinedPWLDialog", 1, "SSS", StringVectorResult,
+                                        runDialogFunction<EditFileDefinedPWLDialog, UserString>);
+
+namespace {
+
+enum Argument { Lines, Source, Settings };
+enum SourceSetting : unsigned {
+  Delay,
+  Periodic,
+  ActiveAfterPop,
+  FileName,
+  Location,
+  BackwardCompatible,
+  Device,
+  F11Files
+};
+enum DialogSetting : unsigned { Title, XHeading, YHeading, HelpContext, LeastPoints, MostPoints };
+
+constexpr int leastPoints = 2;
+constexpr int mostPoints = 1000001;
+constexpr int fileIsEmpty = 1217;
+constexpr int hasTooFewPoints = 1219;
+constexpr int keepsStartData = 1050;
+
+QString askForPointsFile(QWidget* over, const QString& caption, const QString& path) {
+  QFileDialog::Options options;
+  options.setFlag(QFileDialog::DontUseNativeDialog,
+                  sp_GetBoolOption("UseNonNativeFileDialog", nullptr));
+  return QFileDialog::getOpenFileName(
+      over, caption, path, EditFileDefinedPWLDialog::tr("Text files (*.txt);;CSV files (*.csv)"),
+      nullptr, options);
+}
+
+} // namespace
+
+EditFileDefinedPWLDialog::EditFileDefinedPWLDialog()
+    : KelvarinDialog(nullptr, "EditFileDefinedPWLDialog", true, {}) {
+  form.setupUi(this);
+  form.pwlGrid->setLimits({mostPoints, leastPoints,
+                           tr("The file defined source can handle a maximum of %1 PWL points."),
+                           tr("Minimum number of points"), tr("You must have at least %1 points")});
+  form.pwlGrid->addRowActions(this);
+  connectControls();
+
+  tempDirectory = toYs(toQs(sp_GetTempPath()) + QStringLiteral("/Kelvarin"));
+  if (!sp_ExistDir(tempDirectory))
+    sp_MakeTree(tempDirectory);
+}
+
+void EditFileDefinedPWLDialog::connectControls() {
+  using Self = EditFileDefinedPWLDialog;
+  connect(form.checkboxPeriodic, &QCheckBox::toggled, this, &Self::updateEnables);
+  connect(form.comboboxFileFormat, qOverload<int>(&QComboBox::currentIndexChanged), this,
+          &Self::anyFileOptionsChanged);
+  connect(form.spinnerRepeatCount, &Spinner::changed, this, &Self::anyFileOptionsChanged);
+  connect(form.checkboxShiftFirstToZero, &QCheckBox::toggled, this, &Self::anyFileOptionsChanged);
+  connect(form.pwlGrid, &QTableWidget::cellChanged, this, &Self::aCell_Changed);
+  connect(form.pwlGrid, &DefinitionTable::fileWanted, this, &Self::aFileSelectionButton_clicked);
+  connect(form.toolButtonCheckSyntax, &QToolButton::clicked, this, &Self::validate_clicked);
+  connect(form.radioButtonDisk, &QRadioButton::toggled, this, &Self::updateEnables);
+  connect(form.radioButtonF11, &QRadioButton::toggled, this, &Self::updateEnables);
+  connect(form.toolButtonDiskSelectFile, &QToolButton::clicked, this, &Self::selectFile_clicked);
+  connect(form.pasteButton, &QPushButton::clicked, this, &Self::pasteButton_clicked);
+}
+
+void EditFileDefinedPWLDialog::initialiseDialog() {
+  loadSettings();
+  loadSource();
+
+  const char* const* texts = nullptr;
+  unsigned count = 0;
+  getStringVector(Lines, &texts, &count);
+  lines = LineStore();
+  lines.reserve(static_cast<int>(count) + 1);
+  for (unsigned i = 0; i < count; ++i)
+    lines.append(texts[i]);
+  if (lines.isEmpty())
+    lines.append("");
+  populateDialogFromData();
+
+  form.comboboxF11FileName->setValidator(new QRegExpValidator(
+      QRegExp(QStringLiteral("[^~][A-Za-z0-9$._\\-~]{1,64}")), form.comboboxF11FileName));
+  connect(form.comboboxF11FileName, qOverload<int>(&QComboBox::currentIndexChanged), this,
+          [this](int index) {
+            comboboxF11FileName_IndexChanged(form.comboboxF11FileName->itemText(index));
+          });
+  updateEnables();
+  form.pwlGrid->setCurrentCell(0, 0);
+  form.pwlGrid->setFocus(Qt::TabFocusReason);
+}
+
+void EditFileDefinedPWLDialog::loadSettings() {
+  const char* const* source = nullptr;
+  const char* const* settings = nullptr;
+  unsigned sourceCount = 0;
+  unsigned count = 0;
+  getStringVector(Source, &source, &sourceCount);
+  getStringVector(Settings, &settings, &count);
+  const auto setting = [&](unsigned index) { return textAt(settings, count, index); };
+  const auto number = [&](unsigned index) { return leadingInteger(Tocs(setting(index))); };
+
+  if (count > Title)
+    setWindowTitle(shownCaption(setting(Title)));
+  const QString xHeading = count > XHeading ? setting(XHeading) : tr("Time");
+  const QString yHeading = count > YHeading ? setting(YHeading) : tr("Value");
+  form.pwlGrid->setHorizontalHeaderLabels(
+      {shownCaption(xHeading), shownCaption(yHeading), tr("File")});
+  helpContext = count > HelpContext ? number(HelpContext) : -1;
+  form.helpButton->setVisible(helpContext >= 0);
+  minimumPoints = number(LeastPoints) < 1 ? leastPoints : number(LeastPoints);
+  maximumPoints = number(MostPoints) <= minimumPoints ? mostPoints : number(MostPoints);
+  form.pwlGrid->setLimits(minimumPoints, maximumPoints);
+
+  // Each file keeps a geometry of its own.
+  const QString named = sourceCount > FileName
+                            ? textAt(source, sourceCount, FileName)
+                            : setting(HelpContext) + setting(LeastPoints) + setting(MostPoints);
+  setObjectName(
+      toQs(hashedObjectName("EditFileDefinedPWLDialog", toYs(named + xHeading + yHeading))));
+}
+
+void EditFileDefinedPWLDialog::loadSource() {
+  const char* const* source = nullptr;
+  unsigned count = 0;
+  getStringVector(Source, &source, &count);
+  const auto setting = [&](unsigned index) { return textAt(source, count, index); };
+
+  if (count > Delay)
+    form.spinnerDelay->setText(setting(Delay));
+  form.checkboxPeriodic->setChecked(setting(Periodic) == QLatin1String("1"));
+  form.checkboxActiveDuringTranAfterPOP->setChecked(setting(ActiveAfterPop) == QLatin1String("1"));
+  if (count > F11Files)
+    form.comboboxF11FileName->loadStrings(Tocs(setting(F11Files)));
+  form.comboboxF11FileName->setCurrentIndex(-1);
+  if (count > Location) {
+    const bool onDisk = equals(setting(Location), QStringLiteral("Disk"));
+    (onDisk ? form.radioButtonDisk : form.radioButtonF11)->setChecked(true);
+    if (onDisk)
+      form.editboxDiskFileName->setText(setting(FileName));
+    else
+      form.comboboxF11FileName->setEditText(setting(FileName));
+  }
+  form.checkboxBackwardCompat->setChecked(leadingInteger(Tocs(setting(BackwardCompatible))) != 0);
+  deviceName = count > Device ? setting(Device) : QStringLiteral("V_FDPWL");
+}
+
+void EditFileDefinedPWLDialog::populateDialogFromData() {
+  {
+    const Updating guard(this);
+    if (!lines.at(lines.size() - 1).empty())
+      lines.append("");
+    form.pwlGrid->setLines(lines, messages);
+    for (int i = 0; i < lines.size(); ++i)
+      if (kindOfPointsLine(lines.at(i)) == PointsLineKind::StartData)
+        showStartData(readStartData(readPointsLine(lines.at(i)).first));
+  }
+  anyFileOptionsChanged();
+}
+
+void EditFileDefinedPWLDialog::showStartData(const StartData& start) {
+  form.comboboxFileFormat->setCurrentIndex(start.isCsv ? 1 : 0);
+  form.spinnerRepeatCount->setText(start.repeatCount);
+  bool shifts = start.shiftsToZero;
+  for (int i = 0; i < lines.size() && !shifts; ++i)
+    shifts = hasNegativeTime(lines.at(i));
+  if (shifts)
+    form.checkboxShiftFirstToZero->setChecked(true);
+}
+
+void EditFileDefinedPWLDialog::anyFileOptionsChanged() {
+  if (updating)
+    return;
+  form.pwlGrid->setStartData(writeStartData(static_cast<int>(form.spinnerRepeatCount->value()),
+                                            form.checkboxShiftFirstToZero->isChecked(), isCsv()));
+}
+
+void EditFileDefinedPWLDialog::aCell_Changed(int row, int column) {
+  if (updating || column != 0)
+    return;
+  const Updating guard(this);
+  form.pwlGrid->adaptRow(row);
+}
+
+void EditFileDefinedPWLDialog::aFileSelectionButton_clicked(int row) {
+  // The first row is the start data line's.
+  if (row == 0)
+    return;
+  const QString chosen = askForPointsFile(this, tr("Select Super Data Point File"),
+                                          pathOfReference(form.pwlGrid->textAt(row, 1)));
+  if (!chosen.isEmpty())
+    form.pwlGrid->item(row, 1)->setText(referenceTo(QDir::current().relativeFilePath(chosen)));
+}
+
+void EditFileDefinedPWLDialog::selectFile_clicked() {
+  const QString chosen =
+      askForPointsFile(this, tr("Select Points File"),
+                       QFileInfo(form.editboxDiskFileName->text()).absoluteFilePath());
+  if (chosen.isEmpty())
+    return;
+  form.editboxDiskFileName->setText(QDir::current().relativeFilePath(chosen));
+  loadFile(chosen);
+}
+
+void EditFileDefinedPWLDialog::comboboxF11FileName_IndexChanged(const QString& fileName) {
+  // The host stages the texts of the F11 window there.
+  const QString path = toQs(tempDirectory) + QLatin1Char('/') + fileName;
+  if (!fileName.isEmpty() && sp_ExistFile(Tocs(path)))
+    loadFile(path);
+}
+
+void EditFileDefinedPWLDialog::loadFile(const QString& path) {
+  std::FILE* file = fopen_utf8(Tocs(path), "r");
+  if (!file) {
+    QMessageBox::warning(
+        this, tr("Points File"),
+        tr("%1 cannot be read: %2.").arg(path, QString::fromLocal8Bit(std::strerror(errno))));
+    return;
+  }
+  LineStore read;
+  YString line;
+  while (sp_ReadNextLine(file, &line))
+    read.append(line.c_str());
+  std::fclose(file);
+  if (read.isEmpty())
+    return;
+  lines = read;
+  populateDialogFromData();
+}
+
+void EditFileDefinedPWLDialog::pasteButton_clicked() {
+  YString clipboard;
+  if (!sp_PasteTextFromClipboard(&clipboard))
+    return;
+  YArray<YString> pasted;
+  if (sp_ScanLine(clipboard.c_str(), "\n\r", &pasted, allFields) == 0)
+    return;
+  lines = LineStore();
+  for (int i = 0; i < pasted.count(); ++i)
+    lines.append(pasted[i].c_str());
+  populateDialogFromData();
+}
+
+void EditFileDefinedPWLDialog::readLinesFromTable() {
+  const QString separator = fieldSeparator(isCsv());
+  lines = LineStore();
+  lines.reserve(form.pwlGrid->rowCount() + 1);
+  for (int row = 0; row < form.pwlGrid->rowCount(); ++row) {
+    const QString value = form.pwlGrid->textAt(row, 1);
+    lines.append(form.pwlGrid->textAt(row, 0) + (value.isEmpty() ? value : separator + value));
+  }
+}
+
+int EditFileDefinedPWLDialog::countDataPoints(bool fromTable) const {
+  if (fromTable)
+    return form.pwlGrid->countDataPoints();
+  int count = 0;
+  for (int i = 0; i < lines.size(); ++i) {
+    const PwlPoint fields = fieldsOfPointsLine(lines.at(i));
+    count += kindOfPointsLine(lines.at(i)) == PointsLineKind::Data &&
+             !(fields.x.isEmpty() && fields.y.isEmpty());
+  }
+  return count;
+}
+
+void EditFileDefinedPWLDialog::validate_clicked() {
+  syntaxStatus = SyntaxStatus::Passed;
+  readLinesFromTable();
+  try {
+    syntaxStatus = checkSyntax(tempDirectory, deviceName, lines, &messages);
+  } catch (const KelvarinException& exception) {
+    QMessageBox::warning(this, tr("Syntax Check"), QString::fromUtf8(exception.message()));
+    return;
+  }
+  if (syntaxStatus == SyntaxStatus::NotRun)
+    return;
+  populateDialogFromData();
+  switch (syntaxStatus) {
+  case SyntaxStatus::NotRun:
+    break;
+  case SyntaxStatus::Passed:
+    QMessageBox::information(this, tr("Syntax Check Passed"),
+                             tr("Syntax check passed with no errors."));
+    break;
+  case SyntaxStatus::Faults:
+    handleErrorMessages();
+    break;
+  case SyntaxStatus::NotWriteable:
+    QMessageBox::warning(
+        this, tr("Temporary Directory Not Writeable"),
+        tr("The temporary directory:<br /><br /><b>%1</b><br /><br />is not writeable. The program "
+           "needs to be able to write temporary files to this directory.<br /><br />The file "
+           "syntax has not been checked.")
+            .arg(toQs(tempDirectory).toHtmlEscaped()));
+    break;
+  }
+}
+
+void EditFileDefinedPWLDialog::handleErrorMessages() {
+  QString title = tr("Source definition file has errors");
+  QString text =
+      tr("The file definition has one or more errors.<br /><br />The values in error are "
+         "highlighted in the table with <span style=\"color:red\">red text</span>. If you hover "
+         "your mouse over the red text, an error description will appear. After you correct the "
+         "errors, you can check the file syntax with the <b>Check File Syntax</b> button.");
+  bool keepsRow = false;
+  for (const SyntaxMessage& message : messages.all()) {
+    const int id = message.id.toInt();
+    keepsRow = keepsRow || id == keepsStartData;
+    if (id != fileIsEmpty && id != hasTooFewPoints)
+      continue;
+    title = id == fileIsEmpty ? tr("File is empty") : tr("Less than two data points");
+    text = tr("The file\n\n  %1\n\n%2").arg(fileName(), message.text);
+  }
+  if (!keepsRow)
+    anyFileOptionsChanged();
+  QMessageBox::warning(this, title, text);
+}
+
+void EditFileDefinedPWLDialog::okClicked() {
+  if ((isInF11Window() || form.radioButtonDisk->isChecked()) && !fileName().isEmpty()) {
+    accept();
+    return;
+  }
+  const QString location = isInF11Window() ? tr("F11 window") : tr("Disk");
+  QMessageBox::information(
+      this, tr("File Name Empty"),
+      tr("The <b>%1</b> file name is empty.<br/><br/>After clicking <b>OK</b> on this dialog, "
+         "enter "
+         "a file name in the <b>%1</b> box and click <b>Ok</b> on the main dialog.")
+          .arg(location));
+  (isInF11Window() ? static_cast<QWidget*>(form.comboboxF11FileName) : form.editboxDiskFileName)
+      ->setFocus(Qt::OtherFocusReason);
+}
+
+void EditFileDefinedPWLDialog::readDialog(UserDataType, bool accepted) {
+  if (!accepted)
+    return;
+  const DefinitionTable* grid = form.pwlGrid;
+  const int used = grid->rowsInUse();
+  const int count = used > 0 ? used : grid->rowCount();
+  char** slot = makeStringResult(count + 1);
+  if (!slot)
+    return;
+  FileSourceOptions options;
+  options.delay = form.spinnerDelay->text();
+  options.isPeriodic = form.checkboxPeriodic->isChecked();
+  options.isIdleBeforePop = form.checkboxActiveDuringTranAfterPOP->isChecked();
+  options.fileName = fileName();
+  options.isOnDisk = !isInF11Window();
+  options.isBackwardCompatible = form.checkboxBackwardCompat->isChecked();
+  *slot++ = hostString(writeFileSourceOptions(options));
+  for (int row = 0; row < count; ++row)
+    *slot++ = hostString(grid->lineAt(row, fieldSeparator(isCsv())).constData());
+}
+
+void EditFileDefinedPWLDialog::updateEnables() {
+  const bool repeats = !form.checkboxPeriodic->isChecked();
+  form.labelRepeatCount->setEnabled(repeats);
+  form.spinnerRepeatCount->setEnabled(repeats);
+  const bool onDisk = form.radioButtonDisk->isChecked();
+  form.editboxDiskFileName->setEnabled(onDisk);
+  form.toolButtonDiskSelectFile->setEnabled(onDisk);
+  form.comboboxF11FileName->setEnabled(isInF11Window());
+}
+
+bool EditFileDefinedPWLDialog::isCsv() const {
+  return form.comboboxFileFormat->currentIndex() == 1;
+}
+
+bool EditFileDefinedPWLDialog::isInF11Window() const {
+  return form.radioButtonF11->isChecked();
+}
+
+QString EditFileDefinedPWLDialog::fileName() const {
+  return form.radioButtonDisk->isChecked() ? form.editboxDiskFileName->text()
+                                           : form.comboboxF11FileName->currentText();
+}

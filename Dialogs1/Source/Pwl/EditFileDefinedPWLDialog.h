@@ -1,0 +1,53 @@
+#pragma once
+
+#include "Core/Pwl/LineStore.h"
+#include "Core/Pwl/PointsFile.h"
+#include "Frame/KelvarinDialog.h"
+#include "Pwl/SyntaxCheck.h"
+#include "Pwl/ui_EditFileDefinedPWLDialog.h"
+
+/// A piecewise-linear source whose points stand in a text file: the source's options and, line by
+/// line, the file.
+class EditFileDefinedPWLDialog : public KelvarinDialog {
+public:
+  EditFileDefinedPWLDialog();
+
+  int helpContextId() override { return helpContext; }
+  void initialiseDialog() override;
+  /// The source options as one text, then the lines.
+  void readDialog(UserDataType type, bool accepted) override;
+  void okClicked() override; ///< stays open without a file name
+
+  virtual void populateDialogFromData();
+  virtual void pasteButton_clicked();
+  virtual void anyFileOptionsChanged(); ///< rewrites the start data line from the controls
+  virtual void selectFile_clicked();
+  virtual void aFileSelectionButton_clicked(int row);
+  virtual void aCell_Changed(int row, int column);
+  virtual void validate_clicked();
+  virtual void handleErrorMessages();
+  virtual void comboboxF11FileName_IndexChanged(const QString& fileName);
+  int countDataPoints(bool fromTable) const;
+
+private:
+  void connectControls();
+  void loadSettings();
+  void loadSource();
+  void loadFile(const QString& path);
+  void showStartData(const StartData& start);
+  void readLinesFromTable();
+  void updateEnables();
+  bool isCsv() const;
+  bool isInF11Window() const;
+  QString fileName() const;
+
+  Ui::EditFileDefinedPWLDialog form;
+  LineStore lines; ///< the definition as last read or written
+  QString deviceName;
+  YString tempDirectory;
+  int helpContext = -1;
+  int minimumPoints = 2;
+  int maximumPoints = 1000001;
+  SyntaxStatus syntaxStatus = SyntaxStatus::Passed;
+  SyntaxMessages messages;
+};

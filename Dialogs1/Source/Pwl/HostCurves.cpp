@@ -1,0 +1,88 @@
+#include "Pwl/HostCurves.h"
+
+#include "HostSupport/KelvarinException.h"
+#include "HostSupportQt/Text.h"
+
+namespace {
+
+constexpr double sampleCount = 1000;
+
+[[noreturn]] void raise(const QString& message) {
+  throw KelvarinException(Tocs(message));
+}
+
+/// The host reads operands only, although the records are not const.
+UserArgument operand(const std::vector<double>& values, const double* reference = nullptr) {
+  UserArgument argument{};
+  argument.data = const_cast<double*>(values.data());
+  argument.reference = reference;
+  argument.count = static_cast<std::uint32_t>(values.size());
+  argument.type = UserReal;
+  return argument;
+}
+
+UserArgument operand(const Curve& curve) {
+  return operand(curve.y, curve.x.data());
+}
+
+UserArgument operand(char** text) {
+  UserArgument argument{};
+  argument.data = text;
+  argument.count = 1;
+  argument.type = UserString;
+  return argument;
+}
+
+UserArgument resultOf(UserFunctionInterface* call, const char* function,
+                      std::vector<UserArgument>* operands) {
+  UserArgument result{};
+  const bool isServed = call && call->callFunction;
+  if (!isServed || call->callFunction(call, function, operands->data(),
+                                      static_cast<int>(operands->size()), &result, nullptr) != 0)
+    raise(HostCurves::tr("The function \"%1\" has failed, or is not available.")
+              .arg(QLatin1String(function)));
+  return result;
+}
+
+} // namespace
+
+Curve HostCurves::curveFrom(const char* function, std::vector<UserArgument> operands) const {
+  const UserArgument result = resultOf(call, function, &operands);
+  if (result.type != UserReal || result.count == 0 || !result.data || !result.reference)
+    raise(
+        HostCurves::tr("The function \"%1\" has not given a curve.").arg(QLatin1String(function)));
+  const auto* y = static_cast<const double*>(result.data);
+  const auto* x = static_cast<const double*>(result.reference);
+  return {{x, x + result.count}, {y, y + result.count}};
+}
+
+Curve HostCurves::resampled(const Curve& curve) const {
+  const std::vector<double> count{sampleCount};
+  const std::vector<double> order{1.0};
+  const std::vector<double> grid{(curve.x.back() - curve.x.front()) / sampleCount, 0.0};
+  return curveFrom("interp", {operand(curve), operand(count), operand(order), operand(grid)});
+}
+
+std::optional<double> HostCurves::valueAt(double x, const Curve& curve) const {
+  const std::vector<double> place{x};
+  const std::vector<double> order{1.0};
+  std::vector<UserArgument> operands{operand(curve), operand(place), operand(order)};
+  const UserArgument result = resultOf(call, "YFromX", &operands);
+  if (result.type != UserReal)
+    raise(
+        HostCurves::tr("The function \"%1\" has not given a number.").arg(QLatin1String("YFromX")));
+  if (result.count == 0 || !result.data)
+    return std::nullopt;
+  return *static_cast<const double*>(result.data);
+}
+
+Curve HostCurves::integral(const Curve& curve) const {
+  return curveFrom("integ", {operand(curve)});
+}
+
+Curve HostCurves::fitted(const Curve& curve, double segments, const QString& kind) const {
+  const std::vector<double> count{segments};
+  QByteArray text = kind.toUtf8();
+  char* word = text.data();
+  return curveFrom("PWLCurveFit", {operand(curve), operand(count), operand(&word)});
+}

@@ -1,0 +1,308 @@
+#include "Pwl/PWLDialog.h"
+
+#include "Core/Pieces/Integers.h"
+#include "Core/Pieces/ObjectNames.h"
+#include "Frame/ScriptFunction.h"
+#include "HostSupport/HostSupport.h"
+#include "HostSupportQt/HostSupportQt.h"
+#include "Pieces/ScriptTexts.h"
+#include "Pwl/ConvertPassiveToBRENNIXDialog.h"
+#include "Pwl/PWLTableItems.h"
+
+#include <QMessageBox>
+
+#include <algorithm>
+#include <limits>
+
+static const ScriptFunction declaration("PWLDialog", 1, "SSRS", RealVectorResult,
+                                        runDialogFunction<PWLDialog, UserReal>);
+
+namespace {
+
+enum Argument { Points, Options, Numbers, ConverterMemory };
+enum Option : unsigned {
+  Title,
+  XHeading,
+  YHeading,
+  InitialConditionKind,
+  HelpContext,
+  LeastPoints,
+  MostPoints,
+  OfferSymmetric,
+  OfferRepeat
+};
+
+constexpr int defaultMostRows = 256;
+constexpr int leastColumnWidth = 80;
+constexpr int cellMargin = 16;
+constexpr int longestMeasured = 200; // characters; a column is no wider than what a window shows
+
+QString tooManyText() {
+  return PWLDialog::tr("This dialog box can handle a maximum of %1 PWL points. For Kelvarin\n"
+                       "simulations you can use a PWLFILE source for larger definitions ");
+}
+
+bool isZero(const QString& text) {
+  bool isNumber = false;
+  return text.toDouble(&isNumber) == 0 && isNumber;
+}
+
+} // namespace
+
+PWLDialog::PWLDialog() : KelvarinDialog(nullptr, "PWLDialog", true, {}) {
+  form.setupUi(this);
+  form.pwlGrid->setLimits({defaultMostRows, 1, tooManyText(), tr("Minimum segments"),
+                           tr("You must have at least %1 segments")});
+  form.pwlGrid->addRowActions(this);
+  connect(form.pwlGrid, &PointTable::rowsChanged, this, &PWLDialog::limitInitialSegment);
+  connect(form.pasteButton, &QPushButton::clicked, this, &PWLDialog::pasteButton_clicked);
+  connect(form.rbFixedNumCycles, &QRadioButton::toggled, this, &PWLDialog::repeatButtonClicked);
+
+  FileVersion version;
+  if (sp_GetFileVersion(sp_GetExeFileName(), &version) && version.major == 8 && version.minor == 10)
+    form.repeatGroupBox->setTitle(form.repeatGroupBox->title() + QStringLiteral(" [V8.1+]"));
+}
+
+void PWLDialog::initialiseDialog() {
+  loadOptions();
+  loadPoints();
+  loadNumbers();
+  offerConverter();
+  form.pwlGrid->setFocus(Qt::TabFocusReason);
+  form.pwlGrid->setCurrentCell(symmetric ? 1 : 0, 0);
+}
+
+void PWLDialog::loadOptions() {
+  const char* const* options = nullptr;
+  unsigned count = 0;
+  getStringVector(Options, &options, &count);
+  const auto option = [&](unsigned index) { return textAt(options, count, index); };
+  const auto number = [&](unsigned index) { return leadingInteger(Tocs(option(index))); };
+  const auto heading = [&](unsigned index, const QString& standard) {
+    return index < count ? captionAt(options, count, index) : standard;
+  };
+
+  if (count > Title)
+    setWindowTitle(shownCaption(option(Title)));
+  const QString xHeading = heading(XHeading, tr("Time"));
+  const QString yHeading = heading(YHeading, tr("Value"));
+  form.pwlGrid->setHorizontalHeaderLabels({xHeading, yHeading});
+  helpContext = count > HelpContext ? number(HelpContext) : -1;
+  form.helpButton->setVisible(helpContext >= 0);
+
+  const int least = std::max(number(LeastPoints), 1);
+  // One row more than there may be points: the blank one.
+  const int most = std::min(number(MostPoints), std::numeric_limits<int>::max() - 1) + 1;
+  form.pwlGrid->setLimits(least, count > MostPoints && most > least ? most : defaultMostRows);
+  symmetricAllowed = number(OfferSymmetric) != 0;
+  repeatMode = number(OfferRepeat) != 0;
+  form.radiogroupSymmetric->setVisible(symmetricAllowed);
+  form.repeatGroupBox->setVisible(repeatMode);
+
+  const QString kind = repeatMode ? QString() : option(InitialConditionKind);
+  if (equals(kind, QStringLiteral("segment"))) {
+    initialConditionMode = InitialCondition::Segment;
+    form.groupBoxInitialCondition->setCheckable(false);
+    form.groupBoxInitialCondition->setTitle(tr("Initial segment"));
+    form.initialConditionLabel->setText(tr("&Initial segment"));
+    form.initialConditionEdit->setEngMode(false);
+    form.initialConditionEdit->setMin(1);
+  } else if (equals(kind, QStringLiteral("continuous"))) {
+    initialConditionMode = InitialCondition::Continuous;
+  }
+  form.groupBoxInitialCondition->setVisible(initialConditionMode != InitialCondition::None);
+
+  // Boxes that call for other rows keep a geometry of their own.
+  const char* const className = count == OfferSymmetric + 1 ? "MLPWLDialog" : "PWLDialog";
+  setObjectName(toQs(hashedObjectName(className, toYs(xHeading + yHeading + option(HelpContext)))));
+}
+
+void PWLDialog::loadPoints() {
+  const char* const* texts = nullptr;
+  unsigned count = 0;
+  getStringVector(Points, &texts, &count);
+  const unsigned pairs = count / 2;
+  for (unsigned i = 0; i < pairs; ++i)
+    points.append({textAt(texts, count, 2 * i), textAt(texts, count, 2 * i + 1)});
+
+  if (symmetricAllowed) {
+    symmetric = isSymmetric(points);
+    form.radiobuttonSymmetric->setChecked(symmetric);
+    connect(form.radiogroupSymmetric, &RadioGroup::clicked, this,
+            &PWLDialog::radiogroupSymmetric_clicked);
+  }
+  if (points.size() <= form.pwlGrid->mostRows()) {
+    populateTable();
+    return;
+  }
+  QMessageBox::warning(nullptr, tr("Too many points"),
+                       tr("There are %1 points in this PWL definition.\n").arg(points.size()) +
+                           tooManyText().arg(form.pwlGrid->mostRows()));
+}
+
+void PWLDialog::populateTable() {
+  PointTable* grid = form.pwlGrid;
+  grid->setPoints(symmetric ? firstQuadrant(points) : points);
+  if (symmetric)
+    putOrigin();
+  for (int column = 0; column < grid->columnCount(); ++column) {
+    const QFontMetrics metrics = grid->fontMetrics();
+    int width = metrics.horizontalAdvance(grid->horizontalHeaderItem(column)->text());
+    for (int row = 0; row < grid->rowCount(); ++row)
+      width = std::max(width,
+                       metrics.horizontalAdvance(grid->textAt(row, column).left(longestMeasured)));
+    grid->setColumnWidth(column, std::max(width + cellMargin, leastColumnWidth));
+  }
+}
+
+void PWLDialog::putOrigin() {
+  form.pwlGrid->insertRow(0);
+  for (int column = 0; column < form.pwlGrid->columnCount(); ++column)
+    form.pwlGrid->setItem(0, column, new DisabledPWLTableItem);
+}
+
+void PWLDialog::loadNumbers() {
+  const double* numbers = nullptr;
+  unsigned count = 0;
+  getRealVector(Numbers, &numbers, &count);
+  if (repeatMode) {
+    const double cycles = count > 3 ? numbers[3] : 1;
+    form.rbRepeatForever->setChecked(cycles == 0);
+    form.repetionPeriodEdit->setValue(cycles);
+  } else {
+    form.groupBoxInitialCondition->setChecked(count > 1 && numbers[0] != 0);
+    if (count > 1)
+      form.initialConditionEdit->setValue(numbers[1]);
+    hasSourceIdle = count > 2;
+    form.cbSourceIdle->setVisible(hasSourceIdle);
+    form.cbSourceIdle->setChecked(!hasSourceIdle || numbers[2] != 0);
+  }
+  repeatButtonClicked();
+  limitInitialSegment();
+}
+
+void PWLDialog::offerConverter() {
+  const bool isInductor =
+      windowTitle().contains(QLatin1String("Define PWL Inductor"), Qt::CaseInsensitive);
+  const bool isCapacitor =
+      windowTitle().contains(QLatin1String("Define PWL Capacitor"), Qt::CaseInsensitive);
+  form.componentUnitEntryButton->setVisible(isInductor || isCapacitor);
+  if (isInductor || isCapacitor) {
+    converterKind = isInductor ? QStringLiteral("inductor") : QStringLiteral("capacitor");
+    form.componentUnitEntryButton->setText(isInductor ? tr("Enter Inductance...")
+                                                      : tr("Enter Capacitance..."));
+    connect(form.componentUnitEntryButton, &QPushButton::clicked, this,
+            &PWLDialog::open_converter_tool);
+  }
+  YString memory;
+  if (getString(ConverterMemory, &memory))
+    converterMemory = readConversionMemory(toQs(memory));
+}
+
+void PWLDialog::readDialog(UserDataType, bool accepted) {
+  if (!accepted)
+    return;
+  PwlPoints written = normalisedPoints(symmetric ? 1 : 0);
+  if (symmetric)
+    written = withMirrorImage(written);
+
+  QStringList texts;
+  texts.reserve(2 * written.size() + 5);
+  for (const PwlPoint& point : written)
+    texts << point.x << point.y;
+  if (repeatMode)
+    texts << (form.rbRepeatForever->isChecked() ? QStringLiteral("0")
+                                                : form.repetionPeriodEdit->text());
+  if (initialConditionMode != InitialCondition::None)
+    texts << flagWord(form.groupBoxInitialCondition->isChecked())
+          << form.initialConditionEdit->text();
+  if (hasSourceIdle)
+    texts << flagWord(form.cbSourceIdle->isChecked());
+  if (!converterKind.isEmpty())
+    texts << writeConversionMemory(converterMemory);
+
+  if (char** slot = makeStringResult(texts.size()))
+    for (const QString& text : texts)
+      *slot++ = hostString(text);
+}
+
+void PWLDialog::accept() {
+  for (int row = 0; row < form.pwlGrid->completeRows(); ++row)
+    for (int column = 0; column < 2; ++column)
+      if (!validate(normalisedCell(form.pwlGrid->textAt(row, column)))) {
+        QMessageBox::warning(this, tr("Invalid Entries"),
+                             tr("<html>One or more entries are invalid. Cell entries must either "
+                                "be a number or an expression enclosed with '{' and '}'</html>"));
+        form.pwlGrid->setCurrentCell(row, column);
+        form.pwlGrid->setFocus(Qt::OtherFocusReason);
+        return;
+      }
+  KelvarinDialog::accept();
+}
+
+PwlPoints PWLDialog::normalisedPoints(int first) const {
+  PwlPoints found = form.pwlGrid->points(first);
+  for (PwlPoint& point : found)
+    point = {normalisedCell(point.x), normalisedCell(point.y)};
+  return found;
+}
+
+int PWLDialog::countPoints() {
+  return form.pwlGrid->completeRows(symmetric ? 1 : 0);
+}
+
+void PWLDialog::radiogroupSymmetric_clicked(int selectedId) {
+  PointTable* grid = form.pwlGrid;
+  symmetric = selectedId != 0;
+  if (symmetric) {
+    if (isZero(grid->textAt(0, 0)) && isZero(grid->textAt(0, 1)))
+      grid->removeRow(0);
+    putOrigin();
+  } else if (dynamic_cast<DisabledPWLTableItem*>(grid->item(0, 0))) {
+    grid->setRow(0, {QStringLiteral("0"), QStringLiteral("0")});
+  }
+}
+
+void PWLDialog::pasteButton_clicked() {
+  YString clipboard;
+  if (!sp_PasteTextFromClipboard(&clipboard) || clipboard.isEmpty())
+    return;
+  const PwlPoints pasted = pointsInText(toQs(clipboard));
+  if (pasted.size() > form.pwlGrid->mostRows()) {
+    QMessageBox::warning(this, tr("PWL Paste Error"),
+                         tr("There are %1 points in the pasted definition.\n").arg(pasted.size()) +
+                             tooManyText().arg(form.pwlGrid->mostRows()));
+    return;
+  }
+  // What is pasted is a whole curve, whatever the buttons go on to show.
+  radiogroupSymmetric_clicked(0);
+  form.pwlGrid->overwritePoints(pasted);
+  limitInitialSegment();
+}
+
+void PWLDialog::repeatButtonClicked() {
+  form.repetionPeriodEdit->setEnabled(form.rbFixedNumCycles->isChecked());
+}
+
+bool PWLDialog::validate(const QString& text) {
+  return isValidCell(text, !symmetric);
+}
+
+void PWLDialog::limitInitialSegment() {
+  if (initialConditionMode == InitialCondition::Segment)
+    form.initialConditionEdit->setMax(form.pwlGrid->rowCount());
+}
+
+void PWLDialog::open_converter_tool() {
+  // A curve that was typed by hand reaches the tool as what comes out of it.
+  if (converterMemory.input.isEmpty() && converterMemory.output.isEmpty())
+    converterMemory.output = textOfPoints(normalisedPoints(0));
+  ConvertPassiveToBRENNIXDialog tool(this, "ConvertDialog", scriptArgs, converterKind,
+                                     converterMemory);
+  if (tool.exec() != Accepted)
+    return;
+  // Also of a symmetric curve the points land from the first row on, in place of the origin.
+  form.pwlGrid->setPoints(pointsOfText(tool.outputText));
+  converterMemory = {tool.inputText, tool.outputText, tool.limitFlag, tool.limitValue};
+  limitInitialSegment();
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "Core/Pwl/ConversionMemory.h"
+#include "Core/Pwl/PwlPoints.h"
+#include "Frame/KelvarinDialog.h"
+#include "Pwl/ui_BasePWLDialog.h"
+
+/// A piecewise-linear definition: a source over time, a non-linear inductor or capacitor, or any
+/// other curve that a script labels.
+class PWLDialog : public KelvarinDialog {
+public:
+  PWLDialog();
+
+  int helpContextId() override { return helpContext; }
+  void initialiseDialog() override;
+  /// The points and, where they are offered, repeat count, initial condition, source idle and the
+  /// conversion tool's memory, as strings.
+  void readDialog(UserDataType type, bool accepted) override;
+  void accept() override; ///< stays open at a cell that is neither number nor expression
+
+  virtual void populateTable();
+  virtual int countPoints(); ///< complete rows, without the origin of a symmetric definition
+  virtual void radiogroupSymmetric_clicked(int selectedId);
+  virtual void pasteButton_clicked();
+  virtual void repeatButtonClicked();
+  virtual bool validate(const QString& text);
+  virtual void open_converter_tool();
+
+private:
+  enum class InitialCondition { None, Segment, Continuous };
+
+  void loadOptions();
+  void loadPoints();
+  void loadNumbers();
+  void offerConverter();
+  PwlPoints normalisedPoints(int first) const; ///< of the table, from this row on
+  void putOrigin();
+  void limitInitialSegment();
+
+  Ui::BasePWLDialog form;
+  PwlPoints points; ///< as given
+  InitialCondition initialConditionMode = InitialCondition::None;
+  bool hasSourceIdle = true;
+  bool symmetricAllowed = false;
+  bool symmetric = false;
+  bool repeatMode = false;
+  int helpContext = -1;
+  QString converterKind; ///< "inductor" or "capacitor"; empty without the conversion tool
+  ConversionMemory converterMemory;
+};

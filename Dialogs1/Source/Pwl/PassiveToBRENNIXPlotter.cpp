@@ -1,0 +1,73 @@
+#include "Pwl/PassiveToBRENNIXPlotter.h"
+
+namespace {
+
+QString framed(const char* alignment, const QString& text) {
+  return QStringLiteral("<div align = \"%1\">%2</div>").arg(QLatin1String(alignment), text);
+}
+
+QString unit(const QString& text) {
+  return QLatin1Char('(') + text + QLatin1Char(')');
+}
+
+void showCurve(Plotter* plotter, int index, const Curve& curve, Qt::GlobalColor colour) {
+  plotter->setCurveData(index, curve.x.data(), curve.y.data(), static_cast<qint64>(curve.size()),
+                        QPen(colour, 3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+}
+
+void setRange(Axis* axis, double minimum, double maximum) {
+  axis->setAxisParams(minimum, maximum, 3, 0, 0, 2);
+}
+
+} // namespace
+
+PassiveToBRENNIXPlotter::PassiveToBRENNIXPlotter(QWidget* parent, bool isInductor,
+                                                 const EnergyPlot& plot)
+    : QDialog(parent) {
+  form.setupUi(this);
+  connect(form.closeButton, &QPushButton::clicked, this, &QDialog::accept);
+  showLabels(isInductor, plot);
+  showCurves(plot);
+  showAxes(plot);
+}
+
+void PassiveToBRENNIXPlotter::showLabels(bool isInductor, const EnergyPlot& plot) {
+  const QString topName = isInductor ? tr("Inductance") : tr("Capacitance");
+  const QString bottomName = isInductor ? tr("Flux Linkages") : tr("Charge");
+  const QString xName = isInductor ? tr("Current") : tr("Voltage");
+  const QString& prefix = plot.outputUnit.prefix;
+  form.topYLabel->setText(framed("center", topName));
+  form.bottomYLabel->setText(framed("center", bottomName));
+  form.XLabel->setText(framed("right", xName));
+  form.topYUnit->setText(
+      framed("center", unit(plot.inputUnit.prefix + (isInductor ? tr("H") : tr("F")))));
+  form.bottomYUnit->setText(
+      framed("center", unit(isInductor ? tr("%1V-s or %1Wb-t").arg(prefix) : prefix + tr("C"))));
+  form.XUnit->setText(framed("left", unit(plot.xUnit.prefix + (isInductor ? tr("A") : tr("V")))));
+  form.topPlotter->setAccessibleName(topName);
+  form.bottomPlotter->setAccessibleName(bottomName);
+}
+
+void PassiveToBRENNIXPlotter::showCurves(const EnergyPlot& plot) {
+  showCurve(form.bottomPlotter, 1, plot.output, Qt::red);
+  if (plot.integral.size() > 1)
+    showCurve(form.bottomPlotter, 0, plot.integral, Qt::blue);
+  showCurve(form.topPlotter, 0, plot.derivative, Qt::red);
+  showCurve(form.topPlotter, 1, plot.input, Qt::blue);
+}
+
+void PassiveToBRENNIXPlotter::showAxes(const EnergyPlot& plot) {
+  const Range x = rangeOf(plot.output.x, plot.integral.x);
+  const Range top = rangeOf(plot.input.y, plot.derivative.y);
+  const Range bottom = rangeOf(plot.output.y, plot.integral.y);
+  setRange(&topX, x.minimum, x.maximum);
+  setRange(&bottomX, x.minimum, x.maximum);
+  setRange(&topY, 0.9 * top.minimum, 1.1 * top.maximum);
+  setRange(&bottomY, bottom.minimum, bottom.maximum);
+  form.topPlotter->initializeAxes(topX, topY);
+  form.bottomPlotter->initializeAxes(bottomX, bottomY);
+  for (Plotter* plotter : {form.topPlotter, form.bottomPlotter})
+    plotter->setMargins(100, 20, 15, 50);
+  for (Axis* axis : {&topX, &topY, &bottomX, &bottomY})
+    axis->adjustAxis();
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "Core/Pwl/EnergyConversion.h"
+#include "HostWidgets/Axis.h"
+#include "Pwl/ui_PassiveToBRENNIXPlotter.h"
+
+#include <QDialog>
+
+/// Capacitance or inductance above, charge or flux linkage below: what was given, and what the
+/// polyline makes of it.
+class PassiveToBRENNIXPlotter : public QDialog {
+public:
+  PassiveToBRENNIXPlotter(QWidget* parent, bool isInductor, const EnergyPlot& plot);
+
+private:
+  void showLabels(bool isInductor, const EnergyPlot& plot);
+  void showCurves(const EnergyPlot& plot);
+  void showAxes(const EnergyPlot& plot);
+
+  Ui::PassiveToBRENNIXPlotter form;
+  Axis topX;
+  Axis topY;
+  Axis bottomX;
+  Axis bottomY;
+};

@@ -1,0 +1,45 @@
+#include "Workbench/LineNumbers.h"
+
+#include "Palettes.h"
+#include "Workbench/ScriptEditor.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QTextBlock>
+
+static constexpr int sidePadding = 8;
+
+LineNumbers::LineNumbers(ScriptEditor* editor) : QWidget(editor), m_editor(editor) {}
+
+QSize LineNumbers::sizeHint() const {
+  // Room for three digits at least, so that the text does not jump at the tenth line.
+  const int digits = qMax(3, QString::number(m_editor->blockCount()).size());
+  return {2 * sidePadding + digits * m_editor->fontMetrics().horizontalAdvance(QLatin1Char('9')),
+          0};
+}
+
+void LineNumbers::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  const QPalette colours = m_editor->palette();
+  painter.fillRect(event->rect(), colours.color(QPalette::AlternateBase));
+  painter.setFont(m_editor->font());
+  const int current = m_editor->textCursor().blockNumber();
+  for (const auto& line : m_editor->visibleLines()) {
+    const bool isError = line.number == m_editor->errorLine();
+    if (isError)
+      painter.fillRect(0, line.top, width(), line.height, inkColours(colours).error);
+    QColor ink =
+        colours.color(line.number == current + 1 ? QPalette::Text : QPalette::PlaceholderText);
+    if (isError)
+      ink = colours.color(QPalette::Base);
+    painter.setPen(ink);
+    painter.drawText(0, line.top, width() - sidePadding, line.height, Qt::AlignRight,
+                     QString::number(line.number));
+  }
+}
+
+void LineNumbers::mousePressEvent(QMouseEvent* event) {
+  for (const auto& line : m_editor->visibleLines())
+    if (event->y() >= line.top && event->y() < line.top + line.height)
+      m_editor->goToLine(line.number);
+}

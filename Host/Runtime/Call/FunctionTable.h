@@ -1,0 +1,56 @@
+#pragma once
+
+#include "Call/ScriptVector.h"
+#include "HostSupport/Registration.h"
+
+#include <QJsonArray>
+#include <QLibrary>
+#include <QObject>
+#include <QVector>
+
+/// One function or command that scripts can call.
+struct FunctionInfo {
+  enum class Kind { Legacy, Typed, Command };
+  QString name;
+  Kind kind = Kind::Legacy;
+  int minArgs = 0;
+  int maxArgs = 0;
+  QVector<ArgType> argTypes; ///< `maxArgs` of them at least
+  ResultType resultType = NoResult;
+  UserFunctionHandler legacyHandler = nullptr;
+  TypedHandler typedHandler = nullptr;
+  CommandHandler commandHandler = nullptr;
+};
+
+/// "legacy", "typed" or "command".
+QString kindName(FunctionInfo::Kind kind);
+
+/// A module that is not what it should be: no file, no symbol, wrong sizes or version, a damaged
+/// list.
+class ModuleError : public std::runtime_error {
+public:
+  explicit ModuleError(const QString& message) : std::runtime_error(message.toStdString()) {}
+};
+
+/// The functions and commands of the loaded module.
+class FunctionTable {
+public:
+  /// Loads the module and reads what it registered. Raises `ModuleError`, naming the file and the
+  /// fault; the table is then as it was. Loading the same file again is no fault.
+  void loadModule(const QString& file);
+  /// Unloads it; what it registered is gone.
+  void unloadModule();
+
+  const QVector<FunctionInfo>& functions() const { return m_functions; } ///< sorted by name
+  const FunctionInfo* find(const QString& name) const;
+  /// What `dialoghost list --json` prints: name, kind, minArgs, maxArgs, argTypes, resultType.
+  QJsonArray toJson() const;
+  QString moduleFile() const { return m_library.fileName(); }
+
+private:
+  QLibrary m_library;
+  QVector<FunctionInfo> m_functions;
+};
+
+/// The module beside this program: "../lib/libDialogs1.so" and its like on other platforms.
+QString defaultModuleFile();

@@ -1,0 +1,463 @@
+#include "Script/ScriptHost.h"
+
+#include "Call/HostCall.h"
+#include "Drive/DialogDriver.h"
+#include "HostSupport/Options.h"
+#include "HostSupportQt/Text.h"
+#include "Script/ScriptDialog.h"
+#include "Script/ScriptValues.h"
+#include "Services/HostFacts.h"
+
+#include <QClipboard>
+#include <QDir>
+#include <QEventLoop>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QQmlEngine>
+#include <QTimer>
+
+#include <cmath>
+
+namespace {
+
+constexpr int deepestInclude = 64;
+constexpr int longestWait = 24 * 60 * 60 * 1000; // ms
+constexpr int interruptPoll = 50;                // ms
+
+QString source() {
+  return QStringLiteral(R"js(
+(function (global, bridge) {
+  "use strict";
+
+  function text(value, call, what) {
+    if (typeof value !== "string")
+      throw new TypeError(call + ": " + what + " must be a text, " + bridge.toText(value) +
+                          " was given");
+    return value;
+  }
+
+  function settle(outcome) {
+    if (!outcome.ok)
+      throw outcome.value;
+    return outcome.value;
+  }
+
+  function later(name) {
+    return function () { throw new Error("host." + name + " is not served by this host yet"); };
+  }
+
+  const host = {
+    call(name, ...args) { return bridge.callDetailed(text(name, "host.call", "the name"), args); },
+    option(key, value) { return bridge.option(text(key, "host.option", "the key"), value); },
+    config(section, key, value) {
+      return bridge.config(text(section, "host.config", "the section"),
+                           text(key, "host.config", "the key"), value);
+    },
+    readFile(path) { return bridge.readFile(text(path, "host.readFile", "the path")); },
+    writeFile(path, content) {
+      bridge.writeFile(text(path, "host.writeFile", "the path"),
+                       text(content, "host.writeFile", "the content"));
+    },
+    exists(path) { return bridge.exists(text(path, "host.exists", "the path")); },
+    clipboard(content) {
+      if (content !== undefined)
+        bridge.setClipboard(text(content, "host.clipboard", "the content"));
+      return bridge.clipboard();
+    },
+    wait(ms) { bridge.wait(typeof ms === "number" ? ms : NaN); },
+    now() { return bridge.now(); },
+    tempDir() { return bridge.tempDir(); },
+    functions() { return bridge.functions(); },
+    helpRequests() { return bridge.helpRequests(); },
+    system(key, value) {
+      text(key, "host.system", "the key");
+      if (value !== undefined)
+        bridge.setSystem(key, value);
+      return bridge.system(key);
+    },
+    onDialog(handler) {
+      if (typeof handler !== "function")
+        throw new TypeError("host.onDialog: the handler must be a function, " +
+                            bridge.toText(handler) + " was given");
+      bridge.onDialog(handler);
+    },
+    windows() { return bridge.windows(); },
+    provide(name, fn) { bridge.provide(text(name, "host.provide", "the name"), fn); },
+    paste(content) { return bridge.paste(text(content, "host.paste", "the content")); },
+    schematic: {
+      get hasCurrent() { return bridge.hasSchematic(); },
+      set hasCurrent(on) { bridge.setHasSchematic(!!on); },
+      get picking() { return bridge.picking(); },
+    },
+    graphs: later("graphs"),
+    analysis: later("analysis"),
+    openAnalysis: later("openAnalysis"),
+    symbolFileDialog: later("symbolFileDialog"),
+    get args() { return bridge.args(); },
+  };
+
+  global.host = host;
+  global.command = function command(line) { bridge.command(text(line, "command", "the line")); };
+  global.print = function print(...values) {
+    bridge.print(values.map(v => typeof v === "string" ? v : bridge.toText(v)).join(" "));
+  };
+  global.include = function include(file) {
+    return settle(bridge.include(text(file, "include", "the file"), new Error().stack));
+  };
+
+  return function define(name) {
+    if (["host", "command", "print", "include", "check", "equal", "near"].indexOf(name) < 0)
+      global[name] = function (...args) { return bridge.call(name, args); };
+  };
+})
+)js");
+}
+
+QVariant factFromScript(const QJSValue& value) {
+  if (value.isNull())
+    return QVariant();
+  if (!value.isArray())
+    return value.isNumber() || value.isBool() ? value.toVariant() : QVariant(value.toString());
+  QVariantList parts;
+  const quint32 length = qMin(value.property(QStringLiteral("length")).toUInt(), 3u);
+  for (quint32 i = 0; i < length; ++i)
+    parts.append(factFromScript(value.property(i).isArray() ? QJSValue() : value.property(i)));
+  return parts;
+}
+
+/// A value as options and settings keep it.
+YString storedText(const QJSValue& value, const QString& call) {
+  if (value.isString())
+    return toYs(value.toString());
+  if (value.isBool())
+    return OptionValue(value.toBool()).toText();
+  if (value.isNumber())
+    return OptionValue(value.toNumber()).toText();
+  throw CallError(QStringLiteral("%1: the value must be a text, a number, true or false, %2 was "
+                                 "given")
+                      .arg(call, describeValue(value)));
+}
+
+/// A list of texts would reach the script as an object of its own kind; this is an array.
+QJSValue textArray(QJSEngine* engine, const QStringList& texts) {
+  QVariantList list;
+  for (const QString& text : texts)
+    list.append(text);
+  return engine->toScriptValue(list);
+}
+
+QJSValue textOrNull(bool isSet, const YString& text) {
+  return isSet ? QJSValue(toQs(text)) : QJSValue(QJSValue::NullValue);
+}
+
+} // namespace
+
+/// No C++ exception may pass through the script engine.
+template <class Action> auto ScriptHost::guarded(Action action) -> decltype(action()) {
+  try {
+    return action();
+  } catch (...) {
+    m_runner->engine()->throwError(describeException());
+  }
+  return decltype(action())();
+}
+
+ScriptHost::ScriptHost(ScriptRunner* runner, FunctionTable* table, DialogDriver* driver,
+                       QObject* parent)
+    : QObject(parent), m_runner(runner), m_table(table), m_driver(driver),
+      m_services(runner, table) {
+  m_clock.start();
+  QJSEngine* engine = runner->engine();
+  QQmlEngine::setObjectOwnership(this, QQmlEngine::CppOwnership);
+  m_define = engine->evaluate(source(), hostScriptName())
+                 .call({engine->globalObject(), engine->newQObject(this)});
+  Q_ASSERT_X(m_define.isCallable(), "ScriptHost", qPrintable(m_define.toString()));
+  defineFunctions();
+}
+
+ScriptHost::~ScriptHost() = default;
+
+void ScriptHost::defineFunctions() {
+  for (const FunctionInfo& function : m_table->functions()) {
+    if (function.kind == FunctionInfo::Kind::Command || m_defined.contains(function.name))
+      continue;
+    m_define.call({function.name});
+    m_defined.append(function.name);
+  }
+}
+
+const FunctionInfo& ScriptHost::function(const QString& name) const {
+  const FunctionInfo* found = m_table->find(name);
+  if (!found || found->kind == FunctionInfo::Kind::Command)
+    throw CallError(QStringLiteral("%1: there is no such function").arg(name));
+  return *found;
+}
+
+CallResult ScriptHost::callFunction(FunctionInfo function,
+                                    const std::vector<ScriptVector>& arguments) {
+  emit moved();
+  try {
+    checkArguments(function, arguments);
+    const CallResult result = callHandler(function, arguments);
+    emit moved();
+    emit called(function.name, arguments, result, QString());
+    return result;
+  } catch (const std::exception& error) {
+    emit moved();
+    emit called(function.name, arguments, CallResult(), QString::fromUtf8(error.what()));
+    throw;
+  }
+}
+
+CallResult ScriptHost::callByName(const QString& name, const QJSValue& arguments) {
+  const FunctionInfo& info = function(name);
+  return callFunction(info, argumentsFromScript(arguments, info));
+}
+
+QJSValue ScriptHost::call(const QString& name, const QJSValue& arguments) {
+  return guarded([&] { return resultToScript(m_runner->engine(), callByName(name, arguments)); });
+}
+
+QJSValue ScriptHost::callDetailed(const QString& name, const QJSValue& arguments) {
+  return guarded([&] {
+    const CallResult result = callByName(name, arguments);
+    QJSEngine* engine = m_runner->engine();
+    QJSValue object = engine->newObject();
+    object.setProperty(QStringLiteral("made"), result.made());
+    object.setProperty(QStringLiteral("type"), result.made() ? QJSValue(resultTypeName(result.type))
+                                                             : QJSValue(QJSValue::NullValue));
+    object.setProperty(QStringLiteral("values"), resultToScript(engine, result));
+    return object;
+  });
+}
+
+void ScriptHost::command(const QString& line) {
+  guarded([&] {
+    emit moved();
+    runCommand(*m_table, line);
+    emit moved();
+  });
+}
+
+void ScriptHost::print(const QString& line) {
+  emit moved();
+  emit printed(line);
+}
+
+QJSValue ScriptHost::toText(const QJSValue& value) {
+  return m_runner->toText(value, true);
+}
+
+QString ScriptHost::readText(const QString& path) {
+  QFile file(path);
+  const auto fault = [&] {
+    return CallError(
+        QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(path), file.errorString()));
+  };
+  if (QFileInfo(path).isDir())
+    throw CallError(QStringLiteral("%1: it is a folder").arg(QDir::toNativeSeparators(path)));
+  if (!file.open(QIODevice::ReadOnly))
+    throw fault();
+  const QByteArray bytes = file.readAll();
+  if (file.error() != QFileDevice::NoError)
+    throw fault();
+  return QString::fromUtf8(bytes);
+}
+
+QJSValue ScriptHost::include(const QString& file, const QString& stack) {
+  return guarded([&]() -> QJSValue {
+    if (m_includes >= deepestInclude)
+      throw CallError(QStringLiteral("include: files include one another more than %1 deep")
+                          .arg(deepestInclude));
+    const QFileInfo including(callerPlace(stack).file);
+    const QDir folder = including.isFile() ? including.absoluteDir() : QDir::current();
+    const QString path = QDir::cleanPath(folder.absoluteFilePath(file));
+    const QString program = readText(path);
+    ++m_includes;
+    const ScriptOutcome outcome = m_runner->run(program, path);
+    --m_includes;
+    QJSValue object = m_runner->engine()->newObject();
+    object.setProperty(QStringLiteral("ok"), outcome.ok);
+    object.setProperty(QStringLiteral("value"), outcome.value);
+    return object;
+  });
+}
+
+QJSValue ScriptHost::option(const QString& key, const QJSValue& value) {
+  return guarded([&] {
+    const Tocs name(key);
+    const auto store = [&](bool isStored) {
+      if (!isStored)
+        throw CallError(QStringLiteral("host.option: %1 could not be stored").arg(key));
+    };
+    bool isSet = false;
+    if (value.isNull()) {
+      sp_GetBoolOption(name, &isSet);
+      store(!isSet || sp_RemoveOption(YString(name)));
+    } else if (!value.isUndefined()) {
+      store(sp_WriteOption(YString(name), storedText(value, QStringLiteral("host.option"))));
+    }
+    sp_GetBoolOption(name, &isSet);
+    return textOrNull(isSet, sp_GetStringOption(name));
+  });
+}
+
+QJSValue ScriptHost::config(const QString& section, const QString& key, const QJSValue& value) {
+  return guarded([&] {
+    const Tocs sectionName(section);
+    const Tocs keyName(key);
+    YString text;
+    bool isSet = cfgman_GetConfigSetting(sectionName, keyName, &text) != 0;
+    if (!value.isUndefined() && !(value.isNull() && !isSet)) {
+      const YString stored =
+          value.isNull() ? YString() : storedText(value, QStringLiteral("host.config"));
+      const char* raw = value.isNull() ? nullptr : stored.c_str();
+      if (cfgman_WriteConfigSetting(sectionName, keyName, raw) == 0)
+        throw CallError(QStringLiteral("host.config: %1/%2 could not be stored").arg(section, key));
+      isSet = cfgman_GetConfigSetting(sectionName, keyName, &text) != 0;
+    }
+    return textOrNull(isSet, text);
+  });
+}
+
+QJSValue ScriptHost::readFile(const QString& path) {
+  return guarded([&] {
+    return QFileInfo::exists(path) ? QJSValue(readText(path)) : QJSValue(QJSValue::NullValue);
+  });
+}
+
+void ScriptHost::writeFile(const QString& path, const QString& text) {
+  guarded([&] {
+    QFile file(path);
+    const QByteArray bytes = text.toUtf8();
+    // Every step is checked: a full disk shows only in one of them.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
+        file.write(bytes) != bytes.size() || !file.flush())
+      throw CallError(QStringLiteral("host.writeFile: %1: %2")
+                          .arg(QDir::toNativeSeparators(path), file.errorString()));
+  });
+}
+
+bool ScriptHost::exists(const QString& path) const {
+  return QFileInfo::exists(path);
+}
+
+QString ScriptHost::clipboard() const {
+  return QGuiApplication::clipboard()->text();
+}
+
+void ScriptHost::setClipboard(const QString& text) {
+  QGuiApplication::clipboard()->setText(text);
+}
+
+void ScriptHost::wait(double milliseconds) {
+  guarded([&] {
+    if (!(milliseconds >= 0) || milliseconds > longestWait)
+      throw CallError(QStringLiteral("host.wait: the time must be a number of milliseconds from 0 "
+                                     "to a day"));
+    QEventLoop loop;
+    QTimer end;
+    end.setSingleShot(true);
+    end.setTimerType(Qt::PreciseTimer);
+    connect(&end, &QTimer::timeout, &loop, &QEventLoop::quit);
+    QTimer poll;
+    connect(&poll, &QTimer::timeout, &loop, [&] {
+      if (m_runner->engine()->isInterrupted())
+        loop.quit();
+    });
+    end.start(static_cast<int>(std::ceil(milliseconds)));
+    poll.start(interruptPoll);
+    loop.exec();
+  });
+}
+
+double ScriptHost::now() const {
+  return static_cast<double>(m_clock.nsecsElapsed()) / 1e6;
+}
+
+QString ScriptHost::tempDir() {
+  return guarded([&] {
+    if (!m_tempDir) {
+      m_tempDir = std::make_unique<QTemporaryDir>();
+      emit tempDirMade(m_tempDir->path());
+    }
+    const QString path = m_tempDir->filePath(QString::number(++m_tempDirs));
+    if (!m_tempDir->isValid() || !QDir().mkpath(path))
+      throw CallError(QStringLiteral("host.tempDir: %1").arg(m_tempDir->errorString()));
+    return path;
+  });
+}
+
+QJSValue ScriptHost::functions() const {
+  return m_runner->engine()->toScriptValue(m_table->toJson().toVariantList());
+}
+
+QJSValue ScriptHost::args() const {
+  return textArray(m_runner->engine(), m_arguments);
+}
+
+QJSValue ScriptHost::helpRequests() const {
+  return textArray(m_runner->engine(), ::helpRequests());
+}
+
+QJSValue ScriptHost::system(const QString& key) {
+  return guarded([&] { return m_runner->engine()->toScriptValue(hostFact(key)); });
+}
+
+void ScriptHost::setSystem(const QString& key, const QJSValue& value) {
+  guarded([&] { setHostFact(key, factFromScript(value)); });
+}
+
+DialogDriver* ScriptHost::neededDriver() const {
+  if (!m_driver)
+    throw CallError(QStringLiteral("no dialog can be driven here"));
+  return m_driver;
+}
+
+/// The script owns the wrapper, so that it lives exactly as long as somebody can use it; the
+/// wrapper itself notices when its dialog is gone.
+QJSValue ScriptHost::wrap(QWidget* dialog) {
+  auto* wrapper = new ScriptDialog(dialog, nullptr);
+  QQmlEngine::setObjectOwnership(wrapper, QQmlEngine::JavaScriptOwnership);
+  return m_runner->engine()->newQObject(wrapper);
+}
+
+void ScriptHost::onDialog(const QJSValue& handler) {
+  guarded([&] {
+    neededDriver()->onDialog([host = QPointer<ScriptHost>(this), handler](QWidget* dialog) {
+      if (!host)
+        throw CallError(QStringLiteral("the script that queued the handler has ended"));
+      const ScriptOutcome outcome = host->m_runner->call(handler, {host->wrap(dialog)});
+      if (!outcome.ok)
+        throw CallError(describeFault(outcome.value).headline);
+    });
+  });
+}
+
+QJSValue ScriptHost::windows() {
+  return guarded([&] {
+    const QVector<QWidget*> open = neededDriver()->detachedWindows();
+    QJSValue array = m_runner->engine()->newArray(static_cast<uint>(open.size()));
+    for (int i = 0; i < open.size(); ++i)
+      array.setProperty(static_cast<quint32>(i), wrap(open.at(i)));
+    return array;
+  });
+}
+
+void ScriptHost::provide(const QString& name, const QJSValue& function) {
+  guarded([&] { m_services.provide(name, function); });
+}
+
+QJSValue ScriptHost::picking() const {
+  QVariantList values;
+  for (int value : m_services.picking())
+    values.append(value);
+  return m_runner->engine()->toScriptValue(values);
+}
+
+bool ScriptHost::paste(const QString& text) {
+  return guarded([&] {
+    emit moved();
+    return HostServices::paste(text);
+  });
+}

@@ -1,0 +1,188 @@
+#include "Script/ScriptRunner.h"
+
+#include <QUrl>
+
+namespace {
+
+/// A statement that gives no value, so that the program's value stands; reached only when nothing
+/// was thrown.
+QString endOfProgram() {
+  return QStringLiteral("\nvar $ended = $end();");
+}
+
+QString helpers() {
+  return QStringLiteral(R"js(
+(function (global, marker) {
+  "use strict";
+  Object.defineProperty(global, "$end", { value: function () { marker.ended = true; } });
+
+  function call(fn, args) {
+    try {
+      return { ok: true, value: fn(...args) };
+    } catch (thrown) {
+      return { ok: false, value: thrown };
+    }
+  }
+
+  // JSON.stringify recurses natively, and deep nesting would end the process.
+  function write(value, spelled, parts, above) {
+    if (value !== null && typeof value === "object" && typeof value.toJSON === "function")
+      value = value.toJSON();
+    if (typeof value === "string")
+      parts.push(JSON.stringify(value));
+    else if (typeof value === "number")
+      parts.push(spelled || isFinite(value) ? String(value) : "null");
+    else if (value === null || typeof value === "boolean")
+      parts.push(String(value));
+    else if (typeof value !== "object")
+      parts.push(spelled ? (typeof value === "function" ? "function" : String(value)) : "null");
+    else if (above.length > 200 || above.indexOf(value) >= 0)
+      parts.push(spelled ? "…" : "null");
+    else if (spelled && value instanceof Error)
+      parts.push(String(value));
+    else
+      writeMembers(value, spelled, parts, above.concat([value]));
+  }
+
+  function writeMembers(value, spelled, parts, above) {
+    const comma = spelled ? ", " : ",";
+    if (Array.isArray(value)) {
+      parts.push("[");
+      for (let i = 0; i < value.length; ++i) {
+        if (i > 0)
+          parts.push(comma);
+        write(value[i], spelled, parts, above);
+      }
+      parts.push("]");
+      return;
+    }
+    parts.push("{");
+    let first = true;
+    for (const key of Object.keys(value)) {
+      const member = value[key];
+      if (!spelled && (member === undefined || typeof member === "function"))
+        continue;
+      parts.push((first ? "" : comma) + JSON.stringify(key) + (spelled ? ": " : ":"));
+      first = false;
+      write(member, spelled, parts, above);
+    }
+    parts.push("}");
+  }
+
+  function toText(value, spelled) {
+    if (value === undefined)
+      return "undefined";
+    const parts = [];
+    write(value, spelled, parts, []);
+    return parts.join("");
+  }
+
+  return { call: call, toText: toText };
+})
+)js");
+}
+
+QString sourceFile(const QString& source) {
+  const QUrl url(source);
+  return url.isLocalFile() ? url.toLocalFile() : source;
+}
+
+/// "name@file:///a/b.js:12", as the engine writes a frame.
+bool readFrame(const QString& frame, QString* name, ScriptPlace* place) {
+  const int at = frame.indexOf(QLatin1Char('@'));
+  const int colon = frame.lastIndexOf(QLatin1Char(':'));
+  if (at < 0 || colon <= at + 1) // the engine leaves the file out of frames of its own
+    return false;
+  bool isNumber = false;
+  const int line = frame.midRef(colon + 1).toInt(&isNumber);
+  if (!isNumber)
+    return false;
+  *name = frame.left(at);
+  *place = {sourceFile(frame.mid(at + 1, colon - at - 1)), line};
+  return true;
+}
+
+} // namespace
+
+QString hostScriptName() {
+  return QStringLiteral("host:script");
+}
+
+QString ScriptPlace::toText() const {
+  return file.isEmpty() ? QString() : QStringLiteral("%1:%2").arg(file).arg(line);
+}
+
+ScriptPlace callerPlace(const QString& stack) {
+  for (const QString& frame : stack.split(QLatin1Char('\n'))) {
+    QString name;
+    ScriptPlace place;
+    if (readFrame(frame, &name, &place) && place.file != hostScriptName())
+      return place;
+  }
+  return {};
+}
+
+ScriptFault describeFault(const QJSValue& thrown) {
+  ScriptFault fault;
+  ScriptPlace place;
+  if (thrown.isError()) {
+    const QString kind = thrown.property(QStringLiteral("name")).toString();
+    const QString message = thrown.property(QStringLiteral("message")).toString();
+    fault.message = kind == QLatin1String("Error") && !message.isEmpty()
+                        ? message
+                        : QStringLiteral("%1: %2").arg(kind, message);
+    const QString stack = thrown.property(QStringLiteral("stack")).toString();
+    place = callerPlace(stack);
+    for (const QString& frame : stack.split(QLatin1Char('\n'))) {
+      QString name;
+      ScriptPlace where;
+      if (!readFrame(frame, &name, &where) || where.file == hostScriptName())
+        continue;
+      if (name.isEmpty() || name == QLatin1String("%entry"))
+        name = QStringLiteral("script");
+      fault.stack.append(QStringLiteral("%1 (%2)").arg(name, where.toText()));
+    }
+  } else {
+    fault.message = thrown.toString();
+  }
+  fault.message = fault.message.simplified();
+  const QString where = place.toText();
+  fault.headline =
+      where.isEmpty() ? fault.message : QStringLiteral("%1: %2").arg(where, fault.message);
+  return fault;
+}
+
+ScriptRunner::ScriptRunner(QJSEngine* engine) : m_engine(engine), m_marker(engine->newObject()) {
+  const QJSValue made =
+      engine->evaluate(helpers(), hostScriptName()).call({engine->globalObject(), m_marker});
+  Q_ASSERT_X(!made.isError(), "ScriptRunner", qPrintable(made.toString()));
+  m_call = made.property(QStringLiteral("call"));
+  m_toText = made.property(QStringLiteral("toText"));
+}
+
+ScriptOutcome ScriptRunner::run(const QString& program, const QString& fileName) {
+  const QString ended = QStringLiteral("ended");
+  m_marker.setProperty(ended, false);
+  ScriptOutcome outcome;
+  outcome.value = m_engine->evaluate(program + endOfProgram(), fileName);
+  outcome.ok = m_marker.property(ended).toBool();
+  // A program that included this one has not ended yet.
+  m_marker.setProperty(ended, false);
+  return outcome;
+}
+
+ScriptOutcome ScriptRunner::call(const QJSValue& function, const QJSValueList& arguments) {
+  QJSValue list = m_engine->newArray(static_cast<uint>(arguments.size()));
+  for (int i = 0; i < arguments.size(); ++i)
+    list.setProperty(static_cast<quint32>(i), arguments.at(i));
+  const QJSValue outcome = m_call.call({function, list});
+  if (outcome.isError()) // the engine was interrupted
+    return {false, outcome};
+  return {outcome.property(QStringLiteral("ok")).toBool(),
+          outcome.property(QStringLiteral("value"))};
+}
+
+QString ScriptRunner::toText(const QJSValue& value, bool spelled) {
+  const ScriptOutcome outcome = call(m_toText, {value, spelled});
+  return outcome.ok ? outcome.value.toString() : describeFault(outcome.value).message;
+}
