@@ -246,6 +246,12 @@ double Spinner::value() const {
   return d->finished;
 }
 
+std::optional<double> Spinner::number() const {
+  if (isExpression())
+    return std::nullopt;
+  return d->taken(value());
+}
+
 QString Spinner::text() const {
   return d->edit->text();
 }

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 
 /// A numeric edit with up and down arrows, the heart of all dialogs.
 ///
@@ -48,6 +49,9 @@ public:
 
   /// As set, not as rounded for display; 0 for an expression.
   double value() const;
+  /// `value()` brought into the limits; nothing for an expression, whose value only the simulator
+  /// knows.
+  std::optional<double> number() const;
   QString text() const; ///< as typed
   bool isExpression() const;
   bool isAcceptable() const; ///< whether the text is a number or an expression

@@ -16,12 +16,16 @@ constexpr struct {
 
 constexpr struct {
   bool PropertyAttributes::*attribute;
-  int bit;
+  PropertyBit bit;
 } switches[] = {
-    {&PropertyAttributes::isHidden, 6},          {&PropertyAttributes::isProtected, 7},
-    {&PropertyAttributes::isAbsolute, 8},        {&PropertyAttributes::isSelectable, 10},
-    {&PropertyAttributes::isVertical, 14},       {&PropertyAttributes::showsName, 15},
-    {&PropertyAttributes::resolvesSymbolic, 16}, {&PropertyAttributes::staysHidden, 22},
+    {&PropertyAttributes::isHidden, HiddenBit},
+    {&PropertyAttributes::isProtected, ProtectedBit},
+    {&PropertyAttributes::isAbsolute, AbsoluteBit},
+    {&PropertyAttributes::isSelectable, SelectableBit},
+    {&PropertyAttributes::isVertical, VerticalBit},
+    {&PropertyAttributes::showsName, ShowsNameBit},
+    {&PropertyAttributes::resolvesSymbolic, ResolvesSymbolicBit},
+    {&PropertyAttributes::staysHidden, StaysHiddenBit},
 };
 
 constexpr std::uint32_t fontStyleIsValid = 1U << 9;

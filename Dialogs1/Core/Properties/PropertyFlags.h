@@ -2,6 +2,18 @@
 
 #include <cstdint>
 
+/// Where the attributes that are no numbers stand in a property's flags.
+enum PropertyBit {
+  HiddenBit = 6,
+  ProtectedBit = 7,
+  AbsoluteBit = 8,
+  SelectableBit = 10,
+  VerticalBit = 14,
+  ShowsNameBit = 15,
+  ResolvesSymbolicBit = 16,
+  StaysHiddenBit = 22,
+};
+
 /// The attributes that a schematic keeps of a property, or of a symbol pin, in one word: its flags.
 struct PropertyAttributes {
   int horizontal = 0; ///< justification code, 0 to 3; the schematic's, as is the vertical one

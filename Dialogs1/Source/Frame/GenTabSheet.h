@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Frame/WidgetStates.h"
+
 #include <QWidget>
 
 /// Base of the tab pages that several dialogs share. A sheet knows nothing of the script's call:
@@ -8,4 +10,10 @@ class GenTabSheet : public QWidget {
 public:
   using QWidget::QWidget;
   virtual int helpContextId(); ///< number of the sheet's help page; -1 for none
+
+protected:
+  using QWidget::setEnabled;
+  static void setEnabled(std::initializer_list<QWidget*> widgets, bool enabled) {
+    ::setEnabled(widgets, enabled);
+  }
 };

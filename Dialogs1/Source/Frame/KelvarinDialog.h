@@ -1,6 +1,8 @@
 #pragma once
 
+#include "Core/Pieces/Texts.h"
 #include "Frame/KelvarinDialogData.h"
+#include "Frame/WidgetStates.h"
 #include "HostSupport/YString.h"
 #include "UserFunction.h"
 
@@ -42,6 +44,7 @@ public:
   /// The vector if the argument is one of reals, else null and 0 and false.
   bool getRealVector(int index, const double** reals, unsigned* count) const;
   bool getStringVector(int index, const char* const** strings, unsigned* count) const;
+  Texts texts(int index) const { return Texts(scriptArgs, index); } ///< the same, by place
   /// Copies at most `byteSize` bytes of doubles and returns the number of elements copied; those of
   /// `out` behind them stay.
   unsigned copyReals(int index, double* out, unsigned byteSize) const;
@@ -53,8 +56,14 @@ public:
   char** makeStringResult(int count) const;
   void setRealResult(double value) const;
   void setStringResult(const YString& value) const;
+  void setTextsResult(const TextVector& texts) const { texts.makeResult(scriptArgs); }
 
 protected:
+  using QDialog::setEnabled;
+  static void setEnabled(std::initializer_list<QWidget*> widgets, bool enabled) {
+    ::setEnabled(widgets, enabled);
+  }
+
   void showEvent(QShowEvent* event) override;
   void hideEvent(QHideEvent* event) override;
 

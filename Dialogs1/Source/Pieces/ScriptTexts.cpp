@@ -16,10 +16,6 @@ QStringList textsOf(const char* const* texts, unsigned count) {
   return list;
 }
 
-QString flagWord(bool isSet) {
-  return isSet ? QStringLiteral("true") : QStringLiteral("false");
-}
-
 QString shownCaption(const QString& text) {
   return text.size() > longestCaption ? text.left(longestCaption - 1) + QChar(0x2026) : text;
 }

@@ -10,9 +10,6 @@ QString textAt(const char* const* texts, unsigned count, unsigned index);
 /// All texts of a string vector.
 QStringList textsOf(const char* const* texts, unsigned count);
 
-/// "true" or "false".
-QString flagWord(bool isSet);
-
 /// A caption as it is shown: one that would be wider than any window is cut.
 QString shownCaption(const QString& text);
 /// Text i of a string vector as a caption.

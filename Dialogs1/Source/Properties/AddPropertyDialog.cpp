@@ -11,31 +11,17 @@ static const ScriptFunction declaration("AddPropertyDialog", 0, "SSSSSS", String
 
 namespace {
 
-using Form = Ui::BaseAddPropertyDialog;
-
-/// The attributes that are a check box.
-constexpr struct {
-  QCheckBox* Form::*box;
-  bool PropertyAttributes::*attribute;
-} checkBoxes[] = {
-    {&Form::cbHidden, &PropertyAttributes::isHidden},
-    {&Form::cbProtected, &PropertyAttributes::isProtected},
-    {&Form::cbSelectable, &PropertyAttributes::isSelectable},
-    {&Form::cbResolveSymbolic, &PropertyAttributes::resolvesSymbolic},
-    {&Form::cbShowName, &PropertyAttributes::showsName},
-    {&Form::cbVertical, &PropertyAttributes::isVertical},
-};
-
-void enable(std::initializer_list<QWidget*> widgets, bool enabled) {
-  for (QWidget* widget : widgets)
-    widget->setEnabled(enabled);
-}
+enum Result { Name, Flags, Value, FontStyle };
 
 } // namespace
 
 AddPropertyDialog::AddPropertyDialog(const char* objectName, QWidget* parent)
     : KelvarinDialog(parent, objectName, true, {}) {
   form.setupUi(this);
+  attributeBoxes = {
+      {form.cbHidden, HiddenBit},         {form.cbProtected, ProtectedBit},
+      {form.cbSelectable, SelectableBit}, {form.cbResolveSymbolic, ResolvesSymbolicBit},
+      {form.cbShowName, ShowsNameBit},    {form.cbVertical, VerticalBit}};
   showPinParts(false);
   form.protectedLabel->hide();
   dimsSavingEnabled = true;
@@ -53,21 +39,14 @@ int AddPropertyDialog::helpContextId() {
 }
 
 void AddPropertyDialog::showPinParts(bool shown) {
-  for (QWidget* part : std::initializer_list<QWidget*>{form.cbPrefix, form.prefixLabel,
-                                                       form.cbSuffix, form.suffixLabel})
-    part->setVisible(shown);
+  setShown({form.cbPrefix, form.prefixLabel, form.cbSuffix, form.suffixLabel}, shown);
 }
 
 void AddPropertyDialog::gatherArguments() {
   record.name = getString(0);
   record.flags = leadingInteger(getString(1));
   record.fontStyle = getString(4);
-  const char* const* names = nullptr;
-  unsigned count = 0;
-  getStringVector(5, &names, &count);
-  record.fontStyles.reserve(static_cast<int>(count));
-  for (unsigned i = 0; i < count; ++i)
-    record.fontStyles.append(YString(names[i]));
+  record.fontStyles = texts(5).all();
 }
 
 void AddPropertyDialog::initialiseDialog() {
@@ -82,8 +61,7 @@ void AddPropertyDialog::loadProperty(PropertyRecord* property) {
   isInstance = property->isInstance;
   form.nameEdit->setText(toQs(property->name));
   form.valueEdit->setPlainText(toQs(property->value));
-  for (const auto& one : checkBoxes)
-    (form.*one.box)->setChecked(attributes.*one.attribute);
+  attributeBoxes.load(Bits(property->flags));
   cbHidden_clicked();
   if (attributes.isAbsolute) {
     form.justificationCombo->setCurrentIndex(
@@ -107,11 +85,7 @@ void AddPropertyDialog::loadProperty(PropertyRecord* property) {
 }
 
 void AddPropertyDialog::loadFontStyles(const PropertyRecord& property) {
-  QStringList names;
-  names.reserve(property.fontStyles.count());
-  for (const YString& style : property.fontStyles)
-    names.append(toQs(style));
-  showSortedNames(form.fontStyleCombo, names);
+  showSortedNames(form.fontStyleCombo, property.fontStyles);
   if (!property.fontStyle.isEmpty())
     form.fontStyleCombo->setCurrentIndex(form.fontStyleCombo->findText(
         toQs(property.fontStyle), Qt::MatchExactly | Qt::MatchCaseSensitive));
@@ -155,13 +129,14 @@ void AddPropertyDialog::rbAuto_clicked() {
 void AddPropertyDialog::updateEnables() {
   const bool isSeen = !form.cbHidden->isChecked();
   const bool isAuto = form.rbAuto->isChecked();
-  enable({form.rbAuto, form.rbAbsolute}, isSeen);
-  enable({form.cbSelectable, form.textLabel9}, isSeen);
-  enable({form.normalCombo, form.textLabel4, form.rotatedCombo, form.textLabel5}, isSeen && isAuto);
-  enable({form.justificationCombo, form.textLabel6}, isSeen && !isAuto);
-  enable({form.cbVertical, form.verticalLabel}, !isAuto);
-  enable({form.cbProtected, form.textLabel10}, !isInstance); // only its symbol can lift that
-  enable({form.fontStyleCombo}, !form.cbDefault->isChecked());
+  setEnabled({form.rbAuto, form.rbAbsolute}, isSeen);
+  setEnabled({form.cbSelectable, form.textLabel9}, isSeen);
+  setEnabled({form.normalCombo, form.textLabel4, form.rotatedCombo, form.textLabel5},
+             isSeen && isAuto);
+  setEnabled({form.justificationCombo, form.textLabel6}, isSeen && !isAuto);
+  setEnabled({form.cbVertical, form.verticalLabel}, !isAuto);
+  setEnabled({form.cbProtected, form.textLabel10}, !isInstance); // only its symbol can lift that
+  setEnabled({form.fontStyleCombo}, !form.cbDefault->isChecked());
 }
 
 void AddPropertyDialog::readProperty(PropertyRecord* property) const {
@@ -173,7 +148,9 @@ void AddPropertyDialog::readProperty(PropertyRecord* property) const {
   property->fontStyle =
       form.cbDefault->isChecked() ? YString() : toYs(form.fontStyleCombo->currentText());
 
-  PropertyAttributes attributes = readPropertyFlags(property->flags);
+  Bits flags(property->flags);
+  attributeBoxes.store(&flags);
+  PropertyAttributes attributes = readPropertyFlags(flags.word());
   attributes.isAbsolute = !form.rbAuto->isChecked();
   if (attributes.isAbsolute) {
     setJustificationRow(&attributes, form.justificationCombo->currentIndex());
@@ -181,21 +158,20 @@ void AddPropertyDialog::readProperty(PropertyRecord* property) const {
     attributes.horizontal = form.normalCombo->currentIndex();
     attributes.vertical = form.rotatedCombo->currentIndex();
   }
-  for (const auto& one : checkBoxes)
-    attributes.*one.attribute = (form.*one.box)->isChecked();
   attributes.fontStyle = form.fontStyleCombo->currentIndex();
   property->flags = writePropertyFlags(property->flags, attributes);
 }
 
 void AddPropertyDialog::readDialog(UserDataType, bool accepted) {
-  char** result = accepted ? makeStringResult(4) : nullptr;
-  if (!result)
+  if (!accepted)
     return;
   readProperty(&record);
-  result[0] = hostString(record.name.c_str());
-  result[1] = hostString(YString(record.flags).c_str());
-  result[2] = hostString(record.value.c_str());
-  result[3] = hostString(record.fontStyle.c_str());
+  TextVector result;
+  result.set(Name, record.name);
+  result.setNumber(Flags, record.flags);
+  result.set(Value, record.value);
+  result.set(FontStyle, record.fontStyle);
+  setTextsResult(result);
 }
 
 bool editProperty(QWidget* over, PropertyRecord* property) {

@@ -2,16 +2,17 @@
 
 #include "Frame/KelvarinDialog.h"
 #include "HostSupport/Containers.h"
+#include "Pieces/Fields.h"
 #include "Properties/ui_BaseAddPropertyDialog.h"
 
 /// A schematic property, or a symbol pin, as the property dialogs edit it.
 struct PropertyRecord {
   YString value;
   YString name;
-  std::int32_t flags = 0;     ///< `PropertyAttributes`, among bits of the schematic's own
-  bool isInstance = false;    ///< of an instance in a schematic, and not of the symbol's definition
-  YString fontStyle;          ///< empty for the default style
-  YArray<YString> fontStyles; ///< the names on offer
+  std::int32_t flags = 0;  ///< `PropertyAttributes`, among bits of the schematic's own
+  bool isInstance = false; ///< of an instance in a schematic, and not of the symbol's definition
+  YString fontStyle;       ///< empty for the default style
+  QStringList fontStyles;  ///< the names on offer
 };
 
 /// Makes a property; base of the dialogs that change one.
@@ -50,6 +51,7 @@ private:
   void letOnlyLook();
   void updateEnables();
 
+  Fields attributeBoxes; ///< by `PropertyBit`
   bool isInstance = false;
 };
 

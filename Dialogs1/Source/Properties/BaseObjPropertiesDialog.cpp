@@ -134,13 +134,6 @@ YString BaseObjPropertiesDialog::resultText(const ListViewProperty& row) const {
   return hasExtras ? YString(text.concat(";").concat(row.extra)) : text;
 }
 
-YArray<YString> BaseObjPropertiesDialog::fontStyles() const {
-  const char* const* styles = nullptr;
-  unsigned count = 0;
-  getStringVector(FontStyles, &styles, &count);
-  YArray<YString> names;
-  names.reserve(static_cast<int>(count));
-  for (unsigned i = 0; i < count; ++i)
-    names.append(YString(styles[i]));
-  return names;
+QStringList BaseObjPropertiesDialog::fontStyles() const {
+  return texts(FontStyles).all();
 }

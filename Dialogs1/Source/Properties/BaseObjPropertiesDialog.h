@@ -46,5 +46,5 @@ protected:
 
 private:
   YString resultText(const ListViewProperty& row) const;
-  YArray<YString> fontStyles() const;
+  QStringList fontStyles() const;
 };

@@ -2,13 +2,19 @@
 
 #include "Core/Properties/PropertyFlags.h"
 #include "Frame/ScriptFunction.h"
-#include "HostSupport/Parsing.h"
-#include "Pieces/ScriptTexts.h"
 
 static const ScriptFunction declaration("EditPinDialog", 1, "SSSSSS", StringVectorResult,
                                         runDialogFunction<EditPinDialog, UserString>);
 
+namespace {
+
+enum Tick { Prefix, Suffix };
+enum Result { Flags, Name, FontStyle, FirstTick };
+
+} // namespace
+
 EditPinDialog::EditPinDialog() : AddPropertyDialog("EditPinDialog") {
+  ticks = {{form.cbPrefix, Prefix}, {form.cbSuffix, Suffix}};
   setSizeGripEnabled(false);
   dimsSavingEnabled = false;
   setWindowTitle(tr("Edit Pin"));
@@ -16,12 +22,11 @@ EditPinDialog::EditPinDialog() : AddPropertyDialog("EditPinDialog") {
   form.textLabel7->setText(tr("Pin name will be hidden\non schematic"));
   form.propertyAttributesGroupBox->setTitle(tr("Attributes"));
 
-  for (QWidget* ofProperties : std::initializer_list<QWidget*>{
-           form.helpButton, form.cbResolveSymbolic, form.textLabel1_2, form.textLabel4,
-           form.normalCombo, form.textLabel5, form.rotatedCombo, form.rbAbsolute, form.rbAuto,
-           form.cbSelectable, form.textLabel9, form.cbProtected, form.textLabel10, form.cbShowName,
-           form.textLabel12, form.valueEdit, form.textLabel2})
-    ofProperties->hide();
+  setShown({form.helpButton, form.cbResolveSymbolic, form.textLabel1_2, form.textLabel4,
+            form.normalCombo, form.textLabel5, form.rotatedCombo, form.rbAbsolute, form.rbAuto,
+            form.cbSelectable, form.textLabel9, form.cbProtected, form.textLabel10, form.cbShowName,
+            form.textLabel12, form.valueEdit, form.textLabel2},
+           false);
   showPinParts(true);
   // The radio buttons leave their column to the label.
   form.textLocationLayout->addWidget(form.textLabel6, 2, 0);
@@ -30,14 +35,7 @@ EditPinDialog::EditPinDialog() : AddPropertyDialog("EditPinDialog") {
 }
 
 void EditPinDialog::initialiseDialog() {
-  const char* const* ticks = nullptr;
-  unsigned count = 0;
-  getStringVector(2, &ticks, &count);
-  const auto isTrue = [&](unsigned index) {
-    return index < count && sp_CompareNoCase(ticks[index], "true") == 0;
-  };
-  form.cbPrefix->setChecked(isTrue(0));
-  form.cbSuffix->setChecked(isTrue(1));
+  ticks.load(Elements(texts(2)));
   gatherArguments();
   loadProperty(&record);
 }
@@ -51,13 +49,14 @@ void EditPinDialog::loadProperty(PropertyRecord* property) {
 }
 
 void EditPinDialog::readDialog(UserDataType, bool accepted) {
-  char** result = accepted ? makeStringResult(5) : nullptr;
-  if (!result)
+  if (!accepted)
     return;
   readProperty(&record);
-  result[0] = hostString(YString(record.flags).c_str());
-  result[1] = hostString(record.name.c_str());
-  result[2] = hostString(record.fontStyle.c_str());
-  result[3] = hostString(flagWord(form.cbPrefix->isChecked()));
-  result[4] = hostString(flagWord(form.cbSuffix->isChecked()));
+  TextVector result;
+  result.setNumber(Flags, record.flags);
+  result.set(Name, record.name);
+  result.set(FontStyle, record.fontStyle);
+  Elements elements(&result, FirstTick);
+  ticks.store(&elements);
+  setTextsResult(result);
 }

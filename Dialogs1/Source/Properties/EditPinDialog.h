@@ -10,4 +10,7 @@ public:
   void initialiseDialog() override;
   void readDialog(UserDataType type, bool accepted) override;
   void loadProperty(PropertyRecord* property) override;
+
+private:
+  Fields ticks; ///< by element of their argument
 };

@@ -7,6 +7,12 @@
 static const ScriptFunction declaration("EditPropertyDialog", 1, "SSSSSS", StringVectorResult,
                                         runDialogFunction<EditPropertyDialog, UserString>);
 
+namespace {
+
+enum Result { Flags, Value, FontStyle };
+
+} // namespace
+
 int EditPropertyDialog::helpContextId() {
   return sp_GetHelpContextId("Editing_properties");
 }
@@ -30,11 +36,12 @@ void EditPropertyDialog::loadProperty(PropertyRecord* property) {
 }
 
 void EditPropertyDialog::readDialog(UserDataType, bool accepted) {
-  char** result = accepted ? makeStringResult(3) : nullptr;
-  if (!result)
+  if (!accepted)
     return;
   readProperty(&record);
-  result[0] = hostString(YString(record.flags).c_str());
-  result[1] = hostString(toQs(record.value));
-  result[2] = hostString(record.fontStyle.c_str());
+  TextVector result;
+  result.setNumber(Flags, record.flags);
+  result.set(Value, record.value);
+  result.set(FontStyle, record.fontStyle);
+  setTextsResult(result);
 }

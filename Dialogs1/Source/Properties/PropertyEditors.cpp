@@ -39,7 +39,7 @@ void editColour(QWidget* over, ListViewProperty* row) {
     row->setValue(QString::number(*colour));
 }
 
-void editFlagged(QWidget* over, ListViewProperty* row, const YArray<YString>& fontStyles) {
+void editFlagged(QWidget* over, ListViewProperty* row, const QStringList& fontStyles) {
   PropertyRecord property;
   property.value = toYs(row->rawValue);
   property.name = toYs(row->name());
@@ -65,7 +65,7 @@ void editChoice(QWidget* over, ListViewProperty* row) {
 
 } // namespace
 
-void editPropertyRow(QWidget* over, ListViewProperty* row, const YArray<YString>& fontStyles) {
+void editPropertyRow(QWidget* over, ListViewProperty* row, const QStringList& fontStyles) {
   switch (row->kind()) {
   case PropertyKind::Text:
     editText(over, row);
@@ -89,8 +89,7 @@ void editPropertyRow(QWidget* over, ListViewProperty* row, const YArray<YString>
   }
 }
 
-ListViewProperty* askForNewProperty(QWidget* over, int rowIndex,
-                                    const YArray<YString>& fontStyles) {
+ListViewProperty* askForNewProperty(QWidget* over, int rowIndex, const QStringList& fontStyles) {
   AddPropertyDialog dialog("AddPropertyDialog", over);
   dialog.prepareDialog(nullptr, UserString);
   PropertyRecord property;

@@ -206,24 +206,23 @@ void PWLDialog::readDialog(UserDataType, bool accepted) {
   if (symmetric)
     written = withMirrorImage(written);
 
-  QStringList texts;
-  texts.reserve(2 * written.size() + 5);
-  for (const PwlPoint& point : written)
-    texts << point.x << point.y;
+  TextVector result;
+  for (const PwlPoint& point : written) {
+    result.append(point.x);
+    result.append(point.y);
+  }
   if (repeatMode)
-    texts << (form.rbRepeatForever->isChecked() ? QStringLiteral("0")
-                                                : form.repetionPeriodEdit->text());
-  if (initialConditionMode != InitialCondition::None)
-    texts << flagWord(form.groupBoxInitialCondition->isChecked())
-          << form.initialConditionEdit->text();
+    result.append(form.rbRepeatForever->isChecked() ? QStringLiteral("0")
+                                                    : form.repetionPeriodEdit->text());
+  if (initialConditionMode != InitialCondition::None) {
+    result.append(flagWord(form.groupBoxInitialCondition->isChecked()));
+    result.append(form.initialConditionEdit->text());
+  }
   if (hasSourceIdle)
-    texts << flagWord(form.cbSourceIdle->isChecked());
+    result.append(flagWord(form.cbSourceIdle->isChecked()));
   if (!converterKind.isEmpty())
-    texts << writeConversionMemory(converterMemory);
-
-  if (char** slot = makeStringResult(texts.size()))
-    for (const QString& text : texts)
-      *slot++ = hostString(text);
+    result.append(writeConversionMemory(converterMemory));
+  setTextsResult(result);
 }
 
 void PWLDialog::accept() {
