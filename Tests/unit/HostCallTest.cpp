@@ -1,6 +1,8 @@
 // The host's side of a call: arguments, result memory, callbacks.
 
 #include "Call/HostCall.h"
+
+#include "Call/CallMemory.h"
 #include "HostSupport/System.h"
 
 #include <gtest/gtest.h>

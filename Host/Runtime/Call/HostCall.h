@@ -41,8 +41,3 @@ bool raiseWhenHandlerEnds(const QString& message);
 using HostFunction = std::function<CallResult(const std::vector<ScriptVector>&)>;
 void setHostFunction(const QString& name, HostFunction function); ///< an empty one withdraws it
 bool hasHostFunction(const QString& name);
-
-/// Failure injection for tests: the n-th host callback (string, real vector, string vector,
-/// function call) from now on gives null; all after it, too, when `andAllAfter`. 0 switches it off.
-/// Returns the callbacks since the last call.
-int failHostCallback(int n, bool andAllAfter = false);
