@@ -19,13 +19,8 @@ void checkArguments(const FunctionInfo& function, const std::vector<ScriptVector
 /// that leaves the handler becomes a `CallError` with its message.
 CallResult callHandler(const FunctionInfo& function, const std::vector<ScriptVector>& arguments);
 
-/// The words of a line. Double quotes keep blanks together; a doubled one inside stands for itself.
-/// A backslash is an ordinary character. Raises `CallError` where a quote is not closed.
-QStringList commandWords(const QString& line);
-
-/// Runs a command: the first word names it, the rest are its words. "RunBRENNIX" is the host's own
-/// (see `runSimulator`), all others are those of the table. Raises `CallError`.
-void runCommand(const FunctionTable& table, const QString& commandLine);
+/// Runs a command's handler likewise; `words` are those behind its name.
+void callCommand(const FunctionInfo& command, const QStringList& words);
 
 /// The exception that is being handled, in words: the message of a `KelvarinException` or a
 /// standard one, else what it is. To be called in a `catch`.

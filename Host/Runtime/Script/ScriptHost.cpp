@@ -6,6 +6,7 @@
 #include "HostSupportQt/Text.h"
 #include "Script/ScriptDialog.h"
 #include "Script/ScriptValues.h"
+#include "Services/Commands.h"
 #include "Services/HostFacts.h"
 
 #include <QClipboard>

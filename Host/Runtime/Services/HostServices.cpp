@@ -5,6 +5,7 @@
 #include "HostSupportQt/Paste.h"
 #include "HostSupportQt/Text.h"
 #include "Script/ScriptValues.h"
+#include "Services/Commands.h"
 #include "Services/Digitiser/Digitise.h"
 #include "Services/NumericFunctions.h"
 #include "frontend_dynexport.h"
