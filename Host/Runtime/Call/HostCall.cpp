@@ -1,9 +1,8 @@
 #include "Call/HostCall.h"
 
+#include "Call/HostFunctions.h"
 #include "Call/TypedCall.h"
 #include "HostSupport/System.h"
-
-#include <QHash>
 
 class ScpParseContext {};
 class FunctionRunTime {};
@@ -54,11 +53,6 @@ double* makeRealResult(UserFunctionInterface* call, int count, const char* /*phy
   return block ? block->store.make<double>(CallResult::Type::Real, count) : nullptr;
 }
 
-QHash<QString, HostFunction>& hostFunctions() {
-  static QHash<QString, HostFunction> functions;
-  return functions;
-}
-
 ScriptVector vectorOf(const UserArgument& argument) {
   ScriptVector vector;
   vector.type = argument.type;
@@ -103,7 +97,7 @@ ScriptVector vectorOf(const CallResult& result) {
 
 void runHostFunction(CallBlock* block, const char* name, const UserArgument* arguments, int count,
                      UserArgument* result) {
-  const HostFunction function = hostFunctions().value(fromUtf8(name));
+  const Provider function = hostFunction(fromUtf8(name));
   if (!function)
     throw CallError(QStringLiteral("the host has no such function"));
   if (count < 0 || count > mostOperands || (count > 0 && !arguments))
@@ -343,15 +337,4 @@ void callCommand(const FunctionInfo& command, const QStringList& words) {
     return command.commandHandler(static_cast<int>(texts.size()), argv.data(), messages,
                                   parseContext);
   });
-}
-
-void setHostFunction(const QString& name, HostFunction function) {
-  if (function)
-    hostFunctions().insert(name, std::move(function));
-  else
-    hostFunctions().remove(name);
-}
-
-bool hasHostFunction(const QString& name) {
-  return hostFunctions().contains(name);
 }

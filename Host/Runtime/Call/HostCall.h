@@ -2,8 +2,6 @@
 
 #include "Call/FunctionTable.h"
 
-#include <functional>
-
 /// "takes 1 to 2 arguments, none was given."; empty where the count is right.
 QString wrongArgumentCount(int least, int most, std::size_t count);
 
@@ -30,9 +28,3 @@ QString describeException();
 /// left the handler: for one that a driver has caught in an event of the handler's dialog. False
 /// where no handler runs.
 bool raiseWhenHandlerEnds(const QString& message);
-
-/// One of the host's vector functions ("interp", "integ", …), as a module calls it through the
-/// argument block. It raises `CallError`, which the module sees as a non-zero return.
-using HostFunction = std::function<CallResult(const std::vector<ScriptVector>&)>;
-void setHostFunction(const QString& name, HostFunction function); ///< an empty one withdraws it
-bool hasHostFunction(const QString& name);

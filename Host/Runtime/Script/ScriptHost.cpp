@@ -5,6 +5,7 @@
 #include "HostSupport/Options.h"
 #include "HostSupportQt/Text.h"
 #include "Script/ScriptDialog.h"
+#include "Script/ScriptProvider.h"
 #include "Script/ScriptValues.h"
 #include "Services/Commands.h"
 #include "Services/HostFacts.h"
@@ -165,8 +166,7 @@ template <class Action> auto ScriptHost::guarded(Action action) -> decltype(acti
 
 ScriptHost::ScriptHost(ScriptRunner* runner, FunctionTable* table, DialogDriver* driver,
                        QObject* parent)
-    : QObject(parent), m_runner(runner), m_table(table), m_driver(driver),
-      m_services(runner, table) {
+    : QObject(parent), m_runner(runner), m_table(table), m_driver(driver), m_services(table) {
   m_clock.start();
   QJSEngine* engine = runner->engine();
   QQmlEngine::setObjectOwnership(this, QQmlEngine::CppOwnership);
@@ -446,7 +446,19 @@ QJSValue ScriptHost::windows() {
 }
 
 void ScriptHost::provide(const QString& name, const QJSValue& function) {
-  guarded([&] { m_services.provide(name, function); });
+  guarded([&] {
+    const Service& service = HostServices::service(name);
+    if (function.isCallable())
+      m_services.provide(name, scriptProvider(m_runner, function, service));
+    else if (function.isNull())
+      m_services.withdraw(name);
+    else if (function.isUndefined())
+      m_services.restore(name);
+    else
+      throw CallError(QStringLiteral("host.provide: %1 takes a function, null or undefined, %2 was "
+                                     "given")
+                          .arg(name, describeValue(function)));
+  });
 }
 
 QJSValue ScriptHost::picking() const {

@@ -1,5 +1,6 @@
 #include "Services/NumericFunctions.h"
 
+#include "Call/HostCall.h"
 #include "Services/Numerics/CurveFit.h"
 
 #include <cmath>
@@ -152,7 +153,7 @@ CallResult pwlCurveFit(const std::vector<ScriptVector>& vectors) {
 
 } // namespace
 
-HostFunction numericFunction(const QString& name) {
+Provider numericFunction(const QString& name) {
   const struct {
     const char* name;
     CallResult (*function)(const std::vector<ScriptVector>&);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Call/HostCall.h"
+#include "Call/Provider.h"
 
 /// The host's own numeric functions: "interp", "YFromX", "integ" and "PWLCurveFit"; empty for any
 /// other name. Each refuses wrong arguments with a `CallError` that names the argument.
@@ -16,4 +16,4 @@
 /// interpolation is 1, linear. Where `points` is 0, [interval, offset] says where the points of
 /// "interp" are; else it plays no part. `kind` is any text: charge over voltage and flux linkage
 /// over current are fitted alike.
-HostFunction numericFunction(const QString& name);
+Provider numericFunction(const QString& name);
