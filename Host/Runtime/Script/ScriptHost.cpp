@@ -8,6 +8,7 @@
 #include "Script/ScriptProvider.h"
 #include "Script/ScriptValues.h"
 #include "Services/Commands.h"
+#include "Services/Entries/Schematic.h"
 #include "Services/HostFacts.h"
 
 #include <QClipboard>
@@ -461,9 +462,17 @@ void ScriptHost::provide(const QString& name, const QJSValue& function) {
   });
 }
 
+bool ScriptHost::hasSchematic() const {
+  return ::hasSchematic();
+}
+
+void ScriptHost::setHasSchematic(bool on) {
+  ::setHasSchematic(on);
+}
+
 QJSValue ScriptHost::picking() const {
   QVariantList values;
-  for (int value : m_services.picking())
+  for (int value : passedPicking())
     values.append(value);
   return m_runner->engine()->toScriptValue(values);
 }
@@ -471,6 +480,6 @@ QJSValue ScriptHost::picking() const {
 bool ScriptHost::paste(const QString& text) {
   return guarded([&] {
     emit moved();
-    return HostServices::paste(text);
+    return pasteText(text);
   });
 }

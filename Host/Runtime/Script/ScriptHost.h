@@ -64,8 +64,8 @@ public:
   Q_INVOKABLE QJSValue windows();
 
   Q_INVOKABLE void provide(const QString& name, const QJSValue& function);
-  Q_INVOKABLE bool hasSchematic() const { return m_services.hasSchematic(); }
-  Q_INVOKABLE void setHasSchematic(bool on) { m_services.setHasSchematic(on); }
+  Q_INVOKABLE bool hasSchematic() const;
+  Q_INVOKABLE void setHasSchematic(bool on);
   Q_INVOKABLE QJSValue picking() const;
   Q_INVOKABLE bool paste(const QString& text);
 

@@ -3,8 +3,6 @@
 #include "Call/FunctionTable.h"
 #include "Services/Service.h"
 
-#include <QVector>
-
 /// What the host serves to modules, and who serves it in the host's place: cross-module entries,
 /// host functions, the schematic.
 ///
@@ -21,15 +19,8 @@ public:
   /// Raises `CallError` for an unknown name.
   static const Service& service(const QString& name);
 
-  // All three raise `CallError` for an unknown name, or where there is nothing to provide yet.
+  // They raise `CallError` for an unknown name, the first two also for what is not served yet.
   void provide(const QString& name, Provider provider); ///< serves it from now on
   void withdraw(const QString& name);                   ///< nobody does: an entry is unresolved
   void restore(const QString& name);                    ///< the host's own does, if there is one
-
-  bool hasSchematic() const;
-  void setHasSchematic(bool on);
-  QVector<int> picking() const; ///< the values that modules passed, in order
-
-  /// Hands the text to the installed paste object; false when none is installed.
-  static bool paste(const QString& text);
 };

@@ -1,4 +1,4 @@
-#include "Services/EntryCall.h"
+#include "Services/Entries/EntryCall.h"
 
 #include <QHash>
 
@@ -47,6 +47,10 @@ CallResult askForCurve(const char* entry, const std::vector<ScriptVector>& argum
   return answer;
 }
 
-ScriptVector textVector(const YString& text) {
-  return ScriptVector::ofStrings({toQs(text).toUtf8()});
+std::vector<ScriptVector> textArgument(const YString& text) {
+  return {ScriptVector::ofStrings({toQs(text).toUtf8()})};
+}
+
+QString textOf(const std::vector<ScriptVector>& arguments) {
+  return QString::fromUtf8(arguments.at(0).strings.at(0));
 }

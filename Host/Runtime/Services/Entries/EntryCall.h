@@ -18,7 +18,9 @@ YString askForText(const char* entry, const std::vector<ScriptVector>& arguments
 /// With as many x as y; none where the provider gives none.
 CallResult askForCurve(const char* entry, const std::vector<ScriptVector>& arguments);
 
-ScriptVector textVector(const YString& text);
+/// A text as the one argument of a provider, and back.
+std::vector<ScriptVector> textArgument(const YString& text);
+QString textOf(const std::vector<ScriptVector>& arguments);
 
 /// Modules know one exception type, so an entry raises no other.
 template <class Action> auto asEntry(Action action) -> decltype(action()) {
