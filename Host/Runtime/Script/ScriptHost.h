@@ -14,7 +14,7 @@
 class DialogDriver;
 
 /// What stands behind `host`, `print`, `include`, `command` and the functions of the table: the
-/// script code in ScriptHost.cpp gives them their form and calls the operations here. Their faults
+/// script code in ScriptHost.js gives them their form and calls the operations here. Their faults
 /// become script exceptions.
 class ScriptHost : public QObject {
   Q_OBJECT
