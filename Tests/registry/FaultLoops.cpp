@@ -1,5 +1,6 @@
 #include "TestHost.h"
 
+#include "Call/CallMemory.h"
 #include "HostSupport/Options.h"
 #include "HostSupport/System.h"
 

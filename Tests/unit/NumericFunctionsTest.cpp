@@ -1,6 +1,6 @@
 // What the host's numeric functions refuse, and with which words.
 
-#include "Services/NumericFunctions.h"
+#include "Services/HostServices.h"
 
 #include <gtest/gtest.h>
 
@@ -25,7 +25,7 @@ const ScriptVector line = curve({1, 2}, {0, 1});
 const ScriptVector text = ScriptVector::ofStrings({"capacitor"});
 
 CallResult call(const char* name, const std::vector<ScriptVector>& arguments) {
-  return numericFunction(QString::fromLatin1(name))(arguments);
+  return HostServices::service(QString::fromLatin1(name)).own(arguments);
 }
 
 } // namespace
@@ -107,5 +107,4 @@ TEST(NumericFunctions, takesWhatDialogsPass) {
   EXPECT_EQ(call("PWLCurveFit", {curve({0, 1, 5}, {0, 1, 2}), reals({1.9})}).reals,
             (std::vector<double>{0, 5}));
   EXPECT_EQ(call("PWLCurveFit", {line, reals({1e9})}).reals, line.reals);
-  EXPECT_FALSE(numericFunction(QStringLiteral("extrapolate")));
 }

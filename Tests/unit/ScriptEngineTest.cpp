@@ -285,7 +285,7 @@ TEST_F(ScriptEngineTest, runsCommandsForModules) {
   EXPECT_NE(asked("RunBRENNIX"), "");
 
   run("var seen = []; host.provide('dyn_RunCommand', c => { seen.push(c); if (c === 'bad') throw "
-      "new Error('no ' + c) })");
+      "new Error('no ' + c); return {} })"); // what it gives is nobody's affair
   EXPECT_EQ(asked("Nobody \xc3\xa9"), "");
   EXPECT_EQ(asked("bad"), "no bad");
   EXPECT_EQ(run("seen"), "[\"Nobody \xc3\xa9\",\"bad\"]");

@@ -2,9 +2,9 @@
 
 #include "Services/Simulator.h"
 
-#include "Call/HostCall.h"
 #include "HostSupport/Options.h"
 #include "HostSupportQt/Text.h"
+#include "Services/Commands.h"
 #include "SettingsFixture.h"
 
 #include <QCoreApplication>

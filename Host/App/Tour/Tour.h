@@ -2,21 +2,13 @@
 
 #include "CommandLine.h"
 #include "Palettes.h"
-#include "Samples.h"
+#include "Tour/TourPage.h"
 
 #include <QStringList>
 
 class DialogDriver;
 class FunctionTable;
 class QWidget;
-
-/// What came of one sample.
-struct TourEntry {
-  Sample sample;
-  QString result;       ///< as JSON
-  QStringList faults;   ///< empty where all went well
-  QStringList pictures; ///< base names: "NAME", "NAME-2", …; each palette and scale adds its mark
-};
 
 /// Opens samples one after the other, takes pictures of their dialogs and accepts these.
 class Tour {

@@ -1,7 +1,5 @@
 #include "Tour/TourPage.h"
 
-#include "Tour/Tour.h"
-
 #include <QCoreApplication>
 #include <QFile>
 #include <QImageReader>

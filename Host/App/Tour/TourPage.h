@@ -1,9 +1,17 @@
 #pragma once
 
-#include <QString>
+#include "Samples.h"
+
+#include <QStringList>
 #include <QVector>
 
-struct TourEntry;
+/// What came of one sample.
+struct TourEntry {
+  Sample sample;
+  QString result;       ///< as JSON
+  QStringList faults;   ///< empty where all went well
+  QStringList pictures; ///< base names: "NAME", "NAME-2", …; each palette and scale adds its mark
+};
 
 /// Marks at the end of a picture's file name.
 QString pictureFile(const QString& baseName, bool dark, int scale);

@@ -1,11 +1,11 @@
 #include "Workbench/HelpWindow.h"
 
-#include "HelpPages.h"
 #include "HostSupportQt/Geometry.h"
 #include "HostSupportQt/Text.h"
 #include "Services/HostFacts.h"
 #include "Workbench/FindBar.h"
 #include "Workbench/Glyphs.h"
+#include "Workbench/HelpPages.h"
 #include "Workbench/MarkdownView.h"
 
 #include <QAction>

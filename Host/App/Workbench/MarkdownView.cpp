@@ -1,7 +1,7 @@
 #include "Workbench/MarkdownView.h"
 
-#include "HelpPages.h"
 #include "Palettes.h"
+#include "Workbench/HelpPages.h"
 
 #include <QDesktopServices>
 #include <QEvent>

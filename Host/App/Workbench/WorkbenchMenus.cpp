@@ -1,10 +1,10 @@
 #include "Workbench/WorkbenchMenus.h"
 
-#include "HelpPages.h"
 #include "Workbench/ConsoleView.h"
 #include "Workbench/FindBar.h"
 #include "Workbench/FunctionTree.h"
 #include "Workbench/Glyphs.h"
+#include "Workbench/HelpPages.h"
 #include "Workbench/HelpWindow.h"
 #include "Workbench/HistoryView.h"
 #include "Workbench/MessageLog.h"

@@ -1,9 +1,8 @@
 #include "Call/CallMemory.h"
 
-#include "Call/HostCall.h"
-
 #include <cstring>
 #include <unordered_set>
+#include <utility>
 
 namespace {
 

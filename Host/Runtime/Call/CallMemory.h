@@ -10,8 +10,12 @@
 
 constexpr int longestVector = 100'000'000;
 
-/// Counts one host callback; true where a test wants it to fail (`failHostCallback`).
+/// Counts one host callback; true where a test wants it to fail.
 bool hostCallbackFails();
+/// Failure injection for tests: the n-th host callback (string, real vector, string vector,
+/// function call) from now on gives null; all after it, too, when `andAllAfter`. 0 switches it off.
+/// Returns the callbacks since the last call.
+int failHostCallback(int n, bool andAllAfter = false);
 
 /// The host's copy of a text for a result slot; null where there is no memory. Copies that stand in
 /// no slot live until `freeIssuedStrings`: until the outermost call ends any call may place them.

@@ -1,10 +1,8 @@
 #include "Call/HostCall.h"
 
+#include "Call/HostFunctions.h"
 #include "Call/TypedCall.h"
 #include "HostSupport/System.h"
-#include "Services/Simulator.h"
-
-#include <QHash>
 
 class ScpParseContext {};
 class FunctionRunTime {};
@@ -14,8 +12,6 @@ namespace {
 /// Each level holds a dialog and its event loop on the stack.
 constexpr int deepestNesting = 64;
 constexpr int mostOperands = 64;
-/// The one command that is the host's own.
-constexpr QLatin1String simulatorCommand("RunBRENNIX");
 
 QString fromUtf8(const char* text) {
   return QString::fromUtf8(text);
@@ -55,11 +51,6 @@ char** makeStringResult(UserFunctionInterface* call, int count) {
 double* makeRealResult(UserFunctionInterface* call, int count, const char* /*physicalType*/) {
   CallBlock* block = CallBlock::of(call);
   return block ? block->store.make<double>(CallResult::Type::Real, count) : nullptr;
-}
-
-QHash<QString, HostFunction>& hostFunctions() {
-  static QHash<QString, HostFunction> functions;
-  return functions;
 }
 
 ScriptVector vectorOf(const UserArgument& argument) {
@@ -106,7 +97,7 @@ ScriptVector vectorOf(const CallResult& result) {
 
 void runHostFunction(CallBlock* block, const char* name, const UserArgument* arguments, int count,
                      UserArgument* result) {
-  const HostFunction function = hostFunctions().value(fromUtf8(name));
+  const Provider function = hostFunction(fromUtf8(name));
   if (!function)
     throw CallError(QStringLiteral("the host has no such function"));
   if (count < 0 || count > mostOperands || (count > 0 && !arguments))
@@ -252,37 +243,6 @@ QString givenName(UserDataType type) {
 
 } // namespace
 
-QStringList commandWords(const QString& line) {
-  const QChar quote = QLatin1Char('"');
-  QStringList words;
-  QString word;
-  bool inWord = false;
-  bool quoted = false;
-  for (int i = 0; i < line.size(); ++i) {
-    const QChar c = line.at(i);
-    if (c == quote && quoted && i + 1 < line.size() && line.at(i + 1) == quote) {
-      word += quote;
-      ++i;
-    } else if (c == quote) {
-      quoted = !quoted;
-      inWord = true;
-    } else if (c.isSpace() && !quoted) {
-      if (inWord)
-        words.append(word);
-      word.clear();
-      inWord = false;
-    } else {
-      word += c;
-      inWord = true;
-    }
-  }
-  if (quoted)
-    throw CallError(QStringLiteral("command: a quote is not closed: %1").arg(line.simplified()));
-  if (inWord)
-    words.append(word);
-  return words;
-}
-
 bool raiseWhenHandlerEnds(const QString& message) {
   if (!Nesting::innermost)
     return false;
@@ -364,44 +324,17 @@ CallResult callHandler(const FunctionInfo& function, const std::vector<ScriptVec
   return result;
 }
 
-void runCommand(const FunctionTable& table, const QString& commandLine) {
-  const QStringList words = commandWords(commandLine);
-  if (words.isEmpty())
-    throw CallError(QStringLiteral("command: no command was named"));
-  if (words.first() == simulatorCommand) {
-    runSimulator(words.mid(1));
-    return;
-  }
-  const FunctionInfo* info = table.find(words.first());
-  if (!info || info->kind != FunctionInfo::Kind::Command) {
-    QStringList known{simulatorCommand};
-    for (const FunctionInfo& function : table.functions())
-      if (function.kind == FunctionInfo::Kind::Command)
-        known.append(function.name);
-    throw CallError(QStringLiteral("%1: there is no such command; there are: %2")
-                        .arg(words.first(), known.join(QStringLiteral(", "))));
-  }
+void callCommand(const FunctionInfo& command, const QStringList& words) {
   std::vector<QByteArray> texts;
-  for (int i = 1; i < words.size(); ++i)
-    texts.push_back(words.at(i).toUtf8());
+  for (const QString& word : words)
+    texts.push_back(word.toUtf8());
   HandlerStrings packed(texts);
   std::vector<char*> argv(packed.data(), packed.data() + packed.count());
   argv.push_back(nullptr); // as C programs expect it
-  const Nesting nesting(info->name);
-  YRef<MessageHandler> messages(new ReportingMessages(info->name));
-  runGuarded(info->name, [&] {
-    return info->commandHandler(static_cast<int>(texts.size()), argv.data(), messages,
-                                parseContext);
+  const Nesting nesting(command.name);
+  YRef<MessageHandler> messages(new ReportingMessages(command.name));
+  runGuarded(command.name, [&] {
+    return command.commandHandler(static_cast<int>(texts.size()), argv.data(), messages,
+                                  parseContext);
   });
-}
-
-void setHostFunction(const QString& name, HostFunction function) {
-  if (function)
-    hostFunctions().insert(name, std::move(function));
-  else
-    hostFunctions().remove(name);
-}
-
-bool hasHostFunction(const QString& name) {
-  return hostFunctions().contains(name);
 }

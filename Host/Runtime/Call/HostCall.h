@@ -2,8 +2,6 @@
 
 #include "Call/FunctionTable.h"
 
-#include <functional>
-
 /// "takes 1 to 2 arguments, none was given."; empty where the count is right.
 QString wrongArgumentCount(int least, int most, std::size_t count);
 
@@ -19,13 +17,8 @@ void checkArguments(const FunctionInfo& function, const std::vector<ScriptVector
 /// that leaves the handler becomes a `CallError` with its message.
 CallResult callHandler(const FunctionInfo& function, const std::vector<ScriptVector>& arguments);
 
-/// The words of a line. Double quotes keep blanks together; a doubled one inside stands for itself.
-/// A backslash is an ordinary character. Raises `CallError` where a quote is not closed.
-QStringList commandWords(const QString& line);
-
-/// Runs a command: the first word names it, the rest are its words. "RunBRENNIX" is the host's own
-/// (see `runSimulator`), all others are those of the table. Raises `CallError`.
-void runCommand(const FunctionTable& table, const QString& commandLine);
+/// Runs a command's handler likewise; `words` are those behind its name.
+void callCommand(const FunctionInfo& command, const QStringList& words);
 
 /// The exception that is being handled, in words: the message of a `KelvarinException` or a
 /// standard one, else what it is. To be called in a `catch`.
@@ -35,14 +28,3 @@ QString describeException();
 /// left the handler: for one that a driver has caught in an event of the handler's dialog. False
 /// where no handler runs.
 bool raiseWhenHandlerEnds(const QString& message);
-
-/// One of the host's vector functions ("interp", "integ", …), as a module calls it through the
-/// argument block. It raises `CallError`, which the module sees as a non-zero return.
-using HostFunction = std::function<CallResult(const std::vector<ScriptVector>&)>;
-void setHostFunction(const QString& name, HostFunction function); ///< an empty one withdraws it
-bool hasHostFunction(const QString& name);
-
-/// Failure injection for tests: the n-th host callback (string, real vector, string vector,
-/// function call) from now on gives null; all after it, too, when `andAllAfter`. 0 switches it off.
-/// Returns the callbacks since the last call.
-int failHostCallback(int n, bool andAllAfter = false);

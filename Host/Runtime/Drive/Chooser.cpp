@@ -2,7 +2,7 @@
 
 #include "Drive/DriveError.h"
 #include "Drive/InputPlayer.h"
-#include "Drive/ItemCells.h"
+#include "Drive/ItemInput.h"
 #include "Drive/WidgetFinder.h"
 #include "Drive/WidgetValues.h"
 
@@ -42,7 +42,7 @@ void pickColour(QColorDialog* dialog, const QString& colour) {
 /// Clicks the row of a list that satisfies the condition.
 template <typename Condition>
 void pickRow(QListView* list, const QString& what, Condition isWanted) {
-  ItemCells cells(list);
+  ItemInput cells(list);
   const QStringList texts = cells.items();
   for (int row = 0; row < texts.size(); ++row)
     if (isWanted(texts.at(row))) {

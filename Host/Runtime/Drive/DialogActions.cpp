@@ -3,7 +3,7 @@
 #include "Drive/Chooser.h"
 #include "Drive/DialogDriver.h"
 #include "Drive/InputPlayer.h"
-#include "Drive/ItemCells.h"
+#include "Drive/ItemInput.h"
 #include "Drive/WidgetFinder.h"
 #include "Drive/WidgetValues.h"
 
@@ -246,7 +246,7 @@ void DialogActions::click(const QString& widget, int row, int column) {
     if (row < 0)
       InputPlayer::click(found);
     else
-      ItemCells::of(found).click(row, column);
+      ItemInput::of(found).click(row, column);
   });
 }
 
@@ -256,7 +256,7 @@ void DialogActions::doubleClick(const QString& widget, int row, int column) {
     if (row < 0)
       InputPlayer::click(found, true);
     else
-      ItemCells::of(found).click(row, column, true);
+      ItemInput::of(found).click(row, column, true);
   });
 }
 
@@ -297,7 +297,7 @@ void DialogActions::set(const QString& widget, const QVariant& value) {
 }
 
 void DialogActions::choose(const QString& widget, const QVariantList& rows) {
-  act(m_dialog, described("choose", widget), [&] { ItemCells::of(usable(widget)).choose(rows); });
+  act(m_dialog, described("choose", widget), [&] { ItemInput::of(usable(widget)).choose(rows); });
 }
 
 void DialogActions::pick(const QVariant& value) {
@@ -317,7 +317,7 @@ void DialogActions::setCurrent(const QString& widget, int row, int column) {
     if (qobject_cast<QComboBox*>(found))
       pickEntry(found, row);
     else
-      ItemCells::of(found).click(row, column);
+      ItemInput::of(found).click(row, column);
   });
 }
 
@@ -327,7 +327,7 @@ QString DialogActions::cell(const QString& widget, int row, int column) const {
 
 void DialogActions::setCell(const QString& widget, int row, int column, const QVariant& value) {
   act(m_dialog, described("cell", widget),
-      [&] { ItemCells::of(usable(widget)).set(row, column, value); });
+      [&] { ItemInput::of(usable(widget)).set(row, column, value); });
 }
 
 QVariantMap DialogActions::cellInfo(const QString& widget, int row, int column) const {

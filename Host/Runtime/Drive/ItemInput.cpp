@@ -1,6 +1,7 @@
+#include "Drive/ItemInput.h"
+
 #include "Drive/DriveError.h"
 #include "Drive/InputPlayer.h"
-#include "Drive/ItemCells.h"
 #include "Drive/WidgetFinder.h"
 #include "Drive/WidgetValues.h"
 
@@ -15,8 +16,6 @@
 #include <QTextEdit>
 
 #include <algorithm>
-
-// The acting half of ItemCells: mouse and keyboard on the cells of an item view.
 
 namespace {
 
@@ -49,7 +48,7 @@ QWidget* editorOf(const QAbstractItemView* view) {
 
 } // namespace
 
-void ItemCells::clickIndex(const QModelIndex& index, bool twice, Qt::KeyboardModifiers modifiers) {
+void ItemInput::clickIndex(const QModelIndex& index, bool twice, Qt::KeyboardModifiers modifiers) {
   const QString place = QStringLiteral("cell %1, %2 of %3")
                             .arg(rowOf(index))
                             .arg(index.column())
@@ -67,16 +66,16 @@ void ItemCells::clickIndex(const QModelIndex& index, bool twice, Qt::KeyboardMod
   requireView();
 }
 
-void ItemCells::requireView() const {
+void ItemInput::requireView() const {
   if (!m_view)
     throw DriveError(QStringLiteral("the view is gone after the click on it"));
 }
 
-void ItemCells::click(int row, int column, bool twice, Qt::KeyboardModifiers modifiers) {
+void ItemInput::click(int row, int column, bool twice, Qt::KeyboardModifiers modifiers) {
   clickIndex(index(row, column), twice, modifiers);
 }
 
-QWidget* ItemCells::openEditor(const QModelIndex& index) {
+QWidget* ItemInput::openEditor(const QModelIndex& index) {
   if (!(index.flags() & Qt::ItemIsEditable))
     throw DriveError(QStringLiteral("cell %1, %2 of %3 is not editable")
                          .arg(rowOf(index))
@@ -98,7 +97,7 @@ QWidget* ItemCells::openEditor(const QModelIndex& index) {
                        .arg(describeWidget(m_view)));
 }
 
-void ItemCells::edit(int row, int column, const QString& text) {
+void ItemInput::edit(int row, int column, const QString& text) {
   const QPersistentModelIndex cell = index(row, column);
   const QPointer<QWidget> editor = openEditor(cell);
   const QPointer<QWidget> view = m_view.data();
@@ -117,7 +116,7 @@ void ItemCells::edit(int row, int column, const QString& text) {
   InputPlayer::settle();
 }
 
-void ItemCells::check(int row, int column, bool on) {
+void ItemInput::check(int row, int column, bool on) {
   const QPersistentModelIndex cell = index(row, column);
   if (!(cell.flags() & Qt::ItemIsUserCheckable) || !cell.data(Qt::CheckStateRole).isValid())
     throw DriveError(QStringLiteral("cell %1, %2 of %3 has no check box")
@@ -145,7 +144,7 @@ void ItemCells::check(int row, int column, bool on) {
                          .arg(describeWidget(m_view)));
 }
 
-void ItemCells::set(int row, int column, const QVariant& value) {
+void ItemInput::set(int row, int column, const QVariant& value) {
   if (editorOf(m_view)) { // a click elsewhere ends the edit that is open
     m_view->setFocus(Qt::MouseFocusReason);
     InputPlayer::settle();
@@ -165,7 +164,7 @@ void ItemCells::set(int row, int column, const QVariant& value) {
 }
 
 /// The first cell of a row that a click can select by.
-QModelIndex ItemCells::clickableCell(const QModelIndex& row) const {
+QModelIndex ItemInput::clickableCell(const QModelIndex& row) const {
   for (int column = 0; column < columns(); ++column) {
     const QModelIndex cell = columns() == 1 ? row : row.sibling(row.row(), column);
     if (!isHidden(cell) && !m_view->indexWidget(cell))
@@ -176,7 +175,7 @@ QModelIndex ItemCells::clickableCell(const QModelIndex& row) const {
                        .arg(describeWidget(m_view)));
 }
 
-QModelIndexList ItemCells::chosenCells(const QVariantList& rows, bool* areCells) const {
+QModelIndexList ItemInput::chosenCells(const QVariantList& rows, bool* areCells) const {
   QModelIndexList cells;
   *areCells = false;
   for (const QVariant& row : rows) {
@@ -194,7 +193,7 @@ QModelIndexList ItemCells::chosenCells(const QVariantList& rows, bool* areCells)
 }
 
 /// Cells in a form that compares: rows stand for their first cell, in order, each once.
-std::vector<QModelIndex> ItemCells::comparable(const QModelIndexList& cells, bool areCells) const {
+std::vector<QModelIndex> ItemInput::comparable(const QModelIndexList& cells, bool areCells) const {
   std::vector<QModelIndex> keys;
   for (const QModelIndex& cell : cells)
     keys.push_back(areCells || columns() == 1 ? cell : cell.sibling(cell.row(), 0));
@@ -203,7 +202,7 @@ std::vector<QModelIndex> ItemCells::comparable(const QModelIndexList& cells, boo
   return keys;
 }
 
-void ItemCells::choose(const QVariantList& rows) {
+void ItemInput::choose(const QVariantList& rows) {
   bool areCells = false;
   const QModelIndexList wanted = chosenCells(rows, &areCells);
   const auto mode = m_view->selectionMode();

@@ -4,8 +4,12 @@
 #include "Drive/DialogDriver.h"
 #include "HostSupport/Options.h"
 #include "HostSupportQt/Text.h"
+#include "Script/HostScript.h"
 #include "Script/ScriptDialog.h"
+#include "Script/ScriptProvider.h"
 #include "Script/ScriptValues.h"
+#include "Services/Commands.h"
+#include "Services/Entries/Schematic.h"
 #include "Services/HostFacts.h"
 
 #include <QClipboard>
@@ -23,95 +27,6 @@ namespace {
 constexpr int deepestInclude = 64;
 constexpr int longestWait = 24 * 60 * 60 * 1000; // ms
 constexpr int interruptPoll = 50;                // ms
-
-QString source() {
-  return QStringLiteral(R"js(
-(function (global, bridge) {
-  "use strict";
-
-  function text(value, call, what) {
-    if (typeof value !== "string")
-      throw new TypeError(call + ": " + what + " must be a text, " + bridge.toText(value) +
-                          " was given");
-    return value;
-  }
-
-  function settle(outcome) {
-    if (!outcome.ok)
-      throw outcome.value;
-    return outcome.value;
-  }
-
-  function later(name) {
-    return function () { throw new Error("host." + name + " is not served by this host yet"); };
-  }
-
-  const host = {
-    call(name, ...args) { return bridge.callDetailed(text(name, "host.call", "the name"), args); },
-    option(key, value) { return bridge.option(text(key, "host.option", "the key"), value); },
-    config(section, key, value) {
-      return bridge.config(text(section, "host.config", "the section"),
-                           text(key, "host.config", "the key"), value);
-    },
-    readFile(path) { return bridge.readFile(text(path, "host.readFile", "the path")); },
-    writeFile(path, content) {
-      bridge.writeFile(text(path, "host.writeFile", "the path"),
-                       text(content, "host.writeFile", "the content"));
-    },
-    exists(path) { return bridge.exists(text(path, "host.exists", "the path")); },
-    clipboard(content) {
-      if (content !== undefined)
-        bridge.setClipboard(text(content, "host.clipboard", "the content"));
-      return bridge.clipboard();
-    },
-    wait(ms) { bridge.wait(typeof ms === "number" ? ms : NaN); },
-    now() { return bridge.now(); },
-    tempDir() { return bridge.tempDir(); },
-    functions() { return bridge.functions(); },
-    helpRequests() { return bridge.helpRequests(); },
-    system(key, value) {
-      text(key, "host.system", "the key");
-      if (value !== undefined)
-        bridge.setSystem(key, value);
-      return bridge.system(key);
-    },
-    onDialog(handler) {
-      if (typeof handler !== "function")
-        throw new TypeError("host.onDialog: the handler must be a function, " +
-                            bridge.toText(handler) + " was given");
-      bridge.onDialog(handler);
-    },
-    windows() { return bridge.windows(); },
-    provide(name, fn) { bridge.provide(text(name, "host.provide", "the name"), fn); },
-    paste(content) { return bridge.paste(text(content, "host.paste", "the content")); },
-    schematic: {
-      get hasCurrent() { return bridge.hasSchematic(); },
-      set hasCurrent(on) { bridge.setHasSchematic(!!on); },
-      get picking() { return bridge.picking(); },
-    },
-    graphs: later("graphs"),
-    analysis: later("analysis"),
-    openAnalysis: later("openAnalysis"),
-    symbolFileDialog: later("symbolFileDialog"),
-    get args() { return bridge.args(); },
-  };
-
-  global.host = host;
-  global.command = function command(line) { bridge.command(text(line, "command", "the line")); };
-  global.print = function print(...values) {
-    bridge.print(values.map(v => typeof v === "string" ? v : bridge.toText(v)).join(" "));
-  };
-  global.include = function include(file) {
-    return settle(bridge.include(text(file, "include", "the file"), new Error().stack));
-  };
-
-  return function define(name) {
-    if (["host", "command", "print", "include", "check", "equal", "near"].indexOf(name) < 0)
-      global[name] = function (...args) { return bridge.call(name, args); };
-  };
-})
-)js");
-}
 
 QVariant factFromScript(const QJSValue& value) {
   if (value.isNull())
@@ -164,14 +79,11 @@ template <class Action> auto ScriptHost::guarded(Action action) -> decltype(acti
 
 ScriptHost::ScriptHost(ScriptRunner* runner, FunctionTable* table, DialogDriver* driver,
                        QObject* parent)
-    : QObject(parent), m_runner(runner), m_table(table), m_driver(driver),
-      m_services(runner, table) {
+    : QObject(parent), m_runner(runner), m_table(table), m_driver(driver), m_services(table) {
   m_clock.start();
   QJSEngine* engine = runner->engine();
   QQmlEngine::setObjectOwnership(this, QQmlEngine::CppOwnership);
-  m_define = engine->evaluate(source(), hostScriptName())
-                 .call({engine->globalObject(), engine->newQObject(this)});
-  Q_ASSERT_X(m_define.isCallable(), "ScriptHost", qPrintable(m_define.toString()));
+  m_define = runHostScript(engine, QStringLiteral("ScriptHost"), engine->newQObject(this));
   defineFunctions();
 }
 
@@ -445,12 +357,32 @@ QJSValue ScriptHost::windows() {
 }
 
 void ScriptHost::provide(const QString& name, const QJSValue& function) {
-  guarded([&] { m_services.provide(name, function); });
+  guarded([&] {
+    const Service& service = HostServices::service(name);
+    if (function.isCallable())
+      m_services.provide(name, scriptProvider(m_runner, function, service));
+    else if (function.isNull())
+      m_services.withdraw(name);
+    else if (function.isUndefined())
+      m_services.restore(name);
+    else
+      throw CallError(QStringLiteral("host.provide: %1 takes a function, null or undefined, %2 was "
+                                     "given")
+                          .arg(name, describeValue(function)));
+  });
+}
+
+bool ScriptHost::hasSchematic() const {
+  return ::hasSchematic();
+}
+
+void ScriptHost::setHasSchematic(bool on) {
+  ::setHasSchematic(on);
 }
 
 QJSValue ScriptHost::picking() const {
   QVariantList values;
-  for (int value : m_services.picking())
+  for (int value : passedPicking())
     values.append(value);
   return m_runner->engine()->toScriptValue(values);
 }
@@ -458,6 +390,6 @@ QJSValue ScriptHost::picking() const {
 bool ScriptHost::paste(const QString& text) {
   return guarded([&] {
     emit moved();
-    return HostServices::paste(text);
+    return pasteText(text);
   });
 }

@@ -14,7 +14,7 @@
 class DialogDriver;
 
 /// What stands behind `host`, `print`, `include`, `command` and the functions of the table: the
-/// script code in ScriptHost.cpp gives them their form and calls the operations here. Their faults
+/// script code in ScriptHost.js gives them their form and calls the operations here. Their faults
 /// become script exceptions.
 class ScriptHost : public QObject {
   Q_OBJECT
@@ -64,8 +64,8 @@ public:
   Q_INVOKABLE QJSValue windows();
 
   Q_INVOKABLE void provide(const QString& name, const QJSValue& function);
-  Q_INVOKABLE bool hasSchematic() const { return m_services.hasSchematic(); }
-  Q_INVOKABLE void setHasSchematic(bool on) { m_services.setHasSchematic(on); }
+  Q_INVOKABLE bool hasSchematic() const;
+  Q_INVOKABLE void setHasSchematic(bool on);
   Q_INVOKABLE QJSValue picking() const;
   Q_INVOKABLE bool paste(const QString& text);
 

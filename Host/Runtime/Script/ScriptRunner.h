@@ -38,9 +38,6 @@ private:
   QJSValue m_toText;
 };
 
-/// Where the host's own script code says it comes from.
-QString hostScriptName();
-
 ScriptFault describeFault(const QJSValue& thrown);
 
 /// The place of the innermost frame that is not the host's, out of an error's `stack`.

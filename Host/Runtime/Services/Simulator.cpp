@@ -1,6 +1,7 @@
 #include "Services/Simulator.h"
 
-#include "Call/HostCall.h"
+#include "Call/CommandWords.h"
+#include "Call/ScriptVector.h"
 #include "HostSupport/Numbers.h"
 #include "HostSupport/Options.h"
 #include "HostSupportQt/Text.h"

@@ -1,4 +1,4 @@
-#include "HelpPages.h"
+#include "Workbench/HelpPages.h"
 
 #include "Paths.h"
 

@@ -1,0 +1,58 @@
+#include "Script/ScriptProvider.h"
+
+#include "Script/ScriptValues.h"
+
+namespace {
+
+QJSValueList argumentsOf(QJSEngine* engine, const Service& service,
+                         const std::vector<ScriptVector>& arguments) {
+  QJSValueList values;
+  for (const ScriptVector& vector : arguments)
+    values.append(vectorToScript(engine, vector));
+  if (service.isEntry())
+    return values;
+  QJSValue list = engine->newArray(static_cast<uint>(values.size()));
+  for (int i = 0; i < values.size(); ++i)
+    list.setProperty(static_cast<quint32>(i), values.at(i));
+  return {list};
+}
+
+CallResult answerOf(const QJSValue& value, const Service& service) {
+  const QString name = QLatin1String(service.name);
+  const auto require = [&](bool isGiven, const char* expected) {
+    if (!isGiven)
+      throw CallError(QStringLiteral("%1: the script must give %2, it gave %3")
+                          .arg(name, QLatin1String(expected), describeValue(value)));
+  };
+  switch (service.answer) {
+  case Service::Answer::Nothing:
+    return {};
+  case Service::Answer::Number:
+    require(value.isNumber(), "a number");
+    break;
+  case Service::Answer::Text:
+    require(value.isString(), "a text");
+    break;
+  case Service::Answer::Curve:
+  case Service::Answer::Any:
+    break;
+  }
+  const QString what = service.isEntry() ? QStringLiteral("%1: the answer").arg(name)
+                                         : QStringLiteral("%1: the result").arg(name);
+  CallResult answer = resultFromScript(value, what);
+  if (service.answer == Service::Answer::Curve)
+    require(answer.reals.size() == answer.references.size(), "{x, y} or null");
+  return answer;
+}
+
+} // namespace
+
+Provider scriptProvider(ScriptRunner* runner, const QJSValue& function, const Service& service) {
+  return [runner, function, service](const std::vector<ScriptVector>& arguments) {
+    const ScriptOutcome outcome =
+        runner->call(function, argumentsOf(runner->engine(), service, arguments));
+    if (!outcome.ok)
+      throw CallError(describeFault(outcome.value).message);
+    return answerOf(outcome.value, service);
+  };
+}

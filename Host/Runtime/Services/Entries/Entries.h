@@ -1,0 +1,23 @@
+#pragma once
+
+#include "Call/Provider.h"
+#include "frontend_dynexport.h"
+#include "graphimagecapture_dynexport.h"
+#include "schematic_dynexport.h"
+#include "vecdll_dynexport.h"
+
+// The entries that this host serves, one file each: the C function behind it, which asks the
+// provider, and the host's own provider where there is one.
+
+double evaluateExpressionEntry(const YString& expression);
+
+YString evaluateStringExpressionEntry(const YString& expression);
+
+GlobalSchematicInterface* globalSchematicInterfaceEntry();
+
+void runCommandEntry(const YString& command, std::uint32_t hash);
+CallResult ownRunCommand(const std::vector<ScriptVector>& arguments);
+
+bool graphImageCaptureEntry(const GraphImageCaptureRecord& input, GraphImageCaptureRecord* output,
+                            KvVector<double>* x, KvVector<double>* y);
+CallResult ownGraphImageCapture(const std::vector<ScriptVector>& arguments);

@@ -1,0 +1,11 @@
+#include "Services/Functions/CurveArguments.h"
+#include "Services/Functions/Functions.h"
+
+CallResult yFromX(const std::vector<ScriptVector>& vectors) {
+  const CurveArguments arguments(vectors, 2, 3);
+  arguments.checkOrder(2);
+  CallResult result;
+  result.type = CallResult::Type::Real;
+  result.reals = valuesAt(arguments.curve(0), arguments.number(1, "x"));
+  return result;
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "Call/Provider.h"
+#include "DynFunc.h"
+
+/// One thing that modules ask of a host. Whoever provides it, the host or a script in its place, is
+/// a `Provider`; a service says how a module's question comes to it, and what it has to answer.
+struct Service {
+  enum class Kind {
+    Entry,        ///< a cross-module entry
+    SteeredEntry, ///< an entry that no provider can serve: scripts steer the host's own
+    Function,     ///< a host function, called through the argument block
+    Other,
+  };
+  /// What its provider gives.
+  enum class Answer { Nothing, Number, Text, Curve, Any };
+
+  const char* name;
+  Kind kind;
+  Answer answer = Answer::Any;
+  Provider own = {};     ///< the host's; empty where a script alone can serve it
+  void* entry = nullptr; ///< the entry's C function, which asks the provider
+  const char* file = ""; ///< where the entry is declared
+  int line = 0;
+
+  bool isEntry() const { return kind == Kind::Entry || kind == Kind::SteeredEntry; }
+  bool isServed() const { return own || entry; } ///< else its row waits for a file of its own
+
+  static Service ofFunction(const char* name, Provider own) {
+    return {name, Kind::Function, Answer::Any, std::move(own)};
+  }
+  template <class Signature> static Service ofEntry(const DynEntry<Signature>& declared,
+                                                    typename DynEntry<Signature>::Function entry,
+                                                    Answer answer, Provider own = {}) {
+    return {declared.name, Kind::Entry,  answer, std::move(own), reinterpret_cast<void*>(entry),
+            declared.file, declared.line};
+  }
+  template <class Signature>
+  static Service ofSteeredEntry(const DynEntry<Signature>& declared,
+                                typename DynEntry<Signature>::Function entry) {
+    Service service = ofEntry(declared, entry, Answer::Nothing);
+    service.kind = Kind::SteeredEntry;
+    return service;
+  }
+  static Service later(const char* name, Kind kind = Kind::Other) { return {name, kind}; }
+};
