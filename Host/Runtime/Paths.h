@@ -2,6 +2,6 @@
 
 #include <QString>
 
-/// A folder that comes with the host ("help", "samples", "docs"): beside the installed program,
-/// else in the tree that it was built from.
+/// A folder that comes with the host ("help", "samples", "docs"), found from where the program
+/// stands.
 QString hostDataDir(const QString& name);

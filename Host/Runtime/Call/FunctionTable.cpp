@@ -306,15 +306,14 @@ QJsonArray FunctionTable::toJson() const {
 
 QString defaultModuleFile() {
   const QDir program(QCoreApplication::applicationDirPath());
-  const QDir libraries(program.absoluteFilePath(QStringLiteral("../lib")));
-  QStringList folders{libraries.path(), program.path()};
-  // Installed, the libraries may stand in a folder for the machine's architecture.
-  for (const QString& folder : libraries.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
-    folders.append(libraries.absoluteFilePath(folder));
-  for (const QString& folder : qAsConst(folders))
-    for (const QFileInfo& file : QDir(folder).entryInfoList(
-             {QStringLiteral("libDialogs1.*"), QStringLiteral("Dialogs1.*")}, QDir::Files))
+  // Where libraries are installed, where the build leaves them, and beside the program.
+  for (const char* folder : {KV_LIBRARIES_FROM_PROGRAM, "../lib", "."})
+    for (const QFileInfo& file :
+         QDir(program.absoluteFilePath(QLatin1String(folder)))
+             .entryInfoList({QStringLiteral("libDialogs1.*"), QStringLiteral("Dialogs1.*")},
+                            QDir::Files))
       if (QLibrary::isLibrary(file.fileName()))
         return QDir::cleanPath(file.absoluteFilePath());
-  return QDir::cleanPath(libraries.absoluteFilePath(QStringLiteral("Dialogs1")));
+  return QDir::cleanPath(
+      program.absoluteFilePath(QStringLiteral(KV_LIBRARIES_FROM_PROGRAM "/Dialogs1")));
 }
