@@ -4,25 +4,43 @@
 
 #include <gtest/gtest.h>
 
-/// Holds a sheet's table to what every table has to keep: each of the elements from 0 to `count` is
-/// bound at most once, none lies beyond, and what is loaded comes back. `texts` are texts that
-/// every bound element can show.
-inline void checkElementTable(const Fields& fields, const std::vector<YString>& texts) {
-  std::vector<bool> isBound(texts.size());
+#include <set>
+
+// What every table of a sheet has to keep: no place is bound twice, and what is loaded comes back.
+
+inline std::set<int> boundPlaces(const Fields& fields) {
+  std::set<int> places;
+  for (const Field& field : fields)
+    EXPECT_TRUE(places.insert(field.place().number).second)
+        << "place " << field.place().number << " is bound twice";
+  return places;
+}
+
+/// A table over the elements of a vector; `texts` are texts that each bound element can show.
+inline void checkElements(const Fields& fields, const std::vector<YString>& texts) {
+  const std::set<int> places = boundPlaces(fields);
   std::vector<const char*> raw;
   for (const YString& text : texts)
     raw.push_back(text.c_str());
-  for (const Field& field : fields) {
-    const auto element = static_cast<std::size_t>(field.place().number);
-    ASSERT_LT(element, texts.size());
-    EXPECT_FALSE(isBound[element]) << "element " << element << " is bound twice";
-    isBound[element] = true;
-  }
   fields.load(Elements(Texts(raw.data(), static_cast<unsigned>(raw.size()))));
   TextVector result(static_cast<unsigned>(texts.size()));
   Elements elements(&result);
   fields.store(&elements);
-  for (unsigned element = 0; element < result.count(); ++element)
-    EXPECT_STREQ(result[element].c_str(), isBound[element] ? raw[element] : "")
-        << "element " << element;
+  ASSERT_EQ(result.count(), texts.size()) << "a place lies beyond the vector";
+  for (unsigned place = 0; place < result.count(); ++place)
+    EXPECT_STREQ(result[place].c_str(), places.count(static_cast<int>(place)) ? raw[place] : "")
+        << "element " << place;
+}
+
+/// A table over the bits of a word.
+inline void checkBits(const Fields& fields) {
+  std::uint32_t all = 0;
+  for (const int place : boundPlaces(fields))
+    all |= 1U << place;
+  for (std::uint32_t given = 1; given != 0; given <<= 1) {
+    fields.load(Bits(given));
+    Bits taken(~all);
+    fields.store(&taken);
+    EXPECT_EQ(taken.word(), ~all | (given & all)) << "bit " << given;
+  }
 }
