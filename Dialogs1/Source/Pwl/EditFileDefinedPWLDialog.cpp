@@ -348,15 +348,16 @@ void EditFileDefinedPWLDialog::readDialog(UserDataType, bool accepted) {
   options.isOnDisk = !isInF11Window();
   options.isBackwardCompatible = form.checkboxBackwardCompat->isChecked();
 
+  // Straight into the host's slots: of a million lines no second copy is wanted.
   const DefinitionTable* grid = form.pwlGrid;
   const int used = grid->rowsInUse();
   const int count = used > 0 ? used : grid->rowCount();
-  TextVector result(static_cast<unsigned>(count) + 1);
-  result.set(0, writeFileSourceOptions(options));
+  char** slot = makeStringResult(count + 1);
+  if (!slot)
+    return;
+  *slot++ = hostString(writeFileSourceOptions(options));
   for (int row = 0; row < count; ++row)
-    result.set(static_cast<unsigned>(row) + 1,
-               grid->lineAt(row, fieldSeparator(isCsv())).constData());
-  setTextsResult(result);
+    *slot++ = hostString(grid->lineAt(row, fieldSeparator(isCsv())).constData());
 }
 
 void EditFileDefinedPWLDialog::updateEnables() {
