@@ -38,13 +38,8 @@ QString tooManyText() {
       "This dialog box can handle a maximum of %1 PWL points.");
 }
 
-/// Shows points that were computed; unlike typed ones their cells are of no kind of their own.
 void showComputed(PointTable* table, const PwlPoints& points) {
-  table->setRowCount(points.size());
-  for (int row = 0; row < points.size(); ++row) {
-    table->setItem(row, 0, new QTableWidgetItem(points.at(row).x));
-    table->setItem(row, 1, new QTableWidgetItem(points.at(row).y));
-  }
+  table->setPoints(points, 0, PointRow::Kind::Computed);
 }
 
 QPixmap picture(const char* name) {
@@ -179,8 +174,8 @@ void ConvertPassiveToBRENNIXDialog::helpClicked() {
 }
 
 void ConvertPassiveToBRENNIXDialog::formAccepted() {
-  inputText = textOfPoints(form.inputTable->points());
-  outputText = textOfPoints(form.outputPWLTable->points());
+  inputText = textOfPoints(form.inputTable->rows().points());
+  outputText = textOfPoints(form.outputPWLTable->rows().points());
   limitFlag = form.limitGroupBox->isChecked() ? QStringLiteral("1") : QStringLiteral("0");
   limitValue = QString::number(form.limitValueSpinner->value(), 'g', 6);
   accept();
@@ -189,12 +184,12 @@ void ConvertPassiveToBRENNIXDialog::formAccepted() {
 // ---- conversion ---------------------------------------------------------------------------------
 
 bool ConvertPassiveToBRENNIXDialog::isConvertible() const {
-  const PwlPoints points = form.inputTable->points();
+  const PwlPoints points = form.inputTable->rows().points();
   return points.size() > 1 && !isStepWise(points);
 }
 
 PwlPoints ConvertPassiveToBRENNIXDialog::resampleInput() const {
-  const Curve input = curveOfEngText(form.inputTable->points());
+  const Curve input = curveOfEngText(form.inputTable->rows().points());
   const Curve samples = host.resampled(input);
   const double limit =
       form.limitGroupBox->isChecked() ? form.limitValueSpinner->value() : samples.x.back();
@@ -245,7 +240,7 @@ bool ConvertPassiveToBRENNIXDialog::recompute() {
 void ConvertPassiveToBRENNIXDialog::convert() {
   // By its shortcut the button takes no focus; taking it finishes a cell that is still open.
   form.convertButton->setFocus(Qt::OtherFocusReason);
-  const PwlPoints points = form.inputTable->points();
+  const PwlPoints points = form.inputTable->rows().points();
   if (points.size() < 2) {
     QMessageBox::warning(this, tr("Not enough points"),
                          tr("The convert function requires at least 2 input points."));
@@ -262,19 +257,19 @@ void ConvertPassiveToBRENNIXDialog::num_segs_changed() {
   numSegments = form.numSegSpinner->number().value_or(1);
   // The table shows at once how many points there will be, also where they cannot be computed.
   form.outputPWLTable->setRowCount(static_cast<int>(numSegments + 1));
-  const PwlPoints integral = form.integralDataTable->points();
-  if (integral.size() > 1 && !isStepWise(form.inputTable->points()))
+  const PwlPoints integral = form.integralDataTable->rows().points();
+  if (integral.size() > 1 && !isStepWise(form.inputTable->rows().points()))
     attempt([&] { showComputed(form.outputPWLTable, fitCurve(integral)); });
 }
 
 void ConvertPassiveToBRENNIXDialog::output_limit_changed() {
-  if (form.inputInterpDataTable->completeRows() > 1 && isConvertible())
+  if (form.inputInterpDataTable->rows().completeRows() > 1 && isConvertible())
     recompute();
 }
 
 void ConvertPassiveToBRENNIXDialog::revert() {
   form.revertButton->setFocus(Qt::OtherFocusReason);
-  const PwlPoints output = form.outputPWLTable->points();
+  const PwlPoints output = form.outputPWLTable->rows().points();
   if (output.size() < 2) {
     QMessageBox::warning(this, tr("Not enough points"),
                          tr("The revert function requires at least 2 output points."));
@@ -325,8 +320,8 @@ void ConvertPassiveToBRENNIXDialog::DigitizeData() {
 // ---- plot ---------------------------------------------------------------------------------------
 
 void ConvertPassiveToBRENNIXDialog::plot_waveforms() {
-  const EnergyPlot plot = energyPlot(curveOfEngText(form.inputTable->points()),
-                                     curveOfExactText(form.integralDataTable->points()),
-                                     curveOfEngText(form.outputPWLTable->points()));
+  const EnergyPlot plot = energyPlot(curveOfEngText(form.inputTable->rows().points()),
+                                     curveOfExactText(form.integralDataTable->rows().points()),
+                                     curveOfEngText(form.outputPWLTable->rows().points()));
   PassiveToBRENNIXPlotter(this, isInductor(), plot).exec();
 }

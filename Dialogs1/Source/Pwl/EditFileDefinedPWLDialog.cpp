@@ -160,8 +160,8 @@ void EditFileDefinedPWLDialog::populateDialogFromData() {
       lines.append("");
     form.pwlGrid->setLines(lines, messages);
     for (int i = 0; i < lines.size(); ++i)
-      if (kindOfPointsLine(lines.at(i)) == PointsLineKind::StartData)
-        showStartData(readStartData(readPointsLine(lines.at(i)).first));
+      if (kindOfPointsLine(lines.at(i)) == PointRow::Kind::StartData)
+        showStartData(readStartData(readPointsLine(lines.at(i)).x));
   }
   anyFileOptionsChanged();
 }
@@ -195,9 +195,9 @@ void EditFileDefinedPWLDialog::aFileSelectionButton_clicked(int row) {
   if (row == 0)
     return;
   const QString chosen = askForPointsFile(this, tr("Select Super Data Point File"),
-                                          pathOfReference(form.pwlGrid->textAt(row, 1)));
+                                          pathOfReference(form.pwlGrid->rows().at(row).y));
   if (!chosen.isEmpty())
-    form.pwlGrid->item(row, 1)->setText(referenceTo(QDir::current().relativeFilePath(chosen)));
+    form.pwlGrid->setText(row, 1, referenceTo(QDir::current().relativeFilePath(chosen)));
 }
 
 void EditFileDefinedPWLDialog::selectFile_clicked() {
@@ -253,19 +253,19 @@ void EditFileDefinedPWLDialog::readLinesFromTable() {
   const QString separator = fieldSeparator(isCsv());
   lines = LineStore();
   lines.reserve(form.pwlGrid->rowCount() + 1);
-  for (int row = 0; row < form.pwlGrid->rowCount(); ++row) {
-    const QString value = form.pwlGrid->textAt(row, 1);
-    lines.append(form.pwlGrid->textAt(row, 0) + (value.isEmpty() ? value : separator + value));
+  for (int i = 0; i < form.pwlGrid->rowCount(); ++i) {
+    const PointRow row = form.pwlGrid->rows().at(i);
+    lines.append(row.x + (row.y.isEmpty() ? row.y : separator + row.y));
   }
 }
 
 int EditFileDefinedPWLDialog::countDataPoints(bool fromTable) const {
   if (fromTable)
-    return form.pwlGrid->countDataPoints();
+    return form.pwlGrid->rows().countPoints();
   int count = 0;
   for (int i = 0; i < lines.size(); ++i) {
     const PwlPoint fields = fieldsOfPointsLine(lines.at(i));
-    count += kindOfPointsLine(lines.at(i)) == PointsLineKind::Data &&
+    count += kindOfPointsLine(lines.at(i)) == PointRow::Kind::Point &&
              !(fields.x.isEmpty() && fields.y.isEmpty());
   }
   return count;
@@ -349,15 +349,15 @@ void EditFileDefinedPWLDialog::readDialog(UserDataType, bool accepted) {
   options.isBackwardCompatible = form.checkboxBackwardCompat->isChecked();
 
   // Straight into the host's slots: of a million lines no second copy is wanted.
-  const DefinitionTable* grid = form.pwlGrid;
-  const int used = grid->rowsInUse();
-  const int count = used > 0 ? used : grid->rowCount();
+  const PointRows& rows = form.pwlGrid->rows();
+  const int used = rows.rowsInUse();
+  const int count = used > 0 ? used : rows.count();
   char** slot = makeStringResult(count + 1);
   if (!slot)
     return;
   *slot++ = hostString(writeFileSourceOptions(options));
   for (int row = 0; row < count; ++row)
-    *slot++ = hostString(grid->lineAt(row, fieldSeparator(isCsv())).constData());
+    *slot++ = hostString(rows.lineAt(row, fieldSeparator(isCsv())).constData());
 }
 
 void EditFileDefinedPWLDialog::updateEnables() {

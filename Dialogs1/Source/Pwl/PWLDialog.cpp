@@ -7,7 +7,6 @@
 #include "Pieces/Fields.h"
 #include "Pieces/ScriptTexts.h"
 #include "Pwl/ConvertPassiveToBRENNIXDialog.h"
-#include "Pwl/PWLTableItems.h"
 
 #include <QMessageBox>
 
@@ -36,6 +35,10 @@ QString tooManyText() {
 bool isZero(const QString& text) {
   bool isNumber = false;
   return text.toDouble(&isNumber) == 0 && isNumber;
+}
+
+PointRow zero(PointRow::Kind kind) {
+  return {kind, QStringLiteral("0"), QStringLiteral("0"), QString()};
 }
 
 /// Puts fields behind what the result holds.
@@ -127,16 +130,15 @@ void PWLDialog::populateTable() {
     const QFontMetrics metrics = grid->fontMetrics();
     int width = metrics.horizontalAdvance(grid->horizontalHeaderItem(column)->text());
     for (int row = 0; row < grid->rowCount(); ++row)
-      width = std::max(width,
-                       metrics.horizontalAdvance(grid->textAt(row, column).left(longestMeasured)));
+      width = std::max(width, metrics.horizontalAdvance(
+                                  grid->rows().at(row).text(column).left(longestMeasured)));
     grid->setColumnWidth(column, std::max(width + cellMargin, leastColumnWidth));
   }
 }
 
 void PWLDialog::putOrigin() {
   form.pwlGrid->insertRow(0);
-  for (int column = 0; column < form.pwlGrid->columnCount(); ++column)
-    form.pwlGrid->setItem(0, column, new DisabledPWLTableItem);
+  form.pwlGrid->setRow(0, zero(PointRow::Kind::Origin));
 }
 
 void PWLDialog::loadNumbers() {
@@ -198,39 +200,41 @@ void PWLDialog::readDialog(UserDataType, bool accepted) {
 }
 
 void PWLDialog::accept() {
-  for (int row = 0; row < form.pwlGrid->completeRows(); ++row)
-    for (int column = 0; column < 2; ++column)
-      if (!validate(normalisedCell(form.pwlGrid->textAt(row, column)))) {
-        QMessageBox::warning(this, tr("Invalid Entries"),
-                             tr("<html>One or more entries are invalid. Cell entries must either "
-                                "be a number or an expression enclosed with '{' and '}'</html>"));
-        form.pwlGrid->setCurrentCell(row, column);
-        form.pwlGrid->setFocus(Qt::OtherFocusReason);
-        return;
-      }
+  const PwlPoints typed = normalisedPoints(0);
+  for (int row = 0; row < typed.size(); ++row) {
+    const bool isValidX = validate(typed.at(row).x);
+    if (isValidX && validate(typed.at(row).y))
+      continue;
+    QMessageBox::warning(this, tr("Invalid Entries"),
+                         tr("<html>One or more entries are invalid. Cell entries must either "
+                            "be a number or an expression enclosed with '{' and '}'</html>"));
+    form.pwlGrid->setCurrentCell(row, isValidX ? 1 : 0);
+    form.pwlGrid->setFocus(Qt::OtherFocusReason);
+    return;
+  }
   KelvarinDialog::accept();
 }
 
 PwlPoints PWLDialog::normalisedPoints(int first) const {
-  PwlPoints found = form.pwlGrid->points(first);
+  PwlPoints found = form.pwlGrid->rows().points(first);
   for (PwlPoint& point : found)
     point = {normalisedCell(point.x), normalisedCell(point.y)};
   return found;
 }
 
 int PWLDialog::countPoints() {
-  return form.pwlGrid->completeRows(symmetric ? 1 : 0);
+  return form.pwlGrid->rows().completeRows(symmetric ? 1 : 0);
 }
 
 void PWLDialog::radiogroupSymmetric_clicked(int selectedId) {
-  PointTable* grid = form.pwlGrid;
   symmetric = selectedId != 0;
+  const PointRow first = form.pwlGrid->rows().at(0);
   if (symmetric) {
-    if (isZero(grid->textAt(0, 0)) && isZero(grid->textAt(0, 1)))
-      grid->removeRow(0);
+    if (isZero(first.x) && isZero(first.y))
+      form.pwlGrid->removeRow(0);
     putOrigin();
-  } else if (dynamic_cast<DisabledPWLTableItem*>(grid->item(0, 0))) {
-    grid->setRow(0, {QStringLiteral("0"), QStringLiteral("0")});
+  } else if (first.kind == PointRow::Kind::Origin) {
+    form.pwlGrid->setRow(0, zero(PointRow::Kind::Point));
   }
 }
 
