@@ -34,16 +34,16 @@ TEST(PointsFile, AWrittenLineReadsAsItWas) {
   SCOPED_TRACE(seed);
   std::mt19937 random(seed);
   for (int round = 0; round < 20000; ++round) {
-    const PointsLine line = readPointsLine(randomLine(random));
+    const PointRow line = readPointsLine(randomLine(random));
     for (const bool isCsv : {false, true}) {
       // A comma that blanks have kept in front of the value is dropped the next time.
-      if (line.kind != PointsLineKind::Data || line.first.isEmpty() ||
-          line.second.startsWith(QLatin1Char(',')))
+      if (line.kind != PointRow::Kind::Point || line.x.isEmpty() ||
+          line.y.startsWith(QLatin1Char(',')))
         continue;
-      const QByteArray written = (line.first + fieldSeparator(isCsv) + line.second).toUtf8();
-      const PointsLine again = readPointsLine(written.toStdString());
-      ASSERT_EQ(again.first, line.first) << written.toStdString();
-      ASSERT_EQ(again.second, line.second) << written.toStdString();
+      const QByteArray written = (line.x + fieldSeparator(isCsv) + line.y).toUtf8();
+      const PointRow again = readPointsLine(written.toStdString());
+      ASSERT_EQ(again.x, line.x) << written.toStdString();
+      ASSERT_EQ(again.y, line.y) << written.toStdString();
     }
   }
 }
@@ -53,7 +53,7 @@ TEST(PointsFile, TheStartDataLineComesBack) {
     for (bool shifts : {false, true})
       for (bool isCsv : {false, true}) {
         const QString line = writeStartData(repeats, shifts, isCsv);
-        EXPECT_EQ(kindOfPointsLine(line.toStdString()), PointsLineKind::StartData);
+        EXPECT_EQ(kindOfPointsLine(line.toStdString()), PointRow::Kind::StartData);
         const StartData read = readStartData(line);
         EXPECT_EQ(read.repeatCount.toInt(), repeats);
         EXPECT_EQ(read.shiftsToZero, shifts);

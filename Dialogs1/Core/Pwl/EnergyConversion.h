@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Core/Pieces/Words.h"
 #include "Core/Pwl/PwlPoints.h"
 
 #include <QString>
@@ -9,6 +10,11 @@
 // Between capacitance over voltage and charge over voltage, and between inductance over current and
 // flux linkage over current. Curves stand as text in tables; each step reads what the text before
 // it retained.
+
+/// What stores the energy.
+enum class EnergyStorage { None, Inductor, Capacitor };
+inline constexpr Words<EnergyStorage> energyStorages = {{"inductor", EnergyStorage::Inductor},
+                                                        {"capacitor", EnergyStorage::Capacitor}};
 
 /// A curve by its numbers; both vectors have the same length.
 struct Curve {

@@ -28,11 +28,11 @@ QString textOf(std::string_view line) {
   return QString::fromUtf8(line.data(), static_cast<int>(line.size()));
 }
 
-PointsLineKind kindOfPointsLine(std::string_view line) {
+PointRow::Kind kindOfPointsLine(std::string_view line) {
   const std::string_view field = firstField(line);
   if (startsWith(field, "*"))
-    return PointsLineKind::Comment;
-  return startsWith(field, startWord) ? PointsLineKind::StartData : PointsLineKind::Data;
+    return PointRow::Kind::Comment;
+  return startsWith(field, startWord) ? PointRow::Kind::StartData : PointRow::Kind::Point;
 }
 
 PwlPoint fieldsOfPointsLine(std::string_view line) {
@@ -45,14 +45,19 @@ PwlPoint fieldsOfPointsLine(std::string_view line) {
   return {textOf(field), rest.trimmed()};
 }
 
-PointsLine readPointsLine(std::string_view line) {
-  const PointsLineKind kind = kindOfPointsLine(line);
-  if (kind == PointsLineKind::Comment)
-    return {kind, textOf(line), QString()};
-  if (kind == PointsLineKind::StartData)
-    return {kind, textOf(line).simplified(), QString()};
-  const PwlPoint fields = fieldsOfPointsLine(line);
-  return {kind, fields.x, fields.y};
+PointRow readPointsLine(std::string_view line) {
+  PointRow row;
+  row.kind = kindOfPointsLine(line);
+  if (row.kind == PointRow::Kind::Comment) {
+    row.x = textOf(line);
+  } else if (row.kind == PointRow::Kind::StartData) {
+    row.x = textOf(line).simplified();
+  } else {
+    const PwlPoint fields = fieldsOfPointsLine(line);
+    row.x = fields.x;
+    row.y = fields.y;
+  }
+  return row;
 }
 
 bool hasNegativeTime(std::string_view line) {

@@ -1,25 +1,18 @@
 #pragma once
 
+#include "Core/Pwl/PointRow.h"
 #include "Core/Pwl/PwlPoints.h"
 
 #include <string_view>
 
-/// What a line of a points file is. An empty one is a data line without fields.
-enum class PointsLineKind { Data, Comment, StartData };
-
-/// A line of a points file as the two cells of its row.
-struct PointsLine {
-  PointsLineKind kind = PointsLineKind::Data;
-  QString first;  ///< the time, or the whole line of a comment or a start data line
-  QString second; ///< all behind the time: a value, or a reference to a further file
-};
-
 // Lines are UTF-8.
 QString textOf(std::string_view line);
-PointsLine readPointsLine(std::string_view line);
+/// A line as the cells of its row: the whole of a comment or start data line, simplified where the
+/// controls write it, else the time, and all behind it. An empty line is a blank row.
+PointRow readPointsLine(std::string_view line);
 /// The two fields of a line, whatever its kind.
 PwlPoint fieldsOfPointsLine(std::string_view line);
-PointsLineKind kindOfPointsLine(std::string_view line);
+PointRow::Kind kindOfPointsLine(std::string_view line);
 /// Whether the line begins with a number below 0: time that an oscilloscope has counted from its
 /// trigger.
 bool hasNegativeTime(std::string_view line);

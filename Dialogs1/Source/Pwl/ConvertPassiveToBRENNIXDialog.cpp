@@ -3,7 +3,6 @@
 #include "Frame/ScriptFunction.h"
 #include "HostSupport/HostSupport.h"
 #include "HostSupportQt/HostSupportQt.h"
-#include "Pieces/ScriptTexts.h"
 #include "Pwl/PassiveToBRENNIXPlotter.h"
 #include "graphimagecapture_dynexport.h"
 
@@ -16,52 +15,31 @@
 
 KV_DYN_CALL(graphImageCapture, dyn_GraphImageCapture);
 
-static int runConversion(UserFunctionInterface* call) {
-  YString kind;
-  const char* const* texts = nullptr;
-  unsigned count = 0;
-  sp_GetScalarString(call, 0, &kind);
-  sp_GetStringIfVector(call, 1, &texts, &count);
-  const auto field = [&](unsigned index, const char* absent) {
-    return index < count ? textAt(texts, count, index) : QString::fromLatin1(absent);
-  };
-  ConvertPassiveToBRENNIXDialog dialog(nullptr, "ConvertPassiveToBRENNIXDialog", call, toQs(kind),
-                                       {field(0, ""), field(1, ""), field(2, "0"), field(3, "20")});
-  if (dialog.exec() != QDialog::Accepted)
-    return 0;
-  if (char** slot = dialog.makeStringResult(2)) {
-    slot[0] = dialog.hostString(dialog.outputText);
-    slot[1] = dialog.hostString(dialog.inputText);
-  }
-  return 0;
-}
-
-static const ScriptFunction declaration("ConvertPassiveToBRENNIXDialog", 1, "SS", NoResult,
-                                        runConversion);
-
 namespace {
+
+enum Argument { Kind, Memory };
+enum MemoryField : unsigned { Input, Output, LimitFlag, LimitValue };
+enum Result { OutputText, InputText };
 
 constexpr int maximumPoints = 1001;
 constexpr int minimumCount = 1;
 constexpr double mostSegments = 255;
 constexpr double mostSegmentsOfMultiLevel = 11;
 
+ConversionMemory memoryOf(const Texts& texts) {
+  const auto field = [&texts](MemoryField place, const char* absent) {
+    return texts.has(place) ? texts.text(place) : QString::fromLatin1(absent);
+  };
+  return {field(Input, ""), field(Output, ""), field(LimitFlag, "0"), field(LimitValue, "20")};
+}
+
 QString tooManyText() {
   return ConvertPassiveToBRENNIXDialog::tr(
       "This dialog box can handle a maximum of %1 PWL points.");
 }
 
-QString word(bool isInductor) {
-  return isInductor ? QStringLiteral("inductor") : QStringLiteral("capacitor");
-}
-
-/// Shows points that were computed; unlike typed ones their cells are of no kind of their own.
 void showComputed(PointTable* table, const PwlPoints& points) {
-  table->setRowCount(points.size());
-  for (int row = 0; row < points.size(); ++row) {
-    table->setItem(row, 0, new QTableWidgetItem(points.at(row).x));
-    table->setItem(row, 1, new QTableWidgetItem(points.at(row).y));
-  }
+  table->setPoints(points, 0, PointRow::Kind::Computed);
 }
 
 QPixmap picture(const char* name) {
@@ -78,14 +56,32 @@ void setIcon(QToolButton* button, const char* name) {
 
 } // namespace
 
+static int runConversion(UserFunctionInterface* call) {
+  YString word;
+  sp_GetScalarString(call, Kind, &word);
+  ConvertPassiveToBRENNIXDialog dialog(nullptr, "ConvertPassiveToBRENNIXDialog", call,
+                                       energyStorages.read(word, EnergyStorage::Capacitor),
+                                       memoryOf(Texts(call, Memory)));
+  if (dialog.exec() != QDialog::Accepted)
+    return 0;
+  TextVector result;
+  result.set(OutputText, dialog.outputText);
+  result.set(InputText, dialog.inputText);
+  dialog.setTextsResult(result);
+  return 0;
+}
+
+static const ScriptFunction declaration("ConvertPassiveToBRENNIXDialog", 1, "SS", NoResult,
+                                        runConversion);
+
 ConvertPassiveToBRENNIXDialog::ConvertPassiveToBRENNIXDialog(QWidget* parent,
                                                              const char* objectName,
                                                              UserFunctionInterface* call,
-                                                             const QString& kindWord,
+                                                             EnergyStorage storage,
                                                              const ConversionMemory& memory)
     : KelvarinDialog(parent, objectName, true, {}), inputText(memory.input),
       outputText(memory.output), limitFlag(memory.limitFlag), limitValue(memory.limitValue),
-      host(call), kind(word(equals(kindWord, word(true)))) {
+      host(call), kind(storage) {
   scriptArgs = call;
   prepareForm();
   showKind();
@@ -124,11 +120,10 @@ void ConvertPassiveToBRENNIXDialog::prepareForm() {
 }
 
 void ConvertPassiveToBRENNIXDialog::showKind() {
-  const bool isInductor = kind == word(true);
-  const auto choose = [isInductor](const QString& capacitor, const QString& inductor) {
-    return isInductor ? inductor : capacitor;
+  const auto choose = [this](const QString& capacitor, const QString& inductor) {
+    return isInductor() ? inductor : capacitor;
   };
-  helpContextNumber = isInductor ? 3005 : 3004;
+  helpContextNumber = isInductor() ? 3005 : 3004;
   form.inputGroup->setTitle(choose(tr("Capacitance (F) vs Voltage (V) input"),
                                    tr("Inductance (H) vs Current (A) input")));
   form.outputGroup->setTitle(choose(tr("Charge (C) vs Voltage (V) output"),
@@ -143,9 +138,9 @@ void ConvertPassiveToBRENNIXDialog::showKind() {
   form.plotButton->setToolTip(
       choose(tr("Select to plot the charge vs. voltage behavior of this capacitor."),
              tr("Select to plot the flux-linkages vs. current behavior of this inductor.")));
-  form.FluxLinkageNote->setVisible(isInductor);
-  form.leftImage->setPixmap(picture(isInductor ? "ind_ind_vs_a" : "cap_cap_vs_v"));
-  form.rightImage->setPixmap(picture(isInductor ? "ind_flux_vs_a" : "cap_q_vs_v"));
+  form.FluxLinkageNote->setVisible(isInductor());
+  form.leftImage->setPixmap(picture(isInductor() ? "ind_ind_vs_a" : "cap_cap_vs_v"));
+  form.rightImage->setPixmap(picture(isInductor() ? "ind_flux_vs_a" : "cap_q_vs_v"));
 }
 
 void ConvertPassiveToBRENNIXDialog::loadInput() {
@@ -179,8 +174,8 @@ void ConvertPassiveToBRENNIXDialog::helpClicked() {
 }
 
 void ConvertPassiveToBRENNIXDialog::formAccepted() {
-  inputText = textOfPoints(form.inputTable->points());
-  outputText = textOfPoints(form.outputPWLTable->points());
+  inputText = textOfPoints(form.inputTable->rows().points());
+  outputText = textOfPoints(form.outputPWLTable->rows().points());
   limitFlag = form.limitGroupBox->isChecked() ? QStringLiteral("1") : QStringLiteral("0");
   limitValue = QString::number(form.limitValueSpinner->value(), 'g', 6);
   accept();
@@ -189,12 +184,12 @@ void ConvertPassiveToBRENNIXDialog::formAccepted() {
 // ---- conversion ---------------------------------------------------------------------------------
 
 bool ConvertPassiveToBRENNIXDialog::isConvertible() const {
-  const PwlPoints points = form.inputTable->points();
+  const PwlPoints points = form.inputTable->rows().points();
   return points.size() > 1 && !isStepWise(points);
 }
 
 PwlPoints ConvertPassiveToBRENNIXDialog::resampleInput() const {
-  const Curve input = curveOfEngText(form.inputTable->points());
+  const Curve input = curveOfEngText(form.inputTable->rows().points());
   const Curve samples = host.resampled(input);
   const double limit =
       form.limitGroupBox->isChecked() ? form.limitValueSpinner->value() : samples.x.back();
@@ -245,7 +240,7 @@ bool ConvertPassiveToBRENNIXDialog::recompute() {
 void ConvertPassiveToBRENNIXDialog::convert() {
   // By its shortcut the button takes no focus; taking it finishes a cell that is still open.
   form.convertButton->setFocus(Qt::OtherFocusReason);
-  const PwlPoints points = form.inputTable->points();
+  const PwlPoints points = form.inputTable->rows().points();
   if (points.size() < 2) {
     QMessageBox::warning(this, tr("Not enough points"),
                          tr("The convert function requires at least 2 input points."));
@@ -259,22 +254,22 @@ void ConvertPassiveToBRENNIXDialog::convert() {
 }
 
 void ConvertPassiveToBRENNIXDialog::num_segs_changed() {
-  numSegments = std::max(form.numSegSpinner->value(), 1.0); // an expression has the value 0
+  numSegments = form.numSegSpinner->number().value_or(1);
   // The table shows at once how many points there will be, also where they cannot be computed.
   form.outputPWLTable->setRowCount(static_cast<int>(numSegments + 1));
-  const PwlPoints integral = form.integralDataTable->points();
-  if (integral.size() > 1 && !isStepWise(form.inputTable->points()))
+  const PwlPoints integral = form.integralDataTable->rows().points();
+  if (integral.size() > 1 && !isStepWise(form.inputTable->rows().points()))
     attempt([&] { showComputed(form.outputPWLTable, fitCurve(integral)); });
 }
 
 void ConvertPassiveToBRENNIXDialog::output_limit_changed() {
-  if (form.inputInterpDataTable->completeRows() > 1 && isConvertible())
+  if (form.inputInterpDataTable->rows().completeRows() > 1 && isConvertible())
     recompute();
 }
 
 void ConvertPassiveToBRENNIXDialog::revert() {
   form.revertButton->setFocus(Qt::OtherFocusReason);
-  const PwlPoints output = form.outputPWLTable->points();
+  const PwlPoints output = form.outputPWLTable->rows().points();
   if (output.size() < 2) {
     QMessageBox::warning(this, tr("Not enough points"),
                          tr("The revert function requires at least 2 output points."));
@@ -325,8 +320,8 @@ void ConvertPassiveToBRENNIXDialog::DigitizeData() {
 // ---- plot ---------------------------------------------------------------------------------------
 
 void ConvertPassiveToBRENNIXDialog::plot_waveforms() {
-  const EnergyPlot plot = energyPlot(curveOfEngText(form.inputTable->points()),
-                                     curveOfExactText(form.integralDataTable->points()),
-                                     curveOfEngText(form.outputPWLTable->points()));
-  PassiveToBRENNIXPlotter(this, kind == word(true), plot).exec();
+  const EnergyPlot plot = energyPlot(curveOfEngText(form.inputTable->rows().points()),
+                                     curveOfExactText(form.integralDataTable->rows().points()),
+                                     curveOfEngText(form.outputPWLTable->rows().points()));
+  PassiveToBRENNIXPlotter(this, isInductor(), plot).exec();
 }

@@ -8,17 +8,19 @@
 /// Capacitance over voltage into charge over voltage, inductance over current into flux linkage
 /// over current, as a polyline of a few segments; and back, as a curve of steps.
 class ConvertPassiveToBRENNIXDialog : public KelvarinDialog {
+  Q_OBJECT
+
 public:
-  /// `call` is the block through which host functions are reached; `kind` is "capacitor" or
-  /// "inductor".
+  /// `call` is the block through which host functions are reached.
   ConvertPassiveToBRENNIXDialog(QWidget* parent, const char* objectName,
-                                UserFunctionInterface* call, const QString& kind,
+                                UserFunctionInterface* call, EnergyStorage kind,
                                 const ConversionMemory& memory);
 
   int helpContextId() override { return helpContextNumber; }
   void okClicked() override { formAccepted(); }
   void cancelClicked() override { formRejected(); }
 
+public slots:
   virtual void formAccepted();
   virtual void formRejected() { reject(); }
   void helpClicked() override;
@@ -34,6 +36,7 @@ public:
   virtual void output_limit_changed();
   virtual void resize_columns(int, int) {}
 
+public:
   // What the user has accepted.
   QString inputText;  ///< x and y in turn, with single blanks between
   QString outputText; ///< in the same form
@@ -46,6 +49,7 @@ private:
   void showKind();
   void loadInput();
   void loadOutput();
+  bool isInductor() const { return kind == EnergyStorage::Inductor; }
   bool isConvertible() const;
   bool recompute();
   template <class Action> bool attempt(Action action);
@@ -57,5 +61,5 @@ private:
   HostCurves host;
   int helpContextNumber = -1;
   double numSegments = 2;
-  QString kind;
+  EnergyStorage kind;
 };

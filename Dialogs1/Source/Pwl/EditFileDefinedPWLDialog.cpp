@@ -1,6 +1,5 @@
 #include "Pwl/EditFileDefinedPWLDialog.h"
 
-#include "Core/Pieces/Integers.h"
 #include "Core/Pieces/ObjectNames.h"
 #include "Core/Pwl/PointsFile.h"
 #include "Frame/ScriptFunction.h"
@@ -38,7 +37,6 @@ constexpr int leastPoints = 2;
 constexpr int mostPoints = 1000001;
 constexpr int fileIsEmpty = 1217;
 constexpr int hasTooFewPoints = 1219;
-constexpr int keepsStartData = 1050;
 
 QString askForPointsFile(QWidget* over, const QString& caption, const QString& path) {
   QFileDialog::Options options;
@@ -85,13 +83,11 @@ void EditFileDefinedPWLDialog::initialiseDialog() {
   loadSettings();
   loadSource();
 
-  const char* const* texts = nullptr;
-  unsigned count = 0;
-  getStringVector(Lines, &texts, &count);
+  const Texts given = texts(Lines);
   lines = LineStore();
-  lines.reserve(static_cast<int>(count) + 1);
-  for (unsigned i = 0; i < count; ++i)
-    lines.append(texts[i]);
+  lines.reserve(static_cast<int>(given.count()) + 1);
+  for (unsigned i = 0; i < given.count(); ++i)
+    lines.append(given.raw(i));
   if (lines.isEmpty())
     lines.append("");
   populateDialogFromData();
@@ -108,58 +104,53 @@ void EditFileDefinedPWLDialog::initialiseDialog() {
 }
 
 void EditFileDefinedPWLDialog::loadSettings() {
-  const char* const* source = nullptr;
-  const char* const* settings = nullptr;
-  unsigned sourceCount = 0;
-  unsigned count = 0;
-  getStringVector(Source, &source, &sourceCount);
-  getStringVector(Settings, &settings, &count);
-  const auto setting = [&](unsigned index) { return textAt(settings, count, index); };
-  const auto number = [&](unsigned index) { return leadingInteger(Tocs(setting(index))); };
-
-  if (count > Title)
-    setWindowTitle(shownCaption(setting(Title)));
-  const QString xHeading = count > XHeading ? setting(XHeading) : tr("Time");
-  const QString yHeading = count > YHeading ? setting(YHeading) : tr("Value");
+  const Texts source = texts(Source);
+  const Texts settings = texts(Settings);
+  if (settings.has(Title))
+    setWindowTitle(shownCaption(settings.text(Title)));
+  const QString xHeading = settings.has(XHeading) ? settings.text(XHeading) : tr("Time");
+  const QString yHeading = settings.has(YHeading) ? settings.text(YHeading) : tr("Value");
   form.pwlGrid->setHorizontalHeaderLabels(
       {shownCaption(xHeading), shownCaption(yHeading), tr("File")});
-  helpContext = count > HelpContext ? number(HelpContext) : -1;
+  helpContext = settings.has(HelpContext) ? settings.number(HelpContext) : -1;
   form.helpButton->setVisible(helpContext >= 0);
-  minimumPoints = number(LeastPoints) < 1 ? leastPoints : number(LeastPoints);
-  maximumPoints = number(MostPoints) <= minimumPoints ? mostPoints : number(MostPoints);
+  const int least = settings.number(LeastPoints);
+  const int most = settings.number(MostPoints);
+  minimumPoints = least < 1 ? leastPoints : least;
+  maximumPoints = most <= minimumPoints ? mostPoints : most;
   form.pwlGrid->setLimits(minimumPoints, maximumPoints);
 
   // Each file keeps a geometry of its own.
-  const QString named = sourceCount > FileName
-                            ? textAt(source, sourceCount, FileName)
-                            : setting(HelpContext) + setting(LeastPoints) + setting(MostPoints);
+  const QString named =
+      source.has(FileName)
+          ? source.text(FileName)
+          : settings.text(HelpContext) + settings.text(LeastPoints) + settings.text(MostPoints);
   setObjectName(
       toQs(hashedObjectName("EditFileDefinedPWLDialog", toYs(named + xHeading + yHeading))));
 }
 
 void EditFileDefinedPWLDialog::loadSource() {
-  const char* const* source = nullptr;
-  unsigned count = 0;
-  getStringVector(Source, &source, &count);
-  const auto setting = [&](unsigned index) { return textAt(source, count, index); };
-
-  if (count > Delay)
-    form.spinnerDelay->setText(setting(Delay));
-  form.checkboxPeriodic->setChecked(setting(Periodic) == QLatin1String("1"));
-  form.checkboxActiveDuringTranAfterPOP->setChecked(setting(ActiveAfterPop) == QLatin1String("1"));
-  if (count > F11Files)
-    form.comboboxF11FileName->loadStrings(Tocs(setting(F11Files)));
+  const Texts source = texts(Source);
+  const auto isOne = [&source](SourceSetting place) {
+    return source.text(place) == QLatin1String("1");
+  };
+  if (source.has(Delay))
+    form.spinnerDelay->setText(source.text(Delay));
+  form.checkboxPeriodic->setChecked(isOne(Periodic));
+  form.checkboxActiveDuringTranAfterPOP->setChecked(isOne(ActiveAfterPop));
+  if (source.has(F11Files))
+    form.comboboxF11FileName->loadStrings(source.raw(F11Files));
   form.comboboxF11FileName->setCurrentIndex(-1);
-  if (count > Location) {
-    const bool onDisk = equals(setting(Location), QStringLiteral("Disk"));
+  if (source.has(Location)) {
+    const bool onDisk = source.is(Location, "Disk");
     (onDisk ? form.radioButtonDisk : form.radioButtonF11)->setChecked(true);
     if (onDisk)
-      form.editboxDiskFileName->setText(setting(FileName));
+      form.editboxDiskFileName->setText(source.text(FileName));
     else
-      form.comboboxF11FileName->setEditText(setting(FileName));
+      form.comboboxF11FileName->setEditText(source.text(FileName));
   }
-  form.checkboxBackwardCompat->setChecked(leadingInteger(Tocs(setting(BackwardCompatible))) != 0);
-  deviceName = count > Device ? setting(Device) : QStringLiteral("V_FDPWL");
+  form.checkboxBackwardCompat->setChecked(source.number(BackwardCompatible) != 0);
+  deviceName = source.has(Device) ? source.text(Device) : QStringLiteral("V_FDPWL");
 }
 
 void EditFileDefinedPWLDialog::populateDialogFromData() {
@@ -169,8 +160,8 @@ void EditFileDefinedPWLDialog::populateDialogFromData() {
       lines.append("");
     form.pwlGrid->setLines(lines, messages);
     for (int i = 0; i < lines.size(); ++i)
-      if (kindOfPointsLine(lines.at(i)) == PointsLineKind::StartData)
-        showStartData(readStartData(readPointsLine(lines.at(i)).first));
+      if (kindOfPointsLine(lines.at(i)) == PointRow::Kind::StartData)
+        showStartData(readStartData(readPointsLine(lines.at(i)).x));
   }
   anyFileOptionsChanged();
 }
@@ -204,9 +195,9 @@ void EditFileDefinedPWLDialog::aFileSelectionButton_clicked(int row) {
   if (row == 0)
     return;
   const QString chosen = askForPointsFile(this, tr("Select Super Data Point File"),
-                                          pathOfReference(form.pwlGrid->textAt(row, 1)));
+                                          pathOfReference(form.pwlGrid->rows().at(row).y));
   if (!chosen.isEmpty())
-    form.pwlGrid->item(row, 1)->setText(referenceTo(QDir::current().relativeFilePath(chosen)));
+    form.pwlGrid->setText(row, 1, referenceTo(QDir::current().relativeFilePath(chosen)));
 }
 
 void EditFileDefinedPWLDialog::selectFile_clicked() {
@@ -262,19 +253,19 @@ void EditFileDefinedPWLDialog::readLinesFromTable() {
   const QString separator = fieldSeparator(isCsv());
   lines = LineStore();
   lines.reserve(form.pwlGrid->rowCount() + 1);
-  for (int row = 0; row < form.pwlGrid->rowCount(); ++row) {
-    const QString value = form.pwlGrid->textAt(row, 1);
-    lines.append(form.pwlGrid->textAt(row, 0) + (value.isEmpty() ? value : separator + value));
+  for (int i = 0; i < form.pwlGrid->rowCount(); ++i) {
+    const PointRow row = form.pwlGrid->rows().at(i);
+    lines.append(row.x + (row.y.isEmpty() ? row.y : separator + row.y));
   }
 }
 
 int EditFileDefinedPWLDialog::countDataPoints(bool fromTable) const {
   if (fromTable)
-    return form.pwlGrid->countDataPoints();
+    return form.pwlGrid->rows().countPoints();
   int count = 0;
   for (int i = 0; i < lines.size(); ++i) {
     const PwlPoint fields = fieldsOfPointsLine(lines.at(i));
-    count += kindOfPointsLine(lines.at(i)) == PointsLineKind::Data &&
+    count += kindOfPointsLine(lines.at(i)) == PointRow::Kind::Point &&
              !(fields.x.isEmpty() && fields.y.isEmpty());
   }
   return count;
@@ -320,17 +311,13 @@ void EditFileDefinedPWLDialog::handleErrorMessages() {
          "highlighted in the table with <span style=\"color:red\">red text</span>. If you hover "
          "your mouse over the red text, an error description will appear. After you correct the "
          "errors, you can check the file syntax with the <b>Check File Syntax</b> button.");
-  bool keepsRow = false;
   for (const SyntaxMessage& message : messages.all()) {
     const int id = message.id.toInt();
-    keepsRow = keepsRow || id == keepsStartData;
     if (id != fileIsEmpty && id != hasTooFewPoints)
       continue;
     title = id == fileIsEmpty ? tr("File is empty") : tr("Less than two data points");
     text = tr("The file\n\n  %1\n\n%2").arg(fileName(), message.text);
   }
-  if (!keepsRow)
-    anyFileOptionsChanged();
   QMessageBox::warning(this, title, text);
 }
 
@@ -353,12 +340,6 @@ void EditFileDefinedPWLDialog::okClicked() {
 void EditFileDefinedPWLDialog::readDialog(UserDataType, bool accepted) {
   if (!accepted)
     return;
-  const DefinitionTable* grid = form.pwlGrid;
-  const int used = grid->rowsInUse();
-  const int count = used > 0 ? used : grid->rowCount();
-  char** slot = makeStringResult(count + 1);
-  if (!slot)
-    return;
   FileSourceOptions options;
   options.delay = form.spinnerDelay->text();
   options.isPeriodic = form.checkboxPeriodic->isChecked();
@@ -366,19 +347,24 @@ void EditFileDefinedPWLDialog::readDialog(UserDataType, bool accepted) {
   options.fileName = fileName();
   options.isOnDisk = !isInF11Window();
   options.isBackwardCompatible = form.checkboxBackwardCompat->isChecked();
+
+  // Straight into the host's slots: of a million lines no second copy is wanted.
+  const PointRows& rows = form.pwlGrid->rows();
+  const int used = rows.rowsInUse();
+  const int count = used > 0 ? used : rows.count();
+  char** slot = makeStringResult(count + 1);
+  if (!slot)
+    return;
   *slot++ = hostString(writeFileSourceOptions(options));
   for (int row = 0; row < count; ++row)
-    *slot++ = hostString(grid->lineAt(row, fieldSeparator(isCsv())).constData());
+    *slot++ = hostString(rows.lineAt(row, fieldSeparator(isCsv())).constData());
 }
 
 void EditFileDefinedPWLDialog::updateEnables() {
-  const bool repeats = !form.checkboxPeriodic->isChecked();
-  form.labelRepeatCount->setEnabled(repeats);
-  form.spinnerRepeatCount->setEnabled(repeats);
-  const bool onDisk = form.radioButtonDisk->isChecked();
-  form.editboxDiskFileName->setEnabled(onDisk);
-  form.toolButtonDiskSelectFile->setEnabled(onDisk);
-  form.comboboxF11FileName->setEnabled(isInF11Window());
+  setEnabled({form.labelRepeatCount, form.spinnerRepeatCount}, !form.checkboxPeriodic->isChecked());
+  setEnabled({form.editboxDiskFileName, form.toolButtonDiskSelectFile},
+             form.radioButtonDisk->isChecked());
+  setEnabled({form.comboboxF11FileName}, isInF11Window());
 }
 
 bool EditFileDefinedPWLDialog::isCsv() const {

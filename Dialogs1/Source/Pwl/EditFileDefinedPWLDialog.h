@@ -9,6 +9,8 @@
 /// A piecewise-linear source whose points stand in a text file: the source's options and, line by
 /// line, the file.
 class EditFileDefinedPWLDialog : public KelvarinDialog {
+  Q_OBJECT
+
 public:
   EditFileDefinedPWLDialog();
 
@@ -17,7 +19,9 @@ public:
   /// The source options as one text, then the lines.
   void readDialog(UserDataType type, bool accepted) override;
   void okClicked() override; ///< stays open without a file name
+  int countDataPoints(bool fromTable) const;
 
+public slots:
   virtual void populateDialogFromData();
   virtual void pasteButton_clicked();
   virtual void anyFileOptionsChanged(); ///< rewrites the start data line from the controls
@@ -27,7 +31,6 @@ public:
   virtual void validate_clicked();
   virtual void handleErrorMessages();
   virtual void comboboxF11FileName_IndexChanged(const QString& fileName);
-  int countDataPoints(bool fromTable) const;
 
 private:
   void connectControls();

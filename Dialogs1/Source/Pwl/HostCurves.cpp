@@ -80,9 +80,9 @@ Curve HostCurves::integral(const Curve& curve) const {
   return curveFrom("integ", {operand(curve)});
 }
 
-Curve HostCurves::fitted(const Curve& curve, double segments, const QString& kind) const {
+Curve HostCurves::fitted(const Curve& curve, double segments, EnergyStorage kind) const {
   const std::vector<double> count{segments};
-  QByteArray text = kind.toUtf8();
+  QByteArray text = energyStorages.word(kind);
   char* word = text.data();
   return curveFrom("PWLCurveFit", {operand(curve), operand(count), operand(&word)});
 }

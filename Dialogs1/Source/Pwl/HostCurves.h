@@ -22,9 +22,9 @@ public:
   /// y at `x`; nothing where the curve does not get there.
   std::optional<double> valueAt(double x, const Curve& curve) const;
   Curve integral(const Curve& curve) const;
-  /// The polyline of about so many segments that stands for a charge ("capacitor") or a flux
-  /// linkage ("inductor").
-  Curve fitted(const Curve& curve, double segments, const QString& kind) const;
+  /// The polyline of about so many segments that stands for the charge of a capacitor, or the flux
+  /// linkage of an inductor.
+  Curve fitted(const Curve& curve, double segments, EnergyStorage kind) const;
 
 private:
   Curve curveFrom(const char* function, std::vector<UserArgument> operands) const;

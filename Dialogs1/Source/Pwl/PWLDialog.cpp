@@ -1,18 +1,18 @@
 #include "Pwl/PWLDialog.h"
 
-#include "Core/Pieces/Integers.h"
 #include "Core/Pieces/ObjectNames.h"
 #include "Frame/ScriptFunction.h"
 #include "HostSupport/HostSupport.h"
 #include "HostSupportQt/HostSupportQt.h"
+#include "Pieces/Fields.h"
 #include "Pieces/ScriptTexts.h"
 #include "Pwl/ConvertPassiveToBRENNIXDialog.h"
-#include "Pwl/PWLTableItems.h"
 
 #include <QMessageBox>
 
 #include <algorithm>
-#include <limits>
+
+using InitialCondition = PwlOptions::InitialCondition;
 
 static const ScriptFunction declaration("PWLDialog", 1, "SSRS", RealVectorResult,
                                         runDialogFunction<PWLDialog, UserReal>);
@@ -20,19 +20,9 @@ static const ScriptFunction declaration("PWLDialog", 1, "SSRS", RealVectorResult
 namespace {
 
 enum Argument { Points, Options, Numbers, ConverterMemory };
-enum Option : unsigned {
-  Title,
-  XHeading,
-  YHeading,
-  InitialConditionKind,
-  HelpContext,
-  LeastPoints,
-  MostPoints,
-  OfferSymmetric,
-  OfferRepeat
-};
+/// The numbers of the call. An initial condition comes back in the same two places.
+enum Number : unsigned { UsesCondition, Condition, SourceIdle, Cycles };
 
-constexpr int defaultMostRows = 256;
 constexpr int leastColumnWidth = 80;
 constexpr int cellMargin = 16;
 constexpr int longestMeasured = 200; // characters; a column is no wider than what a window shows
@@ -47,12 +37,22 @@ bool isZero(const QString& text) {
   return text.toDouble(&isNumber) == 0 && isNumber;
 }
 
+PointRow zero(PointRow::Kind kind) {
+  return {kind, QStringLiteral("0"), QStringLiteral("0"), QString()};
+}
+
+/// Puts fields behind what the result holds.
+void append(TextVector* result, const Fields& fields) {
+  Elements elements(result, result->count());
+  fields.store(&elements);
+}
+
 } // namespace
 
 PWLDialog::PWLDialog() : KelvarinDialog(nullptr, "PWLDialog", true, {}) {
   form.setupUi(this);
-  form.pwlGrid->setLimits({defaultMostRows, 1, tooManyText(), tr("Minimum segments"),
-                           tr("You must have at least %1 segments")});
+  form.pwlGrid->setLimits({options.mostRows, options.leastPoints, tooManyText(),
+                           tr("Minimum segments"), tr("You must have at least %1 segments")});
   form.pwlGrid->addRowActions(this);
   connect(form.pwlGrid, &PointTable::rowsChanged, this, &PWLDialog::limitInitialSegment);
   connect(form.pasteButton, &QPushButton::clicked, this, &PWLDialog::pasteButton_clicked);
@@ -64,7 +64,8 @@ PWLDialog::PWLDialog() : KelvarinDialog(nullptr, "PWLDialog", true, {}) {
 }
 
 void PWLDialog::initialiseDialog() {
-  loadOptions();
+  options = readPwlOptions(texts(Options));
+  showOptions();
   loadPoints();
   loadNumbers();
   offerConverter();
@@ -72,60 +73,40 @@ void PWLDialog::initialiseDialog() {
   form.pwlGrid->setCurrentCell(symmetric ? 1 : 0, 0);
 }
 
-void PWLDialog::loadOptions() {
-  const char* const* options = nullptr;
-  unsigned count = 0;
-  getStringVector(Options, &options, &count);
-  const auto option = [&](unsigned index) { return textAt(options, count, index); };
-  const auto number = [&](unsigned index) { return leadingInteger(Tocs(option(index))); };
-  const auto heading = [&](unsigned index, const QString& standard) {
-    return index < count ? captionAt(options, count, index) : standard;
-  };
-
-  if (count > Title)
-    setWindowTitle(shownCaption(option(Title)));
-  const QString xHeading = heading(XHeading, tr("Time"));
-  const QString yHeading = heading(YHeading, tr("Value"));
+void PWLDialog::showOptions() {
+  if (options.title)
+    setWindowTitle(shownCaption(*options.title));
+  const QString xHeading = shownCaption(options.xHeading.value_or(tr("Time")));
+  const QString yHeading = shownCaption(options.yHeading.value_or(tr("Value")));
   form.pwlGrid->setHorizontalHeaderLabels({xHeading, yHeading});
-  helpContext = count > HelpContext ? number(HelpContext) : -1;
-  form.helpButton->setVisible(helpContext >= 0);
-
-  const int least = std::max(number(LeastPoints), 1);
-  // One row more than there may be points: the blank one.
-  const int most = std::min(number(MostPoints), std::numeric_limits<int>::max() - 1) + 1;
-  form.pwlGrid->setLimits(least, count > MostPoints && most > least ? most : defaultMostRows);
-  symmetricAllowed = number(OfferSymmetric) != 0;
-  repeatMode = number(OfferRepeat) != 0;
-  form.radiogroupSymmetric->setVisible(symmetricAllowed);
-  form.repeatGroupBox->setVisible(repeatMode);
-
-  const QString kind = repeatMode ? QString() : option(InitialConditionKind);
-  if (equals(kind, QStringLiteral("segment"))) {
-    initialConditionMode = InitialCondition::Segment;
-    form.groupBoxInitialCondition->setCheckable(false);
-    form.groupBoxInitialCondition->setTitle(tr("Initial segment"));
-    form.initialConditionLabel->setText(tr("&Initial segment"));
-    form.initialConditionEdit->setEngMode(false);
-    form.initialConditionEdit->setMin(1);
-  } else if (equals(kind, QStringLiteral("continuous"))) {
-    initialConditionMode = InitialCondition::Continuous;
-  }
-  form.groupBoxInitialCondition->setVisible(initialConditionMode != InitialCondition::None);
+  form.pwlGrid->setLimits(options.leastPoints, options.mostRows);
+  form.helpButton->setVisible(options.helpContext >= 0);
+  form.radiogroupSymmetric->setVisible(options.offersSymmetric);
+  form.repeatGroupBox->setVisible(options.offersRepeat);
+  showInitialCondition();
 
   // Boxes that call for other rows keep a geometry of their own.
-  const char* const className = count == OfferSymmetric + 1 ? "MLPWLDialog" : "PWLDialog";
-  setObjectName(toQs(hashedObjectName(className, toYs(xHeading + yHeading + option(HelpContext)))));
+  setObjectName(toQs(hashedObjectName(options.isMultiLevel ? "MLPWLDialog" : "PWLDialog",
+                                      toYs(xHeading + yHeading + options.helpContextText))));
+}
+
+void PWLDialog::showInitialCondition() {
+  form.groupBoxInitialCondition->setVisible(options.initialCondition != InitialCondition::None);
+  if (options.initialCondition != InitialCondition::Segment)
+    return;
+  form.groupBoxInitialCondition->setCheckable(false);
+  form.groupBoxInitialCondition->setTitle(tr("Initial segment"));
+  form.initialConditionLabel->setText(tr("&Initial segment"));
+  form.initialConditionEdit->setEngMode(false);
+  form.initialConditionEdit->setMin(1);
 }
 
 void PWLDialog::loadPoints() {
-  const char* const* texts = nullptr;
-  unsigned count = 0;
-  getStringVector(Points, &texts, &count);
-  const unsigned pairs = count / 2;
-  for (unsigned i = 0; i < pairs; ++i)
-    points.append({textAt(texts, count, 2 * i), textAt(texts, count, 2 * i + 1)});
+  const Texts coordinates = texts(Points);
+  for (unsigned i = 0; i + 1 < coordinates.count(); i += 2)
+    points.append({coordinates.text(i), coordinates.text(i + 1)});
 
-  if (symmetricAllowed) {
+  if (options.offersSymmetric) {
     symmetric = isSymmetric(points);
     form.radiobuttonSymmetric->setChecked(symmetric);
     connect(form.radiogroupSymmetric, &RadioGroup::clicked, this,
@@ -149,51 +130,45 @@ void PWLDialog::populateTable() {
     const QFontMetrics metrics = grid->fontMetrics();
     int width = metrics.horizontalAdvance(grid->horizontalHeaderItem(column)->text());
     for (int row = 0; row < grid->rowCount(); ++row)
-      width = std::max(width,
-                       metrics.horizontalAdvance(grid->textAt(row, column).left(longestMeasured)));
+      width = std::max(width, metrics.horizontalAdvance(
+                                  grid->rows().at(row).text(column).left(longestMeasured)));
     grid->setColumnWidth(column, std::max(width + cellMargin, leastColumnWidth));
   }
 }
 
 void PWLDialog::putOrigin() {
   form.pwlGrid->insertRow(0);
-  for (int column = 0; column < form.pwlGrid->columnCount(); ++column)
-    form.pwlGrid->setItem(0, column, new DisabledPWLTableItem);
+  form.pwlGrid->setRow(0, zero(PointRow::Kind::Origin));
 }
 
 void PWLDialog::loadNumbers() {
   const double* numbers = nullptr;
   unsigned count = 0;
   getRealVector(Numbers, &numbers, &count);
-  if (repeatMode) {
-    const double cycles = count > 3 ? numbers[3] : 1;
+  if (options.offersRepeat) {
+    const double cycles = count > Cycles ? numbers[Cycles] : 1;
     form.rbRepeatForever->setChecked(cycles == 0);
     form.repetionPeriodEdit->setValue(cycles);
   } else {
-    form.groupBoxInitialCondition->setChecked(count > 1 && numbers[0] != 0);
-    if (count > 1)
-      form.initialConditionEdit->setValue(numbers[1]);
-    hasSourceIdle = count > 2;
+    const bool hasInitialCondition = count > Condition;
+    form.groupBoxInitialCondition->setChecked(hasInitialCondition && numbers[UsesCondition] != 0);
+    if (hasInitialCondition)
+      form.initialConditionEdit->setValue(numbers[Condition]);
+    hasSourceIdle = count > SourceIdle;
     form.cbSourceIdle->setVisible(hasSourceIdle);
-    form.cbSourceIdle->setChecked(!hasSourceIdle || numbers[2] != 0);
+    form.cbSourceIdle->setChecked(!hasSourceIdle || numbers[SourceIdle] != 0);
   }
   repeatButtonClicked();
   limitInitialSegment();
 }
 
 void PWLDialog::offerConverter() {
-  const bool isInductor =
-      windowTitle().contains(QLatin1String("Define PWL Inductor"), Qt::CaseInsensitive);
-  const bool isCapacitor =
-      windowTitle().contains(QLatin1String("Define PWL Capacitor"), Qt::CaseInsensitive);
-  form.componentUnitEntryButton->setVisible(isInductor || isCapacitor);
-  if (isInductor || isCapacitor) {
-    converterKind = isInductor ? QStringLiteral("inductor") : QStringLiteral("capacitor");
-    form.componentUnitEntryButton->setText(isInductor ? tr("Enter Inductance...")
-                                                      : tr("Enter Capacitance..."));
-    connect(form.componentUnitEntryButton, &QPushButton::clicked, this,
-            &PWLDialog::open_converter_tool);
-  }
+  form.componentUnitEntryButton->setVisible(options.converter != EnergyStorage::None);
+  form.componentUnitEntryButton->setText(options.converter == EnergyStorage::Inductor
+                                             ? tr("Enter Inductance...")
+                                             : tr("Enter Capacitance..."));
+  connect(form.componentUnitEntryButton, &QPushButton::clicked, this,
+          &PWLDialog::open_converter_tool);
   YString memory;
   if (getString(ConverterMemory, &memory))
     converterMemory = readConversionMemory(toQs(memory));
@@ -211,54 +186,55 @@ void PWLDialog::readDialog(UserDataType, bool accepted) {
     result.append(point.x);
     result.append(point.y);
   }
-  if (repeatMode)
+  if (options.offersRepeat)
     result.append(form.rbRepeatForever->isChecked() ? QStringLiteral("0")
                                                     : form.repetionPeriodEdit->text());
-  if (initialConditionMode != InitialCondition::None) {
-    result.append(flagWord(form.groupBoxInitialCondition->isChecked()));
-    result.append(form.initialConditionEdit->text());
-  }
+  if (options.initialCondition != InitialCondition::None)
+    append(&result, {{form.groupBoxInitialCondition, UsesCondition},
+                     {form.initialConditionEdit, Condition}});
   if (hasSourceIdle)
     result.append(flagWord(form.cbSourceIdle->isChecked()));
-  if (!converterKind.isEmpty())
+  if (options.converter != EnergyStorage::None)
     result.append(writeConversionMemory(converterMemory));
   setTextsResult(result);
 }
 
 void PWLDialog::accept() {
-  for (int row = 0; row < form.pwlGrid->completeRows(); ++row)
-    for (int column = 0; column < 2; ++column)
-      if (!validate(normalisedCell(form.pwlGrid->textAt(row, column)))) {
-        QMessageBox::warning(this, tr("Invalid Entries"),
-                             tr("<html>One or more entries are invalid. Cell entries must either "
-                                "be a number or an expression enclosed with '{' and '}'</html>"));
-        form.pwlGrid->setCurrentCell(row, column);
-        form.pwlGrid->setFocus(Qt::OtherFocusReason);
-        return;
-      }
+  const PwlPoints typed = normalisedPoints(0);
+  for (int row = 0; row < typed.size(); ++row) {
+    const bool isValidX = validate(typed.at(row).x);
+    if (isValidX && validate(typed.at(row).y))
+      continue;
+    QMessageBox::warning(this, tr("Invalid Entries"),
+                         tr("<html>One or more entries are invalid. Cell entries must either "
+                            "be a number or an expression enclosed with '{' and '}'</html>"));
+    form.pwlGrid->setCurrentCell(row, isValidX ? 1 : 0);
+    form.pwlGrid->setFocus(Qt::OtherFocusReason);
+    return;
+  }
   KelvarinDialog::accept();
 }
 
 PwlPoints PWLDialog::normalisedPoints(int first) const {
-  PwlPoints found = form.pwlGrid->points(first);
+  PwlPoints found = form.pwlGrid->rows().points(first);
   for (PwlPoint& point : found)
     point = {normalisedCell(point.x), normalisedCell(point.y)};
   return found;
 }
 
 int PWLDialog::countPoints() {
-  return form.pwlGrid->completeRows(symmetric ? 1 : 0);
+  return form.pwlGrid->rows().completeRows(symmetric ? 1 : 0);
 }
 
 void PWLDialog::radiogroupSymmetric_clicked(int selectedId) {
-  PointTable* grid = form.pwlGrid;
   symmetric = selectedId != 0;
+  const PointRow first = form.pwlGrid->rows().at(0);
   if (symmetric) {
-    if (isZero(grid->textAt(0, 0)) && isZero(grid->textAt(0, 1)))
-      grid->removeRow(0);
+    if (isZero(first.x) && isZero(first.y))
+      form.pwlGrid->removeRow(0);
     putOrigin();
-  } else if (dynamic_cast<DisabledPWLTableItem*>(grid->item(0, 0))) {
-    grid->setRow(0, {QStringLiteral("0"), QStringLiteral("0")});
+  } else if (first.kind == PointRow::Kind::Origin) {
+    form.pwlGrid->setRow(0, zero(PointRow::Kind::Point));
   }
 }
 
@@ -288,7 +264,7 @@ bool PWLDialog::validate(const QString& text) {
 }
 
 void PWLDialog::limitInitialSegment() {
-  if (initialConditionMode == InitialCondition::Segment)
+  if (options.initialCondition == InitialCondition::Segment)
     form.initialConditionEdit->setMax(form.pwlGrid->rowCount());
 }
 
@@ -296,7 +272,7 @@ void PWLDialog::open_converter_tool() {
   // A curve that was typed by hand reaches the tool as what comes out of it.
   if (converterMemory.input.isEmpty() && converterMemory.output.isEmpty())
     converterMemory.output = textOfPoints(normalisedPoints(0));
-  ConvertPassiveToBRENNIXDialog tool(this, "ConvertDialog", scriptArgs, converterKind,
+  ConvertPassiveToBRENNIXDialog tool(this, "ConvertDialog", scriptArgs, options.converter,
                                      converterMemory);
   if (tool.exec() != Accepted)
     return;

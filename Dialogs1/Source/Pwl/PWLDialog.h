@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Core/Pwl/ConversionMemory.h"
+#include "Core/Pwl/PwlOptions.h"
 #include "Core/Pwl/PwlPoints.h"
 #include "Frame/KelvarinDialog.h"
 #include "Pwl/ui_BasePWLDialog.h"
@@ -8,10 +9,12 @@
 /// A piecewise-linear definition: a source over time, a non-linear inductor or capacitor, or any
 /// other curve that a script labels.
 class PWLDialog : public KelvarinDialog {
+  Q_OBJECT
+
 public:
   PWLDialog();
 
-  int helpContextId() override { return helpContext; }
+  int helpContextId() override { return options.helpContext; }
   void initialiseDialog() override;
   /// The points and, where they are offered, repeat count, initial condition, source idle and the
   /// conversion tool's memory, as strings.
@@ -20,16 +23,17 @@ public:
 
   virtual void populateTable();
   virtual int countPoints(); ///< complete rows, without the origin of a symmetric definition
+  virtual bool validate(const QString& text);
+
+public slots:
   virtual void radiogroupSymmetric_clicked(int selectedId);
   virtual void pasteButton_clicked();
   virtual void repeatButtonClicked();
-  virtual bool validate(const QString& text);
   virtual void open_converter_tool();
 
 private:
-  enum class InitialCondition { None, Segment, Continuous };
-
-  void loadOptions();
+  void showOptions();
+  void showInitialCondition();
   void loadPoints();
   void loadNumbers();
   void offerConverter();
@@ -38,13 +42,9 @@ private:
   void limitInitialSegment();
 
   Ui::BasePWLDialog form;
+  PwlOptions options;
   PwlPoints points; ///< as given
-  InitialCondition initialConditionMode = InitialCondition::None;
   bool hasSourceIdle = true;
-  bool symmetricAllowed = false;
   bool symmetric = false;
-  bool repeatMode = false;
-  int helpContext = -1;
-  QString converterKind; ///< "inductor" or "capacitor"; empty without the conversion tool
   ConversionMemory converterMemory;
 };

@@ -7,7 +7,9 @@
 /// An ordinary cell of a point table.
 class PWLTableItem : public QTableWidgetItem {
 public:
-  explicit PWLTableItem(const QString& text = QString()) : QTableWidgetItem(text) {}
+  explicit PWLTableItem(const QString& text = QString()) : QTableWidgetItem(text) {
+    setTextAlignment(Qt::AlignLeft);
+  }
   ~PWLTableItem() override = default;
 };
 
@@ -53,9 +55,8 @@ public:
 /// The cell that opens a file chooser for its row.
 class ToolButtonPWLTableItem : public QTableWidgetItem {
 public:
-  ToolButtonPWLTableItem()
-      : QTableWidgetItem(QCoreApplication::translate("PointTable", "Select...")) {
-    setBackground(QColor(225, 225, 225));
-  }
+  ToolButtonPWLTableItem() : QTableWidgetItem(caption()) { setBackground(QColor(225, 225, 225)); }
   ~ToolButtonPWLTableItem() override = default;
+
+  static QString caption() { return QCoreApplication::translate("PointTable", "Select..."); }
 };

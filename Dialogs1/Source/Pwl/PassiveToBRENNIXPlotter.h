@@ -9,6 +9,8 @@
 /// Capacitance or inductance above, charge or flux linkage below: what was given, and what the
 /// polyline makes of it.
 class PassiveToBRENNIXPlotter : public QDialog {
+  Q_OBJECT
+
 public:
   PassiveToBRENNIXPlotter(QWidget* parent, bool isInductor, const EnergyPlot& plot);
 

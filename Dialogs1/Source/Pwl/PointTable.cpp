@@ -10,12 +10,14 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QSignalBlocker>
 
 #include <algorithm>
 #include <cstdlib>
 
 namespace {
 
+constexpr int pointColumns = 2;
 constexpr int fewRows = 6;
 constexpr int leastContrast = 90; // of lightness, in 255ths
 constexpr int onDark = 180;       // lightness of a colour that is seen there
@@ -47,11 +49,39 @@ protected:
   }
 };
 
+PointRow rowOf(const PwlPoint& point, PointRow::Kind kind = PointRow::Kind::Point) {
+  return {kind, point.x, point.y, QString()};
+}
+
+QTableWidgetItem* newItem(const PointRow& row, int column) {
+  const QString& text = row.text(column);
+  if (column >= pointColumns)
+    return new ToolButtonPWLTableItem;
+  if (!row.fault.isEmpty())
+    return new ErrorPWLTableItem(text, row.fault);
+  switch (row.kind) {
+  case PointRow::Kind::Computed:
+    return new QTableWidgetItem(text);
+  case PointRow::Kind::Origin:
+    return new DisabledPWLTableItem;
+  case PointRow::Kind::Comment:
+    return new CommentPWLTableItem(text);
+  case PointRow::Kind::StartData:
+    if (column == 0)
+      return new StartDataPWLTableItem(text);
+    break;
+  case PointRow::Kind::Point:
+    break;
+  }
+  return new PWLTableItem(text);
+}
+
 } // namespace
 
-PointTable::PointTable(QWidget* parent) : QTableWidget(parent) {
+PointTable::PointTable(QWidget* parent, PointRows::Counted counted)
+    : QTableWidget(parent), m_rows(counted) {
   setItemDelegate(new PointDelegate(this));
-  setColumnCount(2);
+  setColumnCount(pointColumns);
   setTabKeyNavigation(false);
   setWordWrap(false);
   setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
@@ -59,6 +89,16 @@ PointTable::PointTable(QWidget* parent) : QTableWidget(parent) {
   numbers->setDefaultSectionSize(numbers->fontMetrics().height() * 3 / 2);
   numbers->setSectionResizeMode(QHeaderView::Fixed);
   horizontalHeader()->setStretchLastSection(true);
+  connect(
+      model(), &QAbstractItemModel::rowsInserted, this,
+      [this](const QModelIndex&, int first, int last) { m_rows.insert(first, last - first + 1); });
+  connect(
+      model(), &QAbstractItemModel::rowsRemoved, this,
+      [this](const QModelIndex&, int first, int last) { m_rows.remove(first, last - first + 1); });
+  connect(this, &QTableWidget::cellChanged, this, [this](int row, int column) {
+    if (column < pointColumns)
+      m_rows.setText(row, column, item(row, column)->text());
+  });
 }
 
 QSize PointTable::minimumSizeHint() const {
@@ -109,71 +149,38 @@ bool PointTable::eventFilter(QObject* watched, QEvent* event) {
   return QTableWidget::eventFilter(watched, event);
 }
 
-QString PointTable::textAt(int row, int column) const {
-  const QTableWidgetItem* cell = item(row, column);
-  return cell ? cell->text() : QString();
-}
-
-bool PointTable::isFilled(int row) const {
-  return !textAt(row, 0).isEmpty() && !textAt(row, 1).isEmpty();
-}
-
-int PointTable::completeRows(int first) const {
-  int row = first;
-  while (row < rowCount() && isFilled(row))
-    ++row;
-  return std::max(row - first, 0);
-}
-
-PwlPoints PointTable::points(int first) const {
-  PwlPoints found;
-  const int count = completeRows(first);
-  found.reserve(count);
-  for (int row = first; row < first + count; ++row)
-    found.append({textAt(row, 0), textAt(row, 1)});
-  return found;
-}
-
-void PointTable::setPoints(const PwlPoints& points, int blankRows) {
+void PointTable::setPoints(const PwlPoints& points, int blankRows, PointRow::Kind kind) {
   setRowCount(points.size() + blankRows);
   for (int row = 0; row < rowCount(); ++row)
-    setRow(row, points.value(row));
+    setRow(row, row < points.size() ? rowOf(points.at(row), kind) : PointRow());
 }
 
 void PointTable::overwritePoints(const PwlPoints& points) {
-  const int before = rowCount();
   setRowCount(points.size() + 1);
   for (int row = 0; row < points.size(); ++row)
-    setRow(row, points.at(row));
-  if (before <= points.size())
-    fillRow(points.size());
+    setRow(row, rowOf(points.at(row)));
+  showRow(points.size());
 }
 
-void PointTable::setRow(int row, const PwlPoint& point) {
-  const QString texts[] = {point.x, point.y};
-  for (int column = 0; column < 2; ++column) {
-    auto* cell = new PWLTableItem(texts[column]);
-    cell->setTextAlignment(Qt::AlignLeft);
-    setItem(row, column, cell);
-  }
+void PointTable::setRow(int row, const PointRow& value) {
+  m_rows.set(row, value);
+  showRow(row);
 }
 
-void PointTable::fillRow(int row) {
-  setRow(row, {});
+void PointTable::showRow(int row) {
+  const PointRow shown = m_rows.at(row);
+  const QSignalBlocker quiet(this); // nobody has typed anything
+  for (int column = 0; column < columnCount(); ++column)
+    if (shown.hasCell(column))
+      setItem(row, column, newItem(shown, column));
+    else
+      delete takeItem(row, column);
 }
 
-void PointTable::touchRow(int) {}
-
-bool PointTable::mayInsert(int rows) const {
-  return rowCount() + rows <= limits.most;
-}
-
-bool PointTable::mayDelete() const {
-  return completeRows() > limits.least + 1;
-}
-
-bool PointTable::isRemovable(int, int) const {
-  return true;
+void PointTable::setText(int row, int column, const QString& text) {
+  if (!isShown(row))
+    showRow(row);
+  item(row, column)->setText(text);
 }
 
 int PointTable::selectedCells() const {
@@ -181,7 +188,7 @@ int PointTable::selectedCells() const {
   for (const QItemSelectionRange& range : selectionModel()->selection())
     for (int row = range.top(); row <= range.bottom(); ++row)
       for (int column = range.left(); column <= range.right(); ++column)
-        count += hasCell(row, column);
+        count += m_rows.hasCell(row, column);
   return count;
 }
 
@@ -204,14 +211,14 @@ void PointTable::insertRows() {
     }
     count = last - first + 1;
   }
-  if (!mayInsert(count)) {
+  if (!m_rows.mayInsert(count, limits.most)) {
     showTooMany();
     return;
   }
   // All at once: the header looks at every row below each time that rows come in.
   model()->insertRows(first, count);
   for (int row = first; row < first + count; ++row)
-    fillRow(row);
+    showRow(row);
   clearSelection();
   if (!selected.isEmpty())
     setRangeSelected({first, 0, first + count - 1, columnCount() - 1}, true);
@@ -223,8 +230,7 @@ void PointTable::insertRows() {
 void PointTable::deleteRows() {
   const int currentAtRow = currentRow();
   const int currentAtColumn = currentColumn();
-  const bool isBlank = textAt(currentAtRow, 0).isEmpty() && textAt(currentAtRow, 1).isEmpty();
-  if (!isBlank && !mayDelete()) {
+  if (!m_rows.at(currentAtRow).isBlank() && !m_rows.mayDelete(limits.least)) {
     QMessageBox::warning(window(), limits.tooFewTitle, limits.tooFew.arg(limits.least));
     return;
   }
@@ -234,7 +240,7 @@ void PointTable::deleteRows() {
   // A row for each cell: who selects both cells of a row takes the one below as well.
   const int first = selected.first().top();
   const int count = std::min(selectedCells(), rowCount() - first);
-  if (count == 0 || !isRemovable(first, count))
+  if (count == 0 || !m_rows.isRemovable(first, count))
     return;
   model()->removeRows(first, count);
   setCurrentCell(std::min(currentAtRow, rowCount() - 1), currentAtColumn);
@@ -253,7 +259,7 @@ void PointTable::nextCell() {
     setCurrentCell(currentRow(), 0);
   if (row == rowCount()) {
     insertRow(row);
-    fillRow(row);
+    showRow(row);
   }
   setCurrentCell(row, atRowEnd ? 0 : 1);
 }
@@ -267,6 +273,13 @@ void PointTable::keyPressEvent(QKeyEvent* event) {
     QTableWidget::keyPressEvent(event);
 }
 
+QString PointTable::textOf(const QModelIndex& cell) const {
+  const PointRow row = m_rows.at(cell.row());
+  if (!row.hasCell(cell.column()))
+    return QString();
+  return cell.column() < pointColumns ? row.text(cell.column()) : ToolButtonPWLTableItem::caption();
+}
+
 void PointTable::copySelection() const {
   QString text;
   QModelIndexList cells = selectedIndexes();
@@ -274,7 +287,7 @@ void PointTable::copySelection() const {
   for (int i = 0; i < cells.size(); ++i) {
     if (i > 0)
       text += cells.at(i).row() == cells.at(i - 1).row() ? QLatin1Char('\t') : QLatin1Char('\n');
-    text += textAt(cells.at(i).row(), cells.at(i).column());
+    text += textOf(cells.at(i));
   }
   if (!cells.isEmpty())
     QGuiApplication::clipboard()->setText(text);
@@ -285,22 +298,16 @@ void PointTable::pasteCells() {
   const int top = std::max(currentRow(), 0);
   const int left = std::max(currentColumn(), 0);
   const int newRows = std::max(top + block.size() - rowCount(), 0);
-  if (newRows > 0 && !mayInsert(newRows)) {
+  if (newRows > 0 && !m_rows.mayInsert(newRows, limits.most)) {
     showTooMany();
     return;
   }
-  const int before = rowCount();
   if (newRows > 0)
-    model()->insertRows(before, newRows);
-  for (int row = before; row < rowCount(); ++row)
-    fillRow(row);
-  for (int row = 0; row < block.size(); ++row) {
-    touchRow(top + row);
-    for (int column = 0; column < block.at(row).size() && left + column < 2; ++column)
-      if (QTableWidgetItem* cell = item(top + row, left + column))
-        if (cell->flags() & Qt::ItemIsEditable)
-          cell->setText(block.at(row).at(column));
-  }
+    model()->insertRows(rowCount(), newRows);
+  for (int row = 0; row < block.size(); ++row)
+    for (int column = 0; column < block.at(row).size(); ++column)
+      if (m_rows.at(top + row).isEditable(left + column))
+        setText(top + row, left + column, block.at(row).at(column));
   if (newRows > 0)
     emit rowsChanged();
 }

@@ -1,11 +1,12 @@
 #pragma once
 
-#include "Core/Pwl/PwlPoints.h"
+#include "Core/Pwl/PointRows.h"
 
 #include <QTableWidget>
 
 /// The table in which the points of a piecewise-linear curve are typed: x and y in columns 0 and 1,
-/// numbers and expressions as text. Below the last point it keeps a blank row to type in.
+/// numbers and expressions as text. Below the last point it keeps a blank row to type in. What it
+/// holds are its `PointRows`; its items only show them, and tell them what was typed.
 class PointTable : public QTableWidget {
   Q_OBJECT
 
@@ -19,7 +20,10 @@ public:
     QString tooFew;      ///< %1 stands for `least`
   };
 
-  explicit PointTable(QWidget* parent = nullptr);
+  explicit PointTable(QWidget* parent = nullptr,
+                      PointRows::Counted counted = PointRows::Counted::Rows);
+
+  const PointRows& rows() const { return m_rows; }
 
   void setLimits(const Limits& newLimits) { limits = newLimits; }
   void setLimits(int least, int most); ///< the texts stay
@@ -30,18 +34,14 @@ public:
   /// always do.
   void addRowActions(QWidget* owner);
 
-  virtual QString textAt(int row, int column) const; ///< a missing cell counts as empty
-  bool isFilled(int row) const;                      ///< both coordinates
-  /// Rows from `first` to the one before the first that has an empty cell.
-  int completeRows(int first = 0) const;
-  PwlPoints points(int first = 0) const; ///< of the complete rows
-
   /// Makes the table as long as the points and so many blank rows below, and puts them in.
-  void setPoints(const PwlPoints& points, int blankRows = 1);
+  void setPoints(const PwlPoints& points, int blankRows = 1,
+                 PointRow::Kind kind = PointRow::Kind::Point);
   /// Puts points over the rows from 0 on and cuts the table off behind the next row, which keeps
   /// what it held.
   void overwritePoints(const PwlPoints& points);
-  void setRow(int row, const PwlPoint& point);
+  void setRow(int row, const PointRow& value);
+  void setText(int row, int column, const QString& text); ///< as if the user had typed it
 
   QSize minimumSizeHint() const override; ///< of a few rows
 
@@ -57,18 +57,15 @@ protected:
   void keyPressEvent(QKeyEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
-  virtual void fillRow(int row);          ///< gives a new row its cells
-  virtual void touchRow(int row);         ///< before the cells of a row are written to
-  virtual bool mayInsert(int rows) const; ///< within the limits
-  virtual bool mayDelete() const;
-  /// Whether the user may take away these rows.
-  virtual bool isRemovable(int first, int count) const;
-  virtual bool hasCell(int row, int column) const { return item(row, column); }
+  bool isShown(int row) const { return item(row, 0); }
+  void showRow(int row); ///< gives a row its items
 
   Limits limits;
+  PointRows m_rows;
 
 private:
   int selectedCells() const;
+  QString textOf(const QModelIndex& cell) const;
   void copySelection() const;
   void pasteCells();
 };
