@@ -1,7 +1,5 @@
 #include "HostSupport/Registry.h"
 
-#include "HostSupport/Options.h"
-
 #include <algorithm>
 #include <map>
 #include <mutex>

@@ -13,4 +13,5 @@
 #include "HostSupport/Parsing.h"
 #include "HostSupport/Registration.h"
 #include "HostSupport/System.h"
+#include "HostSupport/SystemTypes.h"
 #include "HostSupport/YString.h"

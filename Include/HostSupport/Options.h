@@ -55,9 +55,6 @@ HOSTSUPPORT_EXPORT bool sp_RemoveOption(const YString& key);
 /// be null. False for a key that is neither set nor declared.
 HOSTSUPPORT_EXPORT bool sp_ReadOptionsInfo(const char* key, OptionValue* current,
                                            OptionValue* defaultValue);
-/// Declares a colour option at run time; `value` is its default, "#rrggbb".
-HOSTSUPPORT_EXPORT void sp_MakeColourOption(const char* file, int line, const YString& key,
-                                            const char* value);
 
 /// Non-zero on success; `*out` is untouched where the key is not set.
 HOSTSUPPORT_EXPORT int cfgman_GetConfigSetting(const char* section, const char* key, YString* out,

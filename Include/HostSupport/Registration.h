@@ -156,6 +156,10 @@ public:
   MakeOption(const char* file, int line, const YString& name, bool, OptionCacheStatus, bool);
 };
 
+/// Declares a colour option at run time; `value` is its default, "#rrggbb".
+HOSTSUPPORT_EXPORT void sp_MakeColourOption(const char* file, int line, const YString& key,
+                                            const char* value);
+
 /// Registers a function for a named event of the host, such as "PostPluginLoad".
 class HOSTSUPPORT_EXPORT AutoFunc {
 public:

@@ -1,5 +1,7 @@
 #include "HostSupport/Options.h"
 
+#include "HostSupport/Registration.h"
+
 #include "SettingsFixture.h"
 
 #include <climits>
