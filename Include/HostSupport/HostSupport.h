@@ -9,6 +9,7 @@
 #include "HostSupport/Files.h"
 #include "HostSupport/KelvarinException.h"
 #include "HostSupport/Numbers.h"
+#include "HostSupport/OptionValue.h"
 #include "HostSupport/Options.h"
 #include "HostSupport/Parsing.h"
 #include "HostSupport/Registration.h"
