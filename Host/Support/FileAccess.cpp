@@ -1,6 +1,5 @@
 #include "FileAccess.h"
 
-#include "HostSupport/Files.h"
 #include "HostSupport/System.h"
 
 #include "Platform.h"
@@ -66,6 +65,14 @@ std::string textOf(const fs::path& path) {
   return path.u8string();
 }
 
+std::FILE* openFile(const char* path, const char* mode) {
+  return fileOperationMayRun() ? platformOpenFile(path, mode) : nullptr;
+}
+
+int unlinkFile(const char* path) {
+  return fileOperationMayRun() ? platformUnlink(path) : -1;
+}
+
 ReadStatus readWholeFile(const std::string& path, std::size_t limit, std::string* bytes) {
   bytes->clear();
   std::error_code error;
@@ -75,7 +82,7 @@ ReadStatus readWholeFile(const std::string& path, std::size_t limit, std::string
   // To open a pipe would wait for its writer.
   if (!fs::is_regular_file(place, error))
     return ReadStatus::Unreadable;
-  std::FILE* file = fopen_utf8(path.c_str(), "rb");
+  std::FILE* file = openFile(path.c_str(), "rb");
   if (!file)
     return ReadStatus::Unreadable;
   char chunk[16384];
@@ -98,14 +105,14 @@ bool replaceFile(const std::string& path, std::string_view bytes) {
   std::error_code error;
   const fs::file_status present = fs::status(place, error);
   if (fs::exists(present)) {
-    std::FILE* writable = fopen_utf8(path.c_str(), "r+b");
+    std::FILE* writable = openFile(path.c_str(), "r+b");
     if (!writable)
       return false;
     std::fclose(writable);
   }
   // The one name will do, since the caller holds the lock; so no leftovers pile up.
   const std::string next = path + ".new";
-  std::FILE* file = fopen_utf8(next.c_str(), "wb");
+  std::FILE* file = openFile(next.c_str(), "wb");
   if (!file)
     return false;
   if (writeAndClose(file, bytes)) {
@@ -115,7 +122,7 @@ bool replaceFile(const std::string& path, std::string_view bytes) {
       return true;
   }
   const int reason = errno;
-  unlink_utf8(next.c_str());
+  unlinkFile(next.c_str());
   errno = reason;
   return false;
 }

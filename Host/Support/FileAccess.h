@@ -14,6 +14,9 @@ bool fileOperationMayRun();
 std::filesystem::path pathOf(std::string_view utf8);
 std::string textOf(const std::filesystem::path& path);
 
+std::FILE* openFile(const char* path, const char* mode);
+int unlinkFile(const char* path);
+
 enum class ReadStatus { Read, Missing, Unreadable, TooLarge };
 /// The whole of a regular file of at most `limit` bytes. A link that points nowhere is unreadable,
 /// not missing.

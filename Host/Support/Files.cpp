@@ -10,7 +10,9 @@
 #include <QDir>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <cerrno>
+#include <charconv>
 #include <cstring>
 #include <mutex>
 
@@ -66,6 +68,27 @@ YString withSeparators(const YString& path, char from, char to) {
       if (*c == from)
         *c = to;
   return result;
+}
+
+/// Reads "1", "1.2" or "1.2.3"; false where the text is none of these.
+bool readVersion(std::string_view text, FileVersion* version) {
+  FileVersion read;
+  int* const parts[] = {&read.major, &read.minor, &read.patch};
+  const char* next = text.data();
+  const char* const end = next + text.size();
+  for (int* part : parts) {
+    const auto [stop, error] = std::from_chars(next, end, *part);
+    if (error != std::errc() || *part < 0)
+      return false;
+    next = stop;
+    if (next == end) {
+      *version = read;
+      return true;
+    }
+    if (*next++ != '.')
+      return false;
+  }
+  return false;
 }
 
 } // namespace
@@ -178,6 +201,22 @@ YString sp_GetKnownFolderPath(const YString& folder) {
   return YString();
 }
 
+bool sp_GetFileVersion(const YString& path, FileVersion* version) {
+  if (path.isEmpty() || path.comparePath(sp_GetExeFileName()) == 0) {
+    const YString own = sp_GetSystemValue("version");
+    return readVersion(own.c_str(), version);
+  }
+  // A library's file carries its version behind its name: "libm.so.6.1".
+  std::error_code error;
+  const fs::path file = fs::canonical(pathOf(path.c_str()), error);
+  if (error)
+    return false;
+  const std::string name = textOf(file.filename());
+  const std::size_t suffix = name.find(".so.");
+  return suffix != std::string::npos &&
+         readVersion(std::string_view(name).substr(suffix + 4), version);
+}
+
 YString sp_ConvertLocalToUnix(const YString& path) {
   return withSeparators(path, '\\', '/');
 }
@@ -209,12 +248,28 @@ bool sp_CaseSensitiveFiles() {
   return sp_GetSystemValue("caseSensitiveFiles") == "1";
 }
 
+// Stands here since it asks what counts as one path.
+int YString::comparePath(const YString& other) const {
+  const bool caseCounts = sp_CaseSensitiveFiles();
+  const auto key = [caseCounts](char c) {
+    c = c == '\\' ? '/' : c;
+    return static_cast<unsigned char>(caseCounts ? c : asciiLower(c));
+  };
+  const char* a = c_str();
+  const char* b = other.c_str();
+  while (*a && key(*a) == key(*b)) {
+    ++a;
+    ++b;
+  }
+  return key(*a) - key(*b);
+}
+
 std::FILE* fopen_utf8(const char* path, const char* mode) {
   if (!path || !mode) {
     errno = EINVAL;
     return nullptr;
   }
-  return fileOperationMayRun() ? platformOpenFile(path, mode) : nullptr;
+  return openFile(path, mode);
 }
 
 int unlink_utf8(const char* path) {
@@ -222,7 +277,7 @@ int unlink_utf8(const char* path) {
     errno = EINVAL;
     return -1;
   }
-  return fileOperationMayRun() ? platformUnlink(path) : -1;
+  return unlinkFile(path);
 }
 
 bool sp_ReadNextLine(std::FILE* file, YString* line) {

@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cstring>
-#include <limits>
 #include <mutex>
 
 namespace {
@@ -53,27 +52,24 @@ bool find(SettingsFile Store::*file, const std::string& section, const char* key
   });
 }
 
-bool write(SettingsFile Store::*file, const std::string& section, const char* key,
-           const std::string* value) {
-  if (!key || !*key)
-    return false;
-  return withFile(file,
-                  [&](SettingsFile& settings) { return settings.write(section, key, value); });
+bool write(SettingsFile Store::*file, const std::vector<SettingsFile::Change>& changes) {
+  for (const SettingsFile::Change& change : changes)
+    if (change.key.empty())
+      return false;
+  return withFile(file, [&](SettingsFile& settings) { return settings.write(changes); });
+}
+
+SettingsFile::Change changeOf(const OptionSetting& setting) {
+  SettingsFile::Change change{noSection, setting.key.c_str(), std::nullopt};
+  if (setting.value.kind() != OptionValue::Kind::None) {
+    const YString text = setting.value.toText();
+    change.value.emplace(text.c_str(), text.length());
+  }
+  return change;
 }
 
 bool findOption(const char* key, YString* value) {
   return find(&Store::options, noSection, key, value);
-}
-
-bool textToBool(const YString& text) {
-  static constexpr const char* falseWords[] = {"", "false", "0", "no", "off"};
-  return std::none_of(std::begin(falseWords), std::end(falseWords),
-                      [&](const char* word) { return sp_CompareNoCase(text, word) == 0; });
-}
-
-int clampToInt(double value) {
-  using Limits = std::numeric_limits<int>;
-  return static_cast<int>(std::clamp(value, double{Limits::min()}, double{Limits::max()}));
 }
 
 /// Reads "#rrggbb", or the packed number itself, with red in the low byte.
@@ -95,56 +91,23 @@ bool readColour(const YString& text, int* colour) {
   return true;
 }
 
-/// What a key's declaration says; false if nobody has declared it.
-bool findDeclaration(const char* key, OptionValue* defaultValue) {
-  const std::vector<OptionRecord> options = sp_RegisteredOptions();
-  const auto found = std::find_if(options.begin(), options.end(),
-                                  [key](const OptionRecord& option) { return option.name == key; });
-  if (found == options.end())
-    return false;
-  *defaultValue =
-      found->defaultValue.empty() ? OptionValue() : OptionValue(YString(found->defaultValue));
-  return true;
+/// What is stored, as a value of the declared kind.
+OptionValue readAs(const OptionValue& declared, const OptionValue& stored) {
+  switch (declared.kind()) {
+  case OptionValue::Kind::Bool:
+    return stored.toBool();
+  case OptionValue::Kind::Integer:
+    return sp_IsEngNumber(stored.toText()) ? stored.toInt() : declared;
+  case OptionValue::Kind::Real:
+    return sp_IsEngNumber(stored.toText()) ? stored.toReal() : declared;
+  case OptionValue::Kind::None:
+  case OptionValue::Kind::Text:
+    break;
+  }
+  return stored;
 }
 
 } // namespace
-
-bool OptionValue::toBool() const {
-  return m_kind == Kind::Text ? textToBool(m_text) : m_kind != Kind::None && m_number != 0;
-}
-
-int OptionValue::toInt() const {
-  const double value = toReal();
-  return value == value ? clampToInt(value) : 0;
-}
-
-double OptionValue::toReal() const {
-  double value = m_number;
-  if (m_kind == Kind::Text)
-    sp_IsEngNumber(m_text, &value);
-  return value;
-}
-
-YString OptionValue::toText() const {
-  switch (m_kind) {
-  case Kind::None:
-    return YString();
-  case Kind::Bool:
-    return m_number != 0 ? "true" : "false";
-  case Kind::Integer:
-  case Kind::Real:
-    return YString(m_number);
-  case Kind::Text:
-    break;
-  }
-  return m_text;
-}
-
-// Whatever was stored comes back as a text, so values count as equal if they are stored alike.
-bool operator==(const OptionValue& a, const OptionValue& b) {
-  const bool isNone = a.m_kind == OptionValue::Kind::None;
-  return isNone == (b.m_kind == OptionValue::Kind::None) && a.toText() == b.toText();
-}
 
 YString sp_GetStringOption(const char* key) {
   YString value;
@@ -157,7 +120,7 @@ bool sp_GetBoolOption(const char* key, bool* exists) {
   const bool found = findOption(key, &value);
   if (exists)
     *exists = found;
-  return found && textToBool(value);
+  return found && OptionValue(value).toBool();
 }
 
 int sp_GetIntOption(const char* key) {
@@ -173,12 +136,11 @@ int sp_GetColourOption(const char* key, int defaultColour) {
 }
 
 bool sp_WriteOption(const YString& key, const YString& value) {
-  const std::string text(value.c_str(), value.length());
-  return write(&Store::options, noSection, key, &text);
+  return sp_WriteOption(key, OptionValue(value));
 }
 
 bool sp_WriteOption(const YString& key, const char* value) {
-  return sp_WriteOption(key, YString(value));
+  return sp_WriteOption(key, OptionValue(value));
 }
 
 bool sp_WriteOption(const YString& key, bool value) {
@@ -186,20 +148,26 @@ bool sp_WriteOption(const YString& key, bool value) {
 }
 
 bool sp_WriteOption(const YString& key, const OptionValue& value) {
-  return sp_WriteOption(key, value.toText());
+  return sp_WriteOptions({{key, value}});
 }
 
 bool sp_RemoveOption(const YString& key) {
-  return write(&Store::options, noSection, key, nullptr);
+  return sp_WriteOption(key, OptionValue());
+}
+
+bool sp_WriteOptions(const std::vector<OptionSetting>& settings) {
+  std::vector<SettingsFile::Change> changes(settings.size());
+  std::transform(settings.begin(), settings.end(), changes.begin(), changeOf);
+  return write(&Store::options, changes);
 }
 
 bool sp_ReadOptionsInfo(const char* key, OptionValue* current, OptionValue* defaultValue) {
   YString stored;
   OptionValue declared;
   const bool isStored = findOption(key, &stored);
-  const bool isDeclared = findDeclaration(key ? key : "", &declared);
+  const bool isDeclared = sp_FindOption(key, &declared);
   if (current)
-    *current = isStored ? OptionValue(stored) : declared;
+    *current = isStored ? readAs(declared, stored) : declared;
   if (defaultValue)
     *defaultValue = declared;
   return isStored || isDeclared;
@@ -226,6 +194,8 @@ int cfgman_GetConfigSetting(const char* section, const char* key, char* buffer, 
 int cfgman_WriteConfigSetting(const char* section, const char* key, const char* value) {
   if (!section)
     return 0;
-  const std::string text = value ? value : "";
-  return write(&Store::settings, section, key, value ? &text : nullptr) ? 1 : 0;
+  SettingsFile::Change change{section, key ? key : "", std::nullopt};
+  if (value)
+    change.value = value;
+  return write(&Store::settings, {change}) ? 1 : 0;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "HostSupport/System.h"
+#include "HostSupport/SystemTypes.h"
 
 #include <cstdint>
 #include <cstdio>

@@ -1,7 +1,5 @@
 #include "HostSupport/Registry.h"
 
-#include "HostSupport/Options.h"
-
 #include <algorithm>
 #include <map>
 #include <mutex>
@@ -73,16 +71,22 @@ void resolve(const Registry& all, std::string_view name) {
       fillSlot(call, entry);
 }
 
-void declareOption(const char* file, int line, const YString& name, const char* defaultValue) {
-  Registry& all = registry();
-  const Lock lock(all.mutex);
-  OptionRecord record{textOf(name), textOf(file), line, textOf(defaultValue)};
+OptionRecord* findOption(Registry& all, std::string_view name) {
   const auto found =
       std::find_if(all.options.begin(), all.options.end(),
-                   [&](const OptionRecord& option) { return option.name == record.name; });
-  if (found == all.options.end())
+                   [name](const OptionRecord& option) { return option.name == name; });
+  return found != all.options.end() ? &*found : nullptr;
+}
+
+void declareOption(const char* file, int line, const YString& name,
+                   const OptionValue& defaultValue) {
+  Registry& all = registry();
+  const Lock lock(all.mutex);
+  OptionRecord record{textOf(name), textOf(file), line, defaultValue};
+  OptionRecord* const found = findOption(all, record.name);
+  if (!found)
     all.options.push_back(std::move(record));
-  else if (defaultValue)
+  else if (defaultValue.kind() != OptionValue::Kind::None)
     *found = std::move(record);
 }
 
@@ -158,11 +162,16 @@ RegisterDynFuncDef::~RegisterDynFuncDef() {
 
 MakeOption::MakeOption(const char* file, int line, const YString& name, bool, OptionCacheStatus,
                        bool) {
-  declareOption(file, line, name, nullptr);
+  declareOption(file, line, name, OptionValue());
+}
+
+MakeOption::MakeOption(const char* file, int line, const YString& name,
+                       const OptionValue& defaultValue) {
+  declareOption(file, line, name, defaultValue);
 }
 
 void sp_MakeColourOption(const char* file, int line, const YString& key, const char* value) {
-  declareOption(file, line, key, textOf(value).c_str());
+  declareOption(file, line, key, value && *value ? OptionValue(value) : OptionValue());
 }
 
 AutoFunc::AutoFunc(const char* event, void (*function)(void*), const char*) {
@@ -195,6 +204,15 @@ std::vector<DynFuncDefRecord> sp_RegisteredDynFuncDefs() {
 
 std::vector<OptionRecord> sp_RegisteredOptions() {
   return snapshot(&Registry::options);
+}
+
+bool sp_FindOption(const char* name, OptionValue* defaultValue) {
+  Registry& all = registry();
+  const Lock lock(all.mutex);
+  const OptionRecord* const found = findOption(all, name ? name : "");
+  if (found)
+    *defaultValue = found->defaultValue;
+  return found != nullptr;
 }
 
 void* sp_FindDynFunc(const char* name) {

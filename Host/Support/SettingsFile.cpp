@@ -8,6 +8,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstring>
@@ -43,6 +44,16 @@ template <class Section> bool parseSection(const QJsonObject& object, Section* s
     section->emplace(entry.key().toStdString(), entry->toString().toStdString());
   }
   return true;
+}
+
+template <class Contents> void apply(const SettingsFile::Change& change, Contents* contents) {
+  auto& section = (*contents)[change.section];
+  if (change.value)
+    section[change.key] = *change.value;
+  else
+    section.erase(change.key);
+  if (section.empty())
+    contents->erase(change.section);
 }
 
 template <class Section> QJsonObject objectOf(const Section& section) {
@@ -179,17 +190,21 @@ const std::string* SettingsFile::findLoaded(const std::string& section,
   return found != foundSection->second.end() ? &found->second : nullptr;
 }
 
-bool SettingsFile::write(const std::string& section, const std::string& key,
-                         const std::string* value) {
-  if (section.size() + key.size() + (value ? value->size() : 0) > sizeLimit)
-    return false;
-  Change change{storedText(section), storedText(key), std::nullopt};
-  if (value)
-    change.value = storedText(*value);
-  if (load() == State::Known && stands(change))
+bool SettingsFile::write(const std::vector<Change>& given) {
+  std::size_t size = 0;
+  std::vector<Change> changes;
+  for (const Change& change : given) {
+    size += change.section.size() + change.key.size() + (change.value ? change.value->size() : 0);
+    if (size > sizeLimit)
+      return false;
+    changes.push_back({storedText(change.section), storedText(change.key), std::nullopt});
+    if (change.value)
+      changes.back().value = storedText(*change.value);
+  }
+  if (load() == State::Known && stand(changes))
     return true;
   errno = 0;
-  if (storeLocked(change)) {
+  if (storeLocked(changes)) {
     m_lastWriteMessage.clear();
     return true;
   }
@@ -198,26 +213,23 @@ bool SettingsFile::write(const std::string& section, const std::string& key,
   return false;
 }
 
-bool SettingsFile::stands(const Change& change) const {
-  const std::string* present = findLoaded(change.section, change.key);
-  return present ? change.value && *present == *change.value : !change.value;
+bool SettingsFile::stand(const std::vector<Change>& changes) const {
+  return std::all_of(changes.begin(), changes.end(), [this](const Change& change) {
+    const std::string* present = findLoaded(change.section, change.key);
+    return present ? change.value == *present : !change.value;
+  });
 }
 
-bool SettingsFile::storeLocked(const Change& change) {
+bool SettingsFile::storeLocked(const std::vector<Change>& changes) {
   PlatformLock lock;
   if (!makeFolders(textOf(pathOf(m_path).parent_path())) || !acquire(&lock) ||
       loadLocked() != State::Known)
     return false;
-  if (stands(change))
+  if (stand(changes))
     return true;
   Contents contents = m_contents;
-  Section& section = contents[change.section];
-  if (change.value)
-    section[change.key] = *change.value;
-  else
-    section.erase(change.key);
-  if (section.empty())
-    contents.erase(change.section);
+  for (const Change& change : changes)
+    apply(change, &contents);
   const std::string bytes = serialise(contents);
   if (bytes.size() > sizeLimit) {
     errno = EFBIG;

@@ -14,11 +14,17 @@ class SettingsFile {
 public:
   SettingsFile(const char* name, bool hasSections) : m_name(name), m_hasSections(hasSections) {}
 
+  struct Change {
+    std::string section;
+    std::string key;
+    std::optional<std::string> value; ///< none: the key goes
+  };
+
   /// The value that the file holds now; null if there is none.
   const std::string* find(const std::string& section, const std::string& key);
-  /// Stores one value, or removes it where `value` is null, beside what others have stored
-  /// meanwhile. False if it could not be stored; nothing has changed then.
-  bool write(const std::string& section, const std::string& key, const std::string* value);
+  /// Makes all the changes at once, in their order, beside what others have stored meanwhile. False
+  /// if they could not be stored; nothing has changed then.
+  bool write(const std::vector<Change>& changes);
 
   /// What the user is to be told, for when no lock is held.
   std::vector<std::string> takeMessages() { return std::exchange(m_messages, {}); }
@@ -27,20 +33,14 @@ private:
   using Section = std::map<std::string, std::string, std::less<>>;
   using Contents = std::map<std::string, Section, std::less<>>;
   enum class State { Known, Damaged, Unreadable };
-  struct Change {
-    std::string section;
-    std::string key;
-    std::optional<std::string> value; ///< none: the key goes
-  };
-
   void locate();
   State load();
   State loadLocked();
   bool setAside();
   bool acquire(PlatformLock* lock);
   const std::string* findLoaded(const std::string& section, const std::string& key) const;
-  bool stands(const Change& change) const;
-  bool storeLocked(const Change& change);
+  bool stand(const std::vector<Change>& changes) const;
+  bool storeLocked(const std::vector<Change>& changes);
   bool parse(const std::string& bytes, Contents* contents) const;
   std::string serialise(const Contents& contents) const;
   void report(std::string* last, std::string message);

@@ -1,15 +1,13 @@
 #include "HostSupport/System.h"
 
-#include "HostSupport/Files.h"
 #include "HostSupport/Numbers.h"
 
-#include "FileAccess.h"
 #include "Platform.h"
 
 #include <QLibrary>
 
+#include <algorithm>
 #include <atomic>
-#include <charconv>
 #include <cstdio>
 #include <map>
 #include <memory>
@@ -61,27 +59,6 @@ int processorCount(int ProcessorCounts::*kind) {
   return counts.*kind;
 }
 
-/// Reads "1", "1.2" or "1.2.3"; false where the text is none of these.
-bool readVersion(std::string_view text, FileVersion* version) {
-  FileVersion read;
-  int* const parts[] = {&read.major, &read.minor, &read.patch};
-  const char* next = text.data();
-  const char* const end = next + text.size();
-  for (int* part : parts) {
-    const auto [stop, error] = std::from_chars(next, end, *part);
-    if (error != std::errc() || *part < 0)
-      return false;
-    next = stop;
-    if (next == end) {
-      *version = read;
-      return true;
-    }
-    if (*next++ != '.')
-      return false;
-  }
-  return false;
-}
-
 } // namespace
 
 OperatingSystem sp_GetOs() {
@@ -108,22 +85,6 @@ bool sp_GetSystemMemoryInfo(SystemMemoryInfo* info) {
   info->total = static_cast<std::uint64_t>(told);
   info->available = std::min(info->available, info->total);
   return true;
-}
-
-bool sp_GetFileVersion(const YString& path, FileVersion* version) {
-  if (path.isEmpty() || path.comparePath(sp_GetExeFileName()) == 0) {
-    const YString own = sp_GetSystemValue("version");
-    return readVersion(own.c_str(), version);
-  }
-  // A library's file carries its version behind its name: "libm.so.6.1".
-  std::error_code error;
-  const std::filesystem::path file = std::filesystem::canonical(pathOf(path.c_str()), error);
-  if (error)
-    return false;
-  const std::string name = textOf(file.filename());
-  const std::size_t suffix = name.find(".so.");
-  return suffix != std::string::npos &&
-         readVersion(std::string_view(name).substr(suffix + 4), version);
 }
 
 YString sp_GetSystemValue(const YString& key, bool* found) {

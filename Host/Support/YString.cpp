@@ -1,8 +1,6 @@
 #include "HostSupport/YString.h"
 
-#include "HostSupport/Files.h"
 #include "HostSupport/KelvarinException.h"
-#include "HostSupport/Parsing.h"
 
 #include "AsciiText.h"
 #include "NumberText.h"
@@ -81,7 +79,8 @@ YString::YString(std::int64_t value) {
 
 YString::YString(double value) {
   char text[numberTextCapacity];
-  d = Data::make(text, static_cast<std::size_t>(writePlain(value, shortestDigits, text)));
+  d = Data::make(text,
+                 static_cast<std::size_t>(writePlain(value, shortestDigits, shortestDigits, text)));
 }
 
 YString::YString(TempString&& text) : YString(text.m_text) {}
@@ -194,21 +193,6 @@ YString& YString::stripTrailing(const char* characters) {
   if (end < length())
     *this = YString(text, end);
   return *this;
-}
-
-int YString::comparePath(const YString& other) const {
-  const bool caseCounts = sp_CaseSensitiveFiles();
-  const auto key = [caseCounts](char c) {
-    c = c == '\\' ? '/' : c;
-    return static_cast<unsigned char>(caseCounts ? c : asciiLower(c));
-  };
-  const char* a = c_str();
-  const char* b = other.c_str();
-  while (*a && key(*a) == key(*b)) {
-    ++a;
-    ++b;
-  }
-  return key(*a) - key(*b);
 }
 
 // FNV-1a of 32 bits: names of stored geometry hold these numbers, so it never changes.

@@ -18,6 +18,13 @@ struct PathName {
   YString extension; ///< with its point
 };
 
+/// Version of an executable file or of this host.
+struct FileVersion {
+  int major = 0;
+  int minor = 0;
+  int patch = 0;
+};
+
 HOSTSUPPORT_EXPORT bool sp_ExistFile(const char* path);
 HOSTSUPPORT_EXPORT bool sp_ExistDir(YString path);
 HOSTSUPPORT_EXPORT bool sp_MakeDir(const YString& path); ///< one level; true if it is there
@@ -33,6 +40,8 @@ HOSTSUPPORT_EXPORT YString
 sp_GetTempFile(); ///< a fresh name in the temporary folder; the file exists
 HOSTSUPPORT_EXPORT YString sp_GetExeDir();
 HOSTSUPPORT_EXPORT YString sp_GetExeFileName();
+/// Of this program where `path` is empty or its own file; false where the file tells none.
+HOSTSUPPORT_EXPORT bool sp_GetFileVersion(const YString& path, FileVersion* version);
 /// "Documents", "Desktop", "Home", "AppData" (the host's settings), "Temp"; empty for another word.
 HOSTSUPPORT_EXPORT YString sp_GetKnownFolderPath(const YString& folder);
 HOSTSUPPORT_EXPORT YString sp_ConvertLocalToUnix(const YString& path); ///< separators to "/"

@@ -1,36 +1,10 @@
 #pragma once
 
 #include "HostSupport/Export.h"
+#include "HostSupport/OptionValue.h"
 #include "HostSupport/YString.h"
 
-#include <cstdint>
-
-/// The tagged value of an option.
-class HOSTSUPPORT_EXPORT OptionValue {
-public:
-  enum class Kind { None, Bool, Integer, Real, Text };
-
-  OptionValue() = default;
-  OptionValue(bool value) : m_kind(Kind::Bool), m_number(value) {}
-  OptionValue(int value) : m_kind(Kind::Integer), m_number(value) {}
-  OptionValue(double value) : m_kind(Kind::Real), m_number(value) {}
-  OptionValue(const YString& value) : m_kind(Kind::Text), m_text(value) {}
-  OptionValue(const char* value) : m_kind(Kind::Text), m_text(value) {}
-
-  Kind kind() const { return m_kind; }
-  bool toBool() const; ///< a text counts as `sp_GetBoolOption` has it
-  int toInt() const;   ///< 0 where it is no number
-  double toReal() const;
-  YString toText() const; ///< as it is stored
-
-  friend HOSTSUPPORT_EXPORT bool operator==(const OptionValue& a, const OptionValue& b);
-  friend bool operator!=(const OptionValue& a, const OptionValue& b) { return !(a == b); }
-
-private:
-  Kind m_kind = Kind::None;
-  double m_number = 0;
-  YString m_text;
-};
+#include <vector>
 
 // Options are plain keys without a section; settings ("configuration") have a section and a key.
 // Both persist as text. Each write goes to the file at once and atomically; writers in several
@@ -45,19 +19,29 @@ HOSTSUPPORT_EXPORT int sp_GetIntOption(const char* key); ///< 0 if not set
 /// A colour packed with red in the low byte (0xBBGGRR), from "#rrggbb" or the packed number; of a
 /// key that is not set, the declared default. `defaultColour` where neither can be read.
 HOSTSUPPORT_EXPORT int sp_GetColourOption(const char* key, int defaultColour);
-/// False when it could not be stored; the value then stands as it was.
+/// False when it could not be stored; the value then stands as it was. An `OptionValue` of kind
+/// `None` removes the key.
 HOSTSUPPORT_EXPORT bool sp_WriteOption(const YString& key, const YString& value);
 HOSTSUPPORT_EXPORT bool sp_WriteOption(const YString& key, const char* value);
 HOSTSUPPORT_EXPORT bool sp_WriteOption(const YString& key, bool value);
 HOSTSUPPORT_EXPORT bool sp_WriteOption(const YString& key, const OptionValue& value);
 HOSTSUPPORT_EXPORT bool sp_RemoveOption(const YString& key);
+
+/// A key with what it is to be set to, as `sp_WriteOption` takes it.
+struct OptionSetting {
+  YString key;
+  OptionValue value;
+};
+/// Writes all of them at once, the later ones over the earlier; false where they could not be
+/// stored, and then each key stands as it was.
+HOSTSUPPORT_EXPORT bool sp_WriteOptions(const std::vector<OptionSetting>& settings);
+
 /// Current value (the default, where the key is not set) and default of a key; either pointer may
-/// be null. False for a key that is neither set nor declared.
+/// be null. Where the declaration has a default, the current value is of its kind: it is the
+/// default if what is stored cannot be read as a number. Else it is a text. False for a key that is
+/// neither set nor declared.
 HOSTSUPPORT_EXPORT bool sp_ReadOptionsInfo(const char* key, OptionValue* current,
                                            OptionValue* defaultValue);
-/// Declares a colour option at run time; `value` is its default, "#rrggbb".
-HOSTSUPPORT_EXPORT void sp_MakeColourOption(const char* file, int line, const YString& key,
-                                            const char* value);
 
 /// Non-zero on success; `*out` is untouched where the key is not set.
 HOSTSUPPORT_EXPORT int cfgman_GetConfigSetting(const char* section, const char* key, YString* out,

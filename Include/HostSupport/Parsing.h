@@ -29,9 +29,6 @@ HOSTSUPPORT_EXPORT int sp_ScanLine(const char* text, const char* delimiters, YAr
 HOSTSUPPORT_EXPORT bool sp_GetToken(const char** cursor, YString* token, const char* delimiters,
                                     const char* extra, const char* stopAt, bool);
 
-/// The hash of `YString::hashValue` for a plain text; null counts as empty.
-HOSTSUPPORT_EXPORT std::uint32_t sp_HashValue(const char* text) noexcept;
-
 /// One value of `sp_sprintf`, tagged with its kind.
 class PrintfArg {
 public:

@@ -2,6 +2,7 @@
 
 #include "HostSupport/Containers.h"
 #include "HostSupport/Export.h"
+#include "HostSupport/OptionValue.h"
 #include "HostSupport/YString.h"
 #include "UserFunction.h"
 
@@ -150,11 +151,18 @@ public:
 
 enum class OptionCacheStatus : std::int32_t { Cached = 0, Uncached = 1 };
 
-/// Declares an option key that only the declaring module knows.
+/// Declares an option key. Where it is declared several times, the latest default counts.
 class HOSTSUPPORT_EXPORT MakeOption {
 public:
+  /// A text without a default.
   MakeOption(const char* file, int line, const YString& name, bool, OptionCacheStatus, bool);
+  /// A value of the kind of `defaultValue`; what is stored is read as that kind.
+  MakeOption(const char* file, int line, const YString& name, const OptionValue& defaultValue);
 };
+
+/// Declares a colour option at run time; `value` is its default, "#rrggbb".
+HOSTSUPPORT_EXPORT void sp_MakeColourOption(const char* file, int line, const YString& key,
+                                            const char* value);
 
 /// Registers a function for a named event of the host, such as "PostPluginLoad".
 class HOSTSUPPORT_EXPORT AutoFunc {

@@ -43,7 +43,7 @@ struct OptionRecord {
   std::string name;
   std::string file;
   int line;
-  std::string defaultValue; ///< empty where none was declared
+  OptionValue defaultValue; ///< tells the kind as well; of kind `None` where none was declared
 };
 
 HOSTSUPPORT_EXPORT std::vector<TypedFunctionRecord> sp_RegisteredFunctions();
@@ -51,6 +51,9 @@ HOSTSUPPORT_EXPORT std::vector<CommandRecord> sp_RegisteredCommands();
 HOSTSUPPORT_EXPORT std::vector<DynFuncCallRecord> sp_RegisteredDynFuncCalls();
 HOSTSUPPORT_EXPORT std::vector<DynFuncDefRecord> sp_RegisteredDynFuncDefs();
 HOSTSUPPORT_EXPORT std::vector<OptionRecord> sp_RegisteredOptions();
+
+/// What is declared of an option; false if nothing is.
+HOSTSUPPORT_EXPORT bool sp_FindOption(const char* name, OptionValue* defaultValue);
 
 /// The entry that is provided under `name` now, or null; the latest definition wins.
 HOSTSUPPORT_EXPORT void* sp_FindDynFunc(const char* name);

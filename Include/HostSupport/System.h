@@ -1,40 +1,24 @@
 #pragma once
 
 #include "HostSupport/Export.h"
+#include "HostSupport/SystemTypes.h"
 #include "HostSupport/YString.h"
 
-#include <cstdint>
-
-/// Physical memory, in bytes.
-struct SystemMemoryInfo {
-  std::uint64_t available = 0;     ///< could be had now without paging
-  std::uint64_t swapTotal = 0;     ///< room for paging
-  std::uint64_t swapAvailable = 0; ///< of that, free
-  std::uint64_t total = 0;         ///< dialogs size transforms by it; the fourth field by contract
-};
-
-enum class OperatingSystem : std::int32_t { Windows = 0, Linux = 1, Other = 2 };
-
-/// Version of an executable file or of this host.
-struct FileVersion {
-  int major = 0;
-  int minor = 0;
-  int patch = 0;
-};
+#include <cstddef>
+#include <string>
 
 HOSTSUPPORT_EXPORT OperatingSystem sp_GetOs();
 HOSTSUPPORT_EXPORT int sp_GetNumCores();              ///< no more than this process may use
 HOSTSUPPORT_EXPORT int sp_GetNumPhysicalProcessors(); ///< packages
 HOSTSUPPORT_EXPORT int sp_GetNumLogicalProcessors();  ///< threads that this process may use
 HOSTSUPPORT_EXPORT bool sp_GetSystemMemoryInfo(SystemMemoryInfo* info);
-HOSTSUPPORT_EXPORT bool sp_GetFileVersion(const YString& path, FileVersion* version);
 
 /// A named fact of the machine or of the host as text: "memory" (bytes), "cores", "version"
 /// ("major.minor"), "caseSensitiveFiles", "hasHelp" ("1" or "0"; known only while it is set).
 /// `*found`, which may be null, tells whether there is such a name.
 HOSTSUPPORT_EXPORT YString sp_GetSystemValue(const YString& key, bool* found = nullptr);
-/// What the host tells instead from now on; null brings the machine's own back. The functions above
-/// and `sp_CaseSensitiveFiles` and `sp_HasHelp` follow.
+/// What the host tells instead from now on; null brings the machine's own back. The functions
+/// above, `sp_CaseSensitiveFiles`, `sp_GetFileVersion` and `sp_HasHelp` follow.
 HOSTSUPPORT_EXPORT void sp_SetSystemValue(const YString& key, const char* value);
 
 /// The address of `function` in a library that is loaded at first use; null where either is

@@ -93,3 +93,6 @@ private:
 
 /// Compares without regard to the case of ASCII letters, null counting as empty; as `strcmp`.
 HOSTSUPPORT_EXPORT int sp_CompareNoCase(const char* a, const char* b) noexcept;
+
+/// The hash of `YString::hashValue` for a plain text; null counts as empty.
+HOSTSUPPORT_EXPORT std::uint32_t sp_HashValue(const char* text) noexcept;

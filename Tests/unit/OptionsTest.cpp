@@ -1,5 +1,7 @@
 #include "HostSupport/Options.h"
 
+#include "HostSupport/Registration.h"
+
 #include "SettingsFixture.h"
 
 #include <climits>
@@ -61,6 +63,56 @@ TEST_F(Options, ValuesCompareAsTheyAreStored) {
   EXPECT_NE(OptionValue(), OptionValue(""));
   EXPECT_EQ(OptionValue(), OptionValue());
   EXPECT_NE(OptionValue(0.1), OptionValue(0.2));
+}
+
+TEST_F(Options, AreOfTheKindThatTheyAreDeclaredOf) {
+  const struct {
+    OptionValue declared;
+    const char* stored;
+    OptionValue current;
+  } cases[] = {{true, "false", false},  {false, "TRUE", true},
+               {true, "", false},       {5, "7", 7},
+               {5, "4.7k", 4700},       {5, "-1.9", -1},
+               {5, "seven", 5},         {5, "", 5},
+               {0.5, "1m", 0.001},      {0.5, "2", 2.0},
+               {0.5, "2 of them", 0.5}, {"Split", "7", "7"},
+               {"", "true", "true"},    {OptionValue(), "true", "true"}};
+  int number = 0;
+  for (const auto& example : cases) {
+    const YString key = YString("Kind").concat(YString(++number));
+    const MakeOption declaration("a.cpp", 1, key, example.declared);
+    const MakeOption withoutDefault("b.cpp", 2, key, false, OptionCacheStatus::Cached, false);
+    const auto expectCurrent = [&](const OptionValue& expected) {
+      OptionValue current;
+      OptionValue defaultValue;
+      EXPECT_TRUE(sp_ReadOptionsInfo(key, &current, &defaultValue)) << key;
+      EXPECT_EQ(current.kind(), expected.kind()) << key;
+      EXPECT_EQ(current, expected) << key;
+      EXPECT_EQ(defaultValue.kind(), example.declared.kind()) << key;
+      EXPECT_EQ(defaultValue, example.declared) << key;
+    };
+    expectCurrent(example.declared);
+    ASSERT_TRUE(sp_WriteOption(key, example.stored));
+    expectCurrent(example.current);
+    EXPECT_STREQ(sp_GetStringOption(key), example.stored);
+    ASSERT_TRUE(sp_WriteOption(key, OptionValue()));
+    expectCurrent(example.declared);
+  }
+}
+
+TEST_F(Options, ManyAreWrittenAtOnce) {
+  ASSERT_TRUE(sp_WriteOption("Gone", "there"));
+  EXPECT_TRUE(sp_WriteOptions({}));
+  EXPECT_TRUE(sp_WriteOptions({{"Gone", OptionValue()},
+                               {"Flag", false},
+                               {"Number", 4700},
+                               {"Twice", "first"},
+                               {"Twice", "last"},
+                               {"Never", "there"},
+                               {"Never", OptionValue()}}));
+  forget();
+  EXPECT_EQ(get("options.json"), "{\n    \"Flag\": \"false\",\n    \"Number\": \"4700\",\n"
+                                 "    \"Twice\": \"last\"\n}\n");
 }
 
 TEST_F(Options, ColoursAndDeclaredDefaults) {

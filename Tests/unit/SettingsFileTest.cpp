@@ -81,6 +81,40 @@ TEST_F(SettingsFiles, LoseNoKeyOfSeveralWriters) {
   EXPECT_TRUE(messages().empty());
 }
 
+// Each write sets a key of its own, and two that all writers set alike: no file ever has them
+// differ.
+TEST_F(SettingsFiles, TakeTheChangesOfSeveralWritersWhole) {
+  constexpr int writers = 3;
+  constexpr int rounds = 60;
+  const auto wordOf = [](int writer, int round) {
+    return std::to_string(1000 + writer * rounds + round);
+  };
+  std::vector<pid_t> children;
+  for (int writer = 0; writer < writers; ++writer)
+    children.push_back(startChild([&, writer] {
+      bool stored = true;
+      for (int round = 0; round < rounds; ++round) {
+        const YString word(wordOf(writer, round));
+        stored = sp_WriteOptions({{"First", word}, {word, "set"}, {"Later", word}}) && stored;
+      }
+      return stored;
+    }));
+  const auto valueOf = [](const std::string& bytes, const std::string& key) {
+    const std::size_t start = bytes.find("\"" + key + "\": ");
+    return start == std::string::npos ? "" : bytes.substr(start + key.size() + 4, 6);
+  };
+  for (int round = 0; round < 500; ++round) {
+    const std::string bytes = get("options.json");
+    EXPECT_EQ(valueOf(bytes, "First"), valueOf(bytes, "Later"));
+  }
+  for (const pid_t child : children)
+    EXPECT_TRUE(childSucceeded(child));
+  for (int writer = 0; writer < writers; ++writer)
+    for (int round = 0; round < rounds; ++round)
+      EXPECT_STREQ(sp_GetStringOption(wordOf(writer, round).c_str()), "set");
+  EXPECT_EQ(valueOf(get("options.json"), "First").size(), 6u);
+}
+
 TEST_F(SettingsFiles, AreNotTouchedByAnUnchangedValue) {
   sp_WriteOption("Key", "same");
   struct stat before;
@@ -184,15 +218,17 @@ TEST_F(SettingsFiles, CannotBeMadeBelowAFile) {
 void forEachFailure(const std::function<void()>& prepare, const std::function<void()>& work,
                     const std::function<void(const std::string&)>& verify) {
   for (const bool allAfter : {false, true}) {
-    int n = 1;
-    for (int operations = n; operations >= n; ++n) {
+    int n = 0;
+    int operations = 0;
+    do {
+      ++n;
       prepare();
       sp_FailFileOperation(n, allAfter);
       work();
       operations = sp_FailFileOperation(0);
       verify("operation " + std::to_string(n) + (allAfter ? " and all after" : ""));
       ASSERT_LT(n, 1000);
-    }
+    } while (operations >= n);
     EXPECT_GT(n, 5);
   }
 }
@@ -219,6 +255,44 @@ TEST_F(SettingsFiles, KeepTheirKeysWhateverOperationFails) {
             << failure;
         EXPECT_TRUE(names(".damaged-").empty()) << failure;
       });
+}
+
+TEST_F(SettingsFiles, TakeAllChangesOrNoneWhateverOperationFails) {
+  bool stored = false;
+  const auto expectAllOrNone = [&](const std::string& failure) {
+    EXPECT_STREQ(sp_GetStringOption("Changed"), stored ? "after" : "before") << failure;
+    EXPECT_STREQ(sp_GetStringOption("Gone"), stored ? "" : "there") << failure;
+    EXPECT_STREQ(sp_GetStringOption("New"), stored ? "5" : "") << failure;
+    EXPECT_STREQ(sp_GetStringOption("Other"), "kept") << failure;
+  };
+  forEachFailure(
+      [&] {
+        fs::remove_all(m_folder);
+        ASSERT_TRUE(sp_WriteOptions({{"Changed", "before"}, {"Gone", "there"}, {"Other", "kept"}}));
+      },
+      [&] {
+        stored = sp_WriteOptions({{"Changed", "after"}, {"Gone", OptionValue()}, {"New", 5}});
+      },
+      [&](const std::string& failure) {
+        expectAllOrNone(failure);
+        forget();
+        expectAllOrNone(failure + ", on disk");
+      });
+  EXPECT_TRUE(stored);
+}
+
+TEST_F(SettingsFiles, TakeNoneOfTheChangesWhereOneCannotBeStored) {
+  ASSERT_TRUE(sp_WriteOption("Changed", "before"));
+  const YString huge(std::string(70'000'000, 'x'));
+  const YString half(huge, 35'000'000);
+  const std::vector<OptionSetting> refused[] = {{{"Changed", "after"}, {"", "no key"}},
+                                                {{"Changed", "after"}, {"Huge", huge}},
+                                                {{"Changed", half}, {"Half", half}}};
+  for (const auto& settings : refused) {
+    EXPECT_FALSE(sp_WriteOptions(settings));
+    EXPECT_STREQ(sp_GetStringOption("Changed"), "before");
+    EXPECT_STREQ(sp_GetStringOption("Half"), "");
+  }
 }
 
 TEST_F(SettingsFiles, KeepWhatIsDamagedWhateverOperationFails) {

@@ -84,7 +84,7 @@ void ChooseDir::openTree(const YString& path) {
   const TreePath wanted = cutTreePath(path);
   const QFileInfoList drives = QDir::drives();
   for (const QFileInfo& drive : drives) {
-    auto* const root = new Directory(this, drive.filePath());
+    auto* const root = new Directory(icons, drive.filePath());
     form.directoryListView->addTopLevelItem(root);
     if (root->name().compare(toQs(wanted.root), fileNameCase()) == 0)
       openBelow(root, wanted.below);

@@ -15,8 +15,6 @@ public:
   /// The path in the label; a cancel is one text, too, which is empty.
   void readDialog(UserDataType type, bool accepted) override;
 
-  const FolderIcons& folderIcons() const { return icons; }
-
 protected:
   void showEvent(QShowEvent* event) override;
 

@@ -1,6 +1,5 @@
 #include "Application/Directory.h"
 
-#include "Application/ChooseDir.h"
 #include "HostSupport/Files.h"
 
 #include <QCoreApplication>
@@ -10,24 +9,23 @@ Qt::CaseSensitivity fileNameCase() {
   return sp_CaseSensitiveFiles() ? Qt::CaseSensitive : Qt::CaseInsensitive;
 }
 
-Directory::Directory(ChooseDir* chooser, const QString& root)
-    : Directory(chooser, nullptr, root, Folder) {}
+Directory::Directory(const FolderIcons& icons, const QString& root)
+    : Directory(icons, nullptr, root, Folder) {}
 
-Directory::Directory(ChooseDir* chooser, Directory* parentNode, const Subdirectory& directory)
-    : Directory(chooser, parentNode, directory.name, directory.isLink ? Link : Folder) {}
+Directory::Directory(const FolderIcons& icons, Directory* parentNode, const Subdirectory& directory)
+    : Directory(icons, parentNode, directory.name, directory.isLink ? Link : Folder) {}
 
-Directory::Directory(ChooseDir* chooser, Directory* parentNode, const QString& fileName, Kind kind)
-    : QTreeWidgetItem(kind), dialog(chooser), file(fileName), parentDirectory(parentNode) {
+Directory::Directory(const FolderIcons& icons, Directory* parentNode, const QString& fileName,
+                     Kind kind)
+    : QTreeWidgetItem(kind), folderIcons(icons), file(fileName), parentDirectory(parentNode) {
   setText(0, QDir::toNativeSeparators(fileName));
-  setIcon(0, dialog->folderIcons()[kind == Link ? LinkedFolder : ClosedFolder]);
+  setIcon(0, folderIcons[kind == Link ? LinkedFolder : ClosedFolder]);
   // Nobody knows whether there is something in it before it has been read.
   setChildIndicatorPolicy(ShowIndicator);
 }
 
 void Directory::setOpen(bool open) {
-  setIcon(0, dialog->folderIcons()[open             ? OpenFolder
-                                   : type() == Link ? LinkedFolder
-                                                    : ClosedFolder]);
+  setIcon(0, folderIcons[open ? OpenFolder : type() == Link ? LinkedFolder : ClosedFolder]);
   if (open && !populated)
     populate();
   setExpanded(open);
@@ -37,7 +35,7 @@ void Directory::populate() {
   populated = true;
   QList<QTreeWidgetItem*> nodes;
   for (const Subdirectory& directory : subdirectoriesOf(fullPath(), &readable))
-    nodes.append(new Directory(dialog, this, directory));
+    nodes.append(new Directory(folderIcons, this, directory));
   addChildren(nodes);
   setChildIndicatorPolicy(DontShowIndicatorWhenChildless);
   if (!readable)

@@ -1,17 +1,17 @@
 #pragma once
 
+#include "Application/FolderIcons.h"
 #include "Core/Application/Subdirectories.h"
 
 #include <QFile>
 #include <QTreeWidgetItem>
 
-class ChooseDir;
-
-/// A directory in the tree of `ChooseDir`. It learns which directories it has when it is opened.
+/// A directory in a tree of the file system. It learns which directories it has when it is opened.
 class Directory : public QTreeWidgetItem {
 public:
-  Directory(ChooseDir* chooser, const QString& root); ///< `root`: a path as `QDir::drives` has it
-  Directory(ChooseDir* chooser, Directory* parentNode, const Subdirectory& directory);
+  /// `root` is a path as `QDir::drives` has it; `icons` last as long as the tree is used.
+  Directory(const FolderIcons& icons, const QString& root);
+  Directory(const FolderIcons& icons, Directory* parentNode, const Subdirectory& directory);
 
   /// Shows or hides the directories in it.
   void setOpen(bool open);
@@ -24,10 +24,10 @@ public:
 private:
   enum Kind { Folder = UserType, Link }; // the item's type
 
-  Directory(ChooseDir* chooser, Directory* parentNode, const QString& fileName, Kind kind);
+  Directory(const FolderIcons& icons, Directory* parentNode, const QString& fileName, Kind kind);
   void populate();
 
-  ChooseDir* dialog;
+  const FolderIcons& folderIcons;
   QFile file; ///< never opened: it stands for the name
   Directory* parentDirectory;
   bool readable = true;
