@@ -38,7 +38,6 @@ constexpr int leastPoints = 2;
 constexpr int mostPoints = 1000001;
 constexpr int fileIsEmpty = 1217;
 constexpr int hasTooFewPoints = 1219;
-constexpr int keepsStartData = 1050;
 
 QString askForPointsFile(QWidget* over, const QString& caption, const QString& path) {
   QFileDialog::Options options;
@@ -320,17 +319,13 @@ void EditFileDefinedPWLDialog::handleErrorMessages() {
          "highlighted in the table with <span style=\"color:red\">red text</span>. If you hover "
          "your mouse over the red text, an error description will appear. After you correct the "
          "errors, you can check the file syntax with the <b>Check File Syntax</b> button.");
-  bool keepsRow = false;
   for (const SyntaxMessage& message : messages.all()) {
     const int id = message.id.toInt();
-    keepsRow = keepsRow || id == keepsStartData;
     if (id != fileIsEmpty && id != hasTooFewPoints)
       continue;
     title = id == fileIsEmpty ? tr("File is empty") : tr("Less than two data points");
     text = tr("The file\n\n  %1\n\n%2").arg(fileName(), message.text);
   }
-  if (!keepsRow)
-    anyFileOptionsChanged();
   QMessageBox::warning(this, title, text);
 }
 
