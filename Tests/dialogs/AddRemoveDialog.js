@@ -47,30 +47,30 @@ for (const [word, files, list] of [
 host.system("caseSensitiveFiles", null);
 
 // Moves: rows chosen in a list, what is done with them, both lists afterwards.
-for (const [list, rows, act, lists] of [
-  [available, [0, 2], d => d.click("addButton"), ["xyzac", "b"]],
-  [available, [], d => d.click("addButton"), ["xyz", "abc"]],
-  [available, [1], d => d.key(available, "Insert"), ["xyzb", "ac"]],
-  [available, [2, 1], d => d.key(available, "Return"), ["xyzbc", "a"]],
-  [available, ["b"], d => d.doubleClick(available, 1), ["xyzb", "ac"]],
-  [available, [0], d => { d.key(available, "Insert"); d.key(available, "Insert"); }, ["xyzab", "c"]],
-  [selected, [0, 1], d => d.click("removeButton"), ["z", "abcxy"]],
-  [selected, [1], d => d.key(selected, "Delete"), ["xz", "abcy"]],
-  [selected, [0], d => d.doubleClick(selected, 2), ["xy", "abcz"]],
-  [selected, [1], d => d.click("upButton"), ["yxz", "abc"]],
-  [selected, [2], d => { d.click("upButton"); d.click("upButton"); d.click("upButton"); }, ["zxy", "abc"]],
-  [selected, [0, 1], d => d.click("downButton"), ["zxy", "abc"]],
-  [selected, [0, 1], d => d.click("upButton"), ["xyz", "abc"]],
-  [selected, [0, 2], d => d.click("upButton"), ["xzy", "abc"]],
-  [selected, [0, 2], d => d.key(selected, "Ctrl+Down"), ["yxz", "abc"]],
-  [selected, [1], d => d.key(selected, "Ctrl+Up"), ["yxz", "abc"]],
-  [selected, [0], d => d.key(null, "Alt+Down"), ["yxz", "abc"]],
+for (const [what, list, rows, act, lists] of [
+  ["Add takes those selected", available, [0, 2], d => d.click("addButton"), ["xyzac", "b"]],
+  ["Add takes nothing", available, [], d => d.click("addButton"), ["xyz", "abc"]],
+  ["Insert adds", available, [1], d => d.key(available, "Insert"), ["xyzb", "ac"]],
+  ["Return adds in the order of the list", available, [2, 1], d => d.key(available, "Return"), ["xyzbc", "a"]],
+  ["a double click adds", available, ["b"], d => d.doubleClick(available, 1), ["xyzb", "ac"]],
+  ["Insert twice", available, [0], d => { d.key(available, "Insert"); d.key(available, "Insert"); }, ["xyzab", "c"]],
+  ["Remove takes those selected", selected, [0, 1], d => d.click("removeButton"), ["z", "abcxy"]],
+  ["Delete removes", selected, [1], d => d.key(selected, "Delete"), ["xz", "abcy"]],
+  ["a double click removes", selected, [0], d => d.doubleClick(selected, 2), ["xy", "abcz"]],
+  ["Up", selected, [1], d => d.click("upButton"), ["yxz", "abc"]],
+  ["Up beyond the top", selected, [2], d => { d.click("upButton"); d.click("upButton"); d.click("upButton"); }, ["zxy", "abc"]],
+  ["Down with two", selected, [0, 1], d => d.click("downButton"), ["zxy", "abc"]],
+  ["Up at the top", selected, [0, 1], d => d.click("upButton"), ["xyz", "abc"]],
+  ["Up with a gap", selected, [0, 2], d => d.click("upButton"), ["xzy", "abc"]],
+  ["Ctrl+Down with a gap", selected, [0, 2], d => d.key(selected, "Ctrl+Down"), ["yxz", "abc"]],
+  ["Ctrl+Up", selected, [1], d => d.key(selected, "Ctrl+Up"), ["yxz", "abc"]],
+  ["Alt+Down", selected, [0], d => d.key(null, "Alt+Down"), ["yxz", "abc"]],
 ])
   for (const arrangement of ["", "vertical"])
     equal(box([...abc, [], arrangement], d => {
       d.choose(list, rows);
       act(d);
-      equal(shown(d), lists, `${act}`);
+      equal(shown(d), lists, what);
       d.accept();
     }), texts(lists[0].split("")));
 

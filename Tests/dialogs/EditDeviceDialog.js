@@ -49,21 +49,21 @@ for (const [settings, title, label] of [
 
 // --- the box and the list ------------------------------------------------------------------------
 
-for (const [act, text, name, index] of [
-  [d => d.type(edit, "bss"), "bss", "BSS84", 0],
-  [d => d.type(edit, "BC547"), "BC547", "BC547", -1],
-  [d => { d.type(edit, "BC547"); d.click(list, 1); }, "BSS84", "BSS84", 0],
-  [d => { d.click(list, 4); d.type(edit, "irf540n"); }, "irf540n", "IRF540N", 2],
-  [d => { d.key(null, "Down"); d.key(null, "Up"); }, "BSS84", "BSS84", 0],
-  [d => { d.type(edit, "q"); d.key(null, "Tab"); d.key(null, "Tab"); }, "q", "q", -1],
+for (const [what, act, text, name, index] of [
+  ["a beginning", d => d.type(edit, "bss"), "bss", "BSS84", 0],
+  ["a name that is not there", d => d.type(edit, "BC547"), "BC547", "BC547", -1],
+  ["typed, then a click", d => { d.type(edit, "BC547"); d.click(list, 1); }, "BSS84", "BSS84", 0],
+  ["a click, then typed", d => { d.click(list, 4); d.type(edit, "irf540n"); }, "irf540n", "IRF540N", 2],
+  ["Down and Up", d => { d.key(null, "Down"); d.key(null, "Up"); }, "BSS84", "BSS84", 0],
+  ["nothing like it, left", d => { d.type(edit, "q"); d.key(null, "Tab"); d.key(null, "Tab"); }, "q", "q", -1],
   // A click with Ctrl leaves nothing selected: the box has the name, and its index is found.
-  [d => { d.choose(list, [3, 3]); }, "IRF540N", "IRF540N", 2],
+  ["a click with Ctrl", d => { d.choose(list, [3, 3]); }, "IRF540N", "IRF540N", 2],
 ])
   equal(box([["IRF540"], names], d => {
     act(d);
-    equal(d.text(edit), text, `${act}`);
+    equal(d.text(edit), text, what);
     d.accept();
-  }), texts(name, `${index}`, "0"), `${act}`);
+  }), texts(name, `${index}`, "0"), what);
 
 // --- parameters ------------------------------------------------------------------------------------
 

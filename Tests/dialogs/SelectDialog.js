@@ -53,26 +53,26 @@ for (const [given, title, label] of [[[], "Select Dialog", ""], [["Mine"], "Mine
 
 // --- the box and the list ------------------------------------------------------------------------
 
-for (const [act, text, result] of [
-  [d => d.type(edit, "av"), "av", reals(3)],
-  [d => d.type(edit, "AV"), "AV", reals(3)],
-  [d => d.type(edit, "a"), "a", reals(2)],
-  [d => d.type(edit, ""), "", reals(0)],
-  [d => d.type(edit, "zzz"), "zzz", none],
-  [d => { d.type(edit, "zzz"); d.type(edit, "ch"); }, "ch", reals(1)],
-  [d => { d.type(edit, "av"); d.click(list, 1); }, "Cherry", reals(1)],
-  [d => { d.type(edit, "av"); d.click(list, 3); }, "avocado", reals(3)],
-  [d => { d.key(null, "Down"); d.key(null, "Down"); }, "Cherry", reals(1)],
-  [d => { d.type(edit, "zzz"); d.key(null, "Down"); }, "banana", reals(0)],
-  [d => { d.type(edit, "zzz"); d.key(null, "Tab"); }, "zzz", none],
-  [d => { d.key(null, "Tab"); d.key(null, "a"); d.key(null, "v"); }, "avocado", reals(3)],
-  [d => { d.key(null, "Tab"); d.key(null, "End"); d.key(null, "Up"); }, "apple", reals(2)],
+for (const [what, act, text, result] of [
+  ["a beginning", d => d.type(edit, "av"), "av", reals(3)],
+  ["a beginning in capitals", d => d.type(edit, "AV"), "AV", reals(3)],
+  ["the first of two", d => d.type(edit, "a"), "a", reals(2)],
+  ["an empty box", d => d.type(edit, ""), "", reals(0)],
+  ["nothing like it", d => d.type(edit, "zzz"), "zzz", none],
+  ["nothing like it, then a beginning", d => { d.type(edit, "zzz"); d.type(edit, "ch"); }, "ch", reals(1)],
+  ["typed, then a click", d => { d.type(edit, "av"); d.click(list, 1); }, "Cherry", reals(1)],
+  ["typed, then a click on what was found", d => { d.type(edit, "av"); d.click(list, 3); }, "avocado", reals(3)],
+  ["Down twice", d => { d.key(null, "Down"); d.key(null, "Down"); }, "Cherry", reals(1)],
+  ["nothing like it, then Down", d => { d.type(edit, "zzz"); d.key(null, "Down"); }, "banana", reals(0)],
+  ["nothing like it, left", d => { d.type(edit, "zzz"); d.key(null, "Tab"); }, "zzz", none],
+  ["typed over the list", d => { d.key(null, "Tab"); d.key(null, "a"); d.key(null, "v"); }, "avocado", reals(3)],
+  ["End and Up in the list", d => { d.key(null, "Tab"); d.key(null, "End"); d.key(null, "Up"); }, "apple", reals(2)],
 ])
   equal(box(settings({}), d => {
     act(d);
-    equal(d.text(edit), text, `${act}`);
+    equal(d.text(edit), text, what);
     d.accept();
-  }), result, `${act}`);
+  }), result, what);
 
 // Duplicates, and items that are one another's beginnings, are told apart.
 for (const [items, start] of [[["R10", "R1"], 1], [["a", "A"], 1], [["x", "x"], 1]])
@@ -94,22 +94,22 @@ for (const leave of [d => d.key(null, "Escape"), d => d.close(), d => d.press("C
 
 // --- several -------------------------------------------------------------------------------------
 
-for (const [given, act, result] of [
-  [{ 4: "2" }, () => 0, none],
-  [{ 4: "2", 5: "app", 6: "12k" }, () => 0, reals(12)],
-  [{}, d => d.choose(list, [3, 0, 2]), reals(0, 2, 3)],
-  [{ 3: "sorted" }, d => d.choose(list, [3, 0, 2]), reals(1, 3, 0)],
-  [{}, d => d.press("Select All"), reals(0, 1, 2, 3)],
-  [{ 3: "sorted" }, d => d.key(null, "Ctrl+A"), reals(1, 2, 3, 0)],
-  [{}, d => { d.key(null, "Down"); d.key(null, "Shift+Down"); d.key(null, "Shift+Down"); }, reals(1, 2, 3)],
-  [{ 6: "-1" }, d => { d.press("Select All"); d.click(list, 2); }, reals(2)],
+for (const [what, given, act, result] of [
+  ["untouched", { 4: "2" }, () => 0, none],
+  ["untouched, with a number for none", { 4: "2", 5: "app", 6: "12k" }, () => 0, reals(12)],
+  ["three by clicks", {}, d => d.choose(list, [3, 0, 2]), reals(0, 2, 3)],
+  ["three of a sorted list", { 3: "sorted" }, d => d.choose(list, [3, 0, 2]), reals(1, 3, 0)],
+  ["Select All", {}, d => d.press("Select All"), reals(0, 1, 2, 3)],
+  ["Ctrl+A in a sorted list", { 3: "sorted" }, d => d.key(null, "Ctrl+A"), reals(1, 2, 3, 0)],
+  ["Shift+Down", {}, d => { d.key(null, "Down"); d.key(null, "Shift+Down"); d.key(null, "Shift+Down"); }, reals(1, 2, 3)],
+  ["Select All, then a click", { 6: "-1" }, d => { d.press("Select All"); d.click(list, 2); }, reals(2)],
 ])
   equal(box(settings(Object.assign({ 2: "mULTIPLE" }, given)), d => {
     check(!d.visible(edit) && d.visible("multiLabel") && d.visible("selectAllButton"), "several");
     equal(d.focused(), list);
     act(d);
     d.key(null, "Return");
-  }), result, `${act}`);
+  }), result, what);
 
 // --- what a script may hand in -------------------------------------------------------------------
 

@@ -190,6 +190,9 @@ void FixtureDialog::fillTable(QTableWidget* table) {
   use->setFlags(use->flags() | Qt::ItemIsUserCheckable);
   use->setCheckState(Qt::Unchecked);
   use->setForeground(QColor(text("#102030")));
+  QFont bold;
+  bold.setBold(true);
+  use->setFont(bold);
   use->setBackground(QColor(text("#a0b0c0")));
   use->setToolTip(text("tip"));
   table->setItem(0, 3, use);

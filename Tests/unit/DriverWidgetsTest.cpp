@@ -223,11 +223,12 @@ TEST_F(Driving, ReadsItemViews) {
       {"return d.cell('table', 0.5, 0)", "!whole number"},
       {"return d.items('edit')", "!edit|no list"},
       {"return d.cellInfo('table', 0, 3)",
-       R"({"background":"#a0b0c0","checkable":true,"checked":false,"editable":true,"enabled":true,)"
-       R"("foreground":"#102030","hidden":false,"kind":"(anonymous namespace)::PartItem",)"
-       R"("text":"use","toolTip":"tip"})"},
-      {"const i = d.cellInfo('table', 2, 1); return [i.enabled, i.editable, i.foreground.length]",
-       "[false,false,7]"},
+       R"({"background":"#a0b0c0","bold":true,"checkable":true,"checked":false,"editable":true,)"
+       R"("enabled":true,"foreground":"#102030","hidden":false,)"
+       R"("kind":"(anonymous namespace)::PartItem","text":"use","toolTip":"tip"})"},
+      {"const i = d.cellInfo('table', 2, 1); "
+       "return [i.enabled, i.editable, i.foreground.length, i.bold]",
+       "[false,false,7,false]"},
       {"return [d.cellInfo('table', 5, 0).hidden, d.cellInfo('table', 0, 2).kind, "
        "d.cellInfo('table', 1, 2).kind, d.cellInfo('table', 3, 3).kind, "
        "d.cellInfo('tree', 1, 0).kind, d.cellInfo('list', 4, 0).hidden]",

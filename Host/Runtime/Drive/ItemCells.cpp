@@ -6,6 +6,7 @@
 
 #include <QBrush>
 #include <QColor>
+#include <QFont>
 #include <QListView>
 #include <QListWidget>
 #include <QStyledItemDelegate>
@@ -227,6 +228,7 @@ QVariantMap ItemCells::info(int row, int column) const {
        colourOf(cell.data(Qt::ForegroundRole), palette.color(QPalette::Text))},
       {QStringLiteral("background"),
        colourOf(cell.data(Qt::BackgroundRole), palette.color(QPalette::Base))},
+      {QStringLiteral("bold"), cell.data(Qt::FontRole).value<QFont>().bold()},
       {QStringLiteral("toolTip"), cell.data(Qt::ToolTipRole).toString()},
       {QStringLiteral("enabled"), flags.testFlag(Qt::ItemIsEnabled) && m_view->isEnabled()},
       {QStringLiteral("editable"), flags.testFlag(Qt::ItemIsEditable)},
