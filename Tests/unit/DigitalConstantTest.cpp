@@ -196,11 +196,11 @@ TEST(DigitalConstant, WhatIsNoNumberIsZero) {
 }
 
 TEST(DigitalConstant, NamesAndZeros) {
-  EXPECT_EQ(digitBase("signed Decimal"), DigitBase::SignedDecimal);
-  EXPECT_EQ(digitBase("HEXADECIMAL"), DigitBase::Hexadecimal);
+  EXPECT_EQ(digitBases.read("signed Decimal"), DigitBase::SignedDecimal);
+  EXPECT_EQ(digitBases.read("HEXADECIMAL"), DigitBase::Hexadecimal);
   for (const char* name : {"OCTAL", "", "DECIMAL ", "SIGNED"})
-    EXPECT_EQ(digitBase(name), std::nullopt) << name;
-  EXPECT_EQ(digitBase(nullptr), std::nullopt);
+    EXPECT_EQ(digitBases.read(name), std::nullopt) << name;
+  EXPECT_EQ(digitBases.read(nullptr), std::nullopt);
 
   const char* const zeros[][2] = {{"", ""},       {"0", "0"},  {"000", "0"},
                                   {"0010", "10"}, {"0x", "x"}, {"-05", "-05"}};

@@ -14,7 +14,7 @@ QStringList words(const char* text) {
 }
 
 LogicInterfaces read(const Lines& lines, int input = -1, int output = -1) {
-  return LogicInterfaces(lines.data(), static_cast<unsigned>(lines.size()), input, output);
+  return LogicInterfaces(Texts(lines.data(), static_cast<unsigned>(lines.size())), input, output);
 }
 
 QStringList namesOf(const LogicInterfaces& interfaces) {

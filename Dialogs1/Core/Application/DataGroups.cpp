@@ -1,18 +1,15 @@
 #include "Core/Application/DataGroups.h"
 
+#include "Core/Pieces/Words.h"
 #include "HostSupport/Parsing.h"
 
 namespace {
 
-struct FlagWord {
-  const char* word;
-  bool DataGroupFlags::*flag;
-};
-constexpr FlagWord flagWords[] = {{"global", &DataGroupFlags::isGlobal},
-                                  {"keep", &DataGroupFlags::isKeep},
-                                  {"current", &DataGroupFlags::isCurrent}};
+enum Field { Name, Title, Analysis, Flags, fieldCount };
 
-constexpr int fieldCount = 4;
+constexpr Words<bool DataGroupFlags::*> flagWords = {{"global", &DataGroupFlags::isGlobal},
+                                                     {"keep", &DataGroupFlags::isKeep},
+                                                     {"current", &DataGroupFlags::isCurrent}};
 
 void addWord(YString* words, const char* separator, const char* word) {
   *words = words->concat(words->isEmpty() ? "" : separator).concat(word);
@@ -23,20 +20,19 @@ void addWord(YString* words, const char* separator, const char* word) {
 DataGroup readDataGroup(const char* line) {
   YArray<YString> fields;
   sp_SplitLine(line, ';', &fields, fieldCount);
-  DataGroup group{fields.value(0), fields.value(1), fields.value(2), {}};
+  DataGroup group{fields.value(Name), fields.value(Title), fields.value(Analysis), {}};
   YArray<YString> words;
-  sp_SplitLine(fields.value(3), '|', &words, allFields);
+  sp_SplitLine(fields.value(Flags), '|', &words, allFields);
   for (const YString& word : words)
-    for (const FlagWord& known : flagWords)
-      if (sp_CompareNoCase(word, known.word) == 0)
-        group.flags.*known.flag = true;
+    if (const auto flag = flagWords.read(word))
+      group.flags.*(*flag) = true;
   return group;
 }
 
 YString dataGroupWords(const DataGroupFlags& flags, const char* separator) {
   YString words;
-  for (const FlagWord& known : flagWords)
-    if (flags.*known.flag)
+  for (const auto& known : flagWords)
+    if (flags.*known.value)
       addWord(&words, separator, known.word);
   return words;
 }

@@ -1,7 +1,5 @@
 #include "Core/Digital/DigitalConstant.h"
 
-#include "HostSupport/YString.h"
-
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -21,14 +19,13 @@ constexpr Notation hexadecimal{16, 8, std::uint64_t{1} << 32};
 
 // In the order of `DigitBase`.
 constexpr struct {
-  const char* name;
   const char* pattern;
   const Notation& notation;
 } bases[] = {
-    {"DECIMAL", "[0-9]*", decimal},
-    {"BINARY", "[0-1]*", binary},
-    {"HEXADECIMAL", "([0-9]|[a-f]|[A-F])*", hexadecimal},
-    {"SIGNED DECIMAL", "\\-?[0-9]*", decimal},
+    {"[0-9]*", decimal},
+    {"[0-1]*", binary},
+    {"([0-9]|[a-f]|[A-F])*", hexadecimal},
+    {"\\-?[0-9]*", decimal},
 };
 
 const Notation& notationOf(DigitBase base) {
@@ -136,13 +133,6 @@ std::size_t leastWidth(const Magnitude& number, DigitBase base) {
 }
 
 } // namespace
-
-std::optional<DigitBase> digitBase(const char* name) {
-  for (std::size_t i = 0; i < std::size(bases); ++i)
-    if (sp_CompareNoCase(bases[i].name, name) == 0)
-      return static_cast<DigitBase>(i);
-  return std::nullopt;
-}
 
 const char* digitPattern(DigitBase base) {
   return bases[static_cast<std::size_t>(base)].pattern;

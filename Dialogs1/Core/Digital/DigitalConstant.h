@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Core/Pieces/Words.h"
+
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -14,9 +16,11 @@ enum class DigitBase { Decimal, Binary, Hexadecimal, SignedDecimal };
 /// The widest pattern that is converted, in bits: the time grows with the square of the width.
 constexpr std::size_t widestConstant = 65536;
 
-/// The base called "DECIMAL", "BINARY", "HEXADECIMAL" or "SIGNED DECIMAL", in any letter case;
-/// nothing for any other name. Null counts as empty.
-std::optional<DigitBase> digitBase(const char* name);
+/// The names of the bases.
+inline constexpr Words<DigitBase> digitBases = {{"DECIMAL", DigitBase::Decimal},
+                                                {"BINARY", DigitBase::Binary},
+                                                {"HEXADECIMAL", DigitBase::Hexadecimal},
+                                                {"SIGNED DECIMAL", DigitBase::SignedDecimal}};
 
 /// Regular expression of what may stand in a field of that base.
 const char* digitPattern(DigitBase base);

@@ -38,13 +38,13 @@ int lineOf(double number) {
 
 } // namespace
 
-LogicInterfaces::LogicInterfaces(const char* const* lines, unsigned count, int input, int output) {
+LogicInterfaces::LogicInterfaces(const Texts& lines, int input, int output) {
   NamePlaces technologies;
   NamePlaces resistive;
   YArray<YString> fields;
-  for (int line = 0; line < static_cast<int>(count); ++line) {
+  for (int line = 0; line < static_cast<int>(lines.count()); ++line) {
     // One field more than are read, so that what follows is no part of the last.
-    sp_SplitLine(lines[line], ';', &fields, Rest + 1);
+    sp_SplitLine(lines.raw(static_cast<unsigned>(line)), ';', &fields, Rest + 1);
     const QString name = QString::fromUtf8(fields.value(TechnologyName));
     const YString model = fields.value(ModelType);
     const YString description = fields.value(Description);
@@ -79,15 +79,15 @@ LogicInterfaces::Technology LogicInterfaces::technology(int index) const {
 
 AnalogInterface analogInterface(const double* numbers, unsigned count) {
   AnalogInterface read;
-  if (count < 3)
+  if (count <= AnalogInterface::Supply)
     return read;
-  read.input = lineOf(numbers[0]);
-  read.output = lineOf(numbers[1]);
-  read.supply = numbers[2];
-  if (count > 3)
-    read.capacitance = numbers[3];
-  if (count > 4)
-    read.resistance = numbers[4];
+  read.input = lineOf(numbers[AnalogInterface::Input]);
+  read.output = lineOf(numbers[AnalogInterface::Output]);
+  read.supply = numbers[AnalogInterface::Supply];
+  if (count > AnalogInterface::Capacitance)
+    read.capacitance = numbers[AnalogInterface::Capacitance];
+  if (count > AnalogInterface::Resistance)
+    read.resistance = numbers[AnalogInterface::Resistance];
   return read;
 }
 

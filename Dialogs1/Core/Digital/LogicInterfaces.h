@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Core/Pieces/Texts.h"
+
 #include <QStringList>
 #include <QVector>
 
@@ -25,7 +27,7 @@ public:
   LogicInterfaces() = default;
   /// Lines `input` and `output` are their technologies' defaults; elsewhere the first
   /// "Standard input" and "Standard output" are.
-  LogicInterfaces(const char* const* lines, unsigned count, int input, int output);
+  LogicInterfaces(const Texts& lines, int input, int output);
 
   /// In the order of their first lines; names that differ in case only are one.
   const std::vector<Technology>& technologies() const { return m_technologies; }
@@ -44,8 +46,12 @@ private:
   QStringList m_resistiveTechnologies;
 };
 
-/// A device's analog interface, as scripts pass and get it: five numbers in this order.
+/// A device's analog interface, as scripts pass and get it: numbers in the order of `Element`.
 struct AnalogInterface {
+  enum Element { Input, Output, Supply, Capacitance, Resistance };
+  static constexpr int valueCount = Resistance + 1;
+  static constexpr int firstInResult = 9; ///< element of what the dialog of a device returns
+
   int input = -1; ///< line of the table; -1 for none
   int output = -1;
   double supply = 5;          ///< volts

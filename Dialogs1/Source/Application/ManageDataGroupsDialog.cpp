@@ -48,13 +48,11 @@ void ManageDataGroupsDialog::onKey(int key, QPushButton* button) {
 
 void ManageDataGroupsDialog::initialiseDialog() {
   dimsSavingEnabled = true;
-  const char* const* lines = nullptr;
-  unsigned count = 0;
-  getStringVector(0, &lines, &count);
+  const Texts lines = texts(0);
   QList<QTreeWidgetItem*> items;
-  items.reserve(static_cast<int>(count));
-  for (unsigned i = 0; i < count; ++i) {
-    auto* item = new ManageDataItem(lines[i]);
+  items.reserve(static_cast<int>(lines.count()));
+  for (unsigned row = 0; row < lines.count(); ++row) {
+    auto* item = new ManageDataItem(lines.raw(row));
     groups.append(item);
     items.append(item);
   }
@@ -74,12 +72,13 @@ void ManageDataGroupsDialog::initialiseDialog() {
 }
 
 void ManageDataGroupsDialog::readDialog(UserDataType, bool accepted) {
-  const QTreeWidget* tree = form.manageGroupsListWidget;
-  char** line = accepted ? makeStringResult(tree->topLevelItemCount()) : nullptr;
-  if (!line)
+  if (!accepted)
     return;
+  const QTreeWidget* tree = form.manageGroupsListWidget;
+  TextVector lines;
   for (int row = 0; row < tree->topLevelItemCount(); ++row)
-    *line++ = hostString(static_cast<ManageDataItem*>(tree->topLevelItem(row))->result());
+    lines.append(static_cast<ManageDataItem*>(tree->topLevelItem(row))->result());
+  setTextsResult(lines);
 }
 
 void ManageDataGroupsDialog::showEvent(QShowEvent* event) {

@@ -7,6 +7,8 @@
 /// The simulation data groups that the host holds: which are to go, which to stay, their titles,
 /// and which is the current one.
 class ManageDataGroupsDialog : public KelvarinDialog {
+  Q_OBJECT
+
 public:
   ManageDataGroupsDialog();
 
@@ -17,7 +19,7 @@ protected:
   void showEvent(QShowEvent* event) override;
   void hideEvent(QHideEvent* event) override;
 
-private:
+private slots:
   void setCurrentGroupButtonClicked();
   void deleteGroupButtonClicked();
   void keepGroupButtonClicked();
@@ -25,6 +27,7 @@ private:
   void editTitleButtonClicked();
   void manageGroupsListWidgetSelectionChanged();
 
+private:
   void showRemoval(const DataGroups::Removal& removal);
   void showFlags();
   void onKey(int key, QPushButton* button);

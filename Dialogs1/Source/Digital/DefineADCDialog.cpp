@@ -14,12 +14,12 @@ DefineADCDialog::DefineADCDialog() : DigitalDeviceDialog("DefineADCDialog", 1) {
   connect(form.maxConvRateEdit, &Spinner::changed, this, &DefineADCDialog::maxConvRateEdit_changed);
 }
 
-void DefineADCDialog::convertTimeEdit_changed() {
+void DefineADCDialog::convertTimeEdit_changed(const QString&) {
   showPossibleRate();
   settle();
 }
 
-void DefineADCDialog::maxConvRateEdit_changed() {
+void DefineADCDialog::maxConvRateEdit_changed(const QString&) {
   showPossibleTime();
   settle();
 }

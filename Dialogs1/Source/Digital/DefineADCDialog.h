@@ -5,12 +5,16 @@
 
 /// An analog to digital converter.
 class DefineADCDialog : public DigitalDeviceDialog<Ui::DefineADCDialog> {
+  Q_OBJECT
+
 public:
   DefineADCDialog();
 
+private slots:
+  void convertTimeEdit_changed(const QString&);
+  void maxConvRateEdit_changed(const QString&);
+
 private:
-  void convertTimeEdit_changed();
-  void maxConvRateEdit_changed();
   void showPossibleRate();
   void showPossibleTime();
   void follow(Spinner* edit, double wanted, const Spinner* other);

@@ -6,6 +6,8 @@
 /// A unit that does one operation on two digital words.
 class DefineArithmeticLogicUnitDialog
     : public DigitalDeviceDialog<Ui::DefineArithmeticLogicUnitDialog> {
+  Q_OBJECT
+
 public:
   DefineArithmeticLogicUnitDialog();
 

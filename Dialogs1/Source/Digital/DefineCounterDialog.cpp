@@ -2,8 +2,6 @@
 
 #include "Frame/ScriptFunction.h"
 
-#include <algorithm>
-
 static const ScriptFunction declaration("DefineCounterDialog", 1, "RRS", RealVectorResult,
                                         runDialogFunction<DefineCounterDialog, UserReal>);
 
@@ -21,10 +19,9 @@ void DefineCounterDialog::initialiseDialog() {
 }
 
 void DefineCounterDialog::showLaterFeatures(bool on) {
-  for (QWidget* widget : std::initializer_list<QWidget*>{
-           form.featuresGroupBox, form.cbParallelLoad, form.cbUpDown, form.resetDelayEdit,
-           form.resetDelayLabel, form.dataLoadTime, form.dataLoadTimeLabel})
-    widget->setVisible(on);
+  setShown({form.featuresGroupBox, form.cbParallelLoad, form.cbUpDown, form.resetDelayEdit,
+            form.resetDelayLabel, form.dataLoadTime, form.dataLoadTimeLabel},
+           on);
 }
 
 void DefineCounterDialog::numBitsEdit_changed() {
@@ -46,18 +43,15 @@ void DefineCounterDialog::maxCountEdit_changed() {
 }
 
 void DefineCounterDialog::showPossibleCount() {
-  const Spinner* const bitsEdit = form.numBitsEdit;
-  // The value of an expression is not known here, and no limit can follow from it.
-  if (bitsEdit->isExpression())
+  const std::optional<double> bits = form.numBitsEdit->number();
+  if (!bits)
     return;
   const Updating guard(this);
-  // What is being typed has not met its limits yet.
-  const double bits = std::min(std::max(bitsEdit->value(), bitsEdit->min), bitsEdit->max);
-  const CounterCount shown = possibleCount(wanted, bits);
+  const CounterCount shown = possibleCount(wanted, *bits);
   form.cbMaxCount->setChecked(shown.isMaximum);
-  form.cbMaxCount->setEnabled(canChooseCount(bits));
+  form.cbMaxCount->setEnabled(canChooseCount(*bits));
   form.maxCountEdit->setEnabled(!shown.isMaximum);
-  form.maxCountEdit->setMax(highestCount(bits));
+  form.maxCountEdit->setMax(highestCount(*bits));
   if (shown.isMaximum || !form.maxCountEdit->isExpression())
     form.maxCountEdit->setValue(shown.count);
 }

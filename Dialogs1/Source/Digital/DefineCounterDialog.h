@@ -6,6 +6,8 @@
 
 /// A binary counter.
 class DefineCounterDialog : public DigitalDeviceDialog<Ui::DefineCounterDialog> {
+  Q_OBJECT
+
 public:
   explicit DefineCounterDialog(const char* name = "DefineCounterDialog");
 

@@ -5,6 +5,8 @@
 
 /// A digital to analog converter.
 class DefineDACDialog : public DigitalDeviceDialog<Ui::DefineDACDialog> {
+  Q_OBJECT
+
 public:
   DefineDACDialog();
 };

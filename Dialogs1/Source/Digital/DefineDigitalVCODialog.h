@@ -5,6 +5,8 @@
 
 /// An oscillator with a digital output and an analog control voltage.
 class DefineDigitalVCODialog : public DigitalDeviceDialog<Ui::DefineDigitalVCODialog> {
+  Q_OBJECT
+
 public:
   DefineDigitalVCODialog();
 };

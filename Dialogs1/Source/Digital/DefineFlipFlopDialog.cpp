@@ -2,29 +2,12 @@
 
 #include "Frame/ScriptFunction.h"
 
-#include <algorithm>
-
 static const ScriptFunction declaration("DefineFlipFlopDialog", 2, "RSRS", RealVectorResult,
                                         runDialogFunction<DefineFlipFlopDialog, UserReal>);
 
-namespace {
-
-/// What is being typed has not met its limits yet.
-double valueOf(const Spinner* edit) {
-  return std::max(edit->value(), edit->min);
-}
-
-/// The value of an expression is not known here, and no warning can follow from it.
-bool areKnown(const Spinner* one, const Spinner* other) {
-  return !one->isExpression() && !other->isExpression();
-}
-
-} // namespace
-
 DefineFlipFlopDialog::DefineFlipFlopDialog() : DigitalDeviceDialog("DefineFlipFlopDialog", 2) {
   // Each warning comes with the first change of its times: a box that opens without any is silent.
-  form.holdTimeViolationLabel->hide();
-  form.clockDelayViolationLabel->hide();
+  setShown({form.holdTimeViolationLabel, form.clockDelayViolationLabel}, false);
   const auto typed = &Spinner::textChanged;
   connect(form.holdTimeEdit, typed, this, &DefineFlipFlopDialog::showHoldTimeViolation);
   connect(form.clockDelayEdit, typed, this, &DefineFlipFlopDialog::showClockDelayViolation);
@@ -38,12 +21,13 @@ void DefineFlipFlopDialog::initialiseDialog() {
 }
 
 void DefineFlipFlopDialog::showHoldTimeViolation() {
-  form.holdTimeViolationLabel->setVisible(areKnown(form.holdTimeEdit, form.minClockEdit) &&
-                                          valueOf(form.holdTimeEdit) >= valueOf(form.minClockEdit));
+  const auto hold = form.holdTimeEdit->number();
+  const auto clock = form.minClockEdit->number();
+  form.holdTimeViolationLabel->setVisible(hold && clock && *hold >= *clock);
 }
 
 void DefineFlipFlopDialog::showClockDelayViolation() {
-  form.clockDelayViolationLabel->setVisible(areKnown(form.minClockEdit, form.clockDelayEdit) &&
-                                            valueOf(form.minClockEdit) >
-                                                valueOf(form.clockDelayEdit));
+  const auto delay = form.clockDelayEdit->number();
+  const auto clock = form.minClockEdit->number();
+  form.clockDelayViolationLabel->setVisible(delay && clock && *clock > *delay);
 }

@@ -5,6 +5,8 @@
 
 /// A flip-flop. Times that do not go together are warned of and taken as they are.
 class DefineFlipFlopDialog : public DigitalDeviceDialog<Ui::DefineFlipFlopDialog> {
+  Q_OBJECT
+
 public:
   DefineFlipFlopDialog();
 

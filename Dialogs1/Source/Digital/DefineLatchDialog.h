@@ -5,6 +5,8 @@
 
 /// A transparent latch.
 class DefineLatchDialog : public DigitalDeviceDialog<Ui::DefineLatchDialog> {
+  Q_OBJECT
+
 public:
   DefineLatchDialog() : DigitalDeviceDialog("DefineLatchDialog", 2) {}
 

@@ -5,6 +5,8 @@
 
 /// A logic gate.
 class DefineLogicGateDialog : public DigitalDeviceDialog<Ui::DefineLogicGateDialog> {
+  Q_OBJECT
+
 public:
   DefineLogicGateDialog();
 

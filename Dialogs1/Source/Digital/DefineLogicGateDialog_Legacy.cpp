@@ -7,8 +7,7 @@ static const ScriptFunction declaration("DefineLogicGateDialog_Legacy", 1, "R", 
 
 DefineLogicGateDialog_Legacy::DefineLogicGateDialog_Legacy()
     : DefineLogicGateDialog("DefineLogicGateDialog_Legacy") {
-  for (QWidget* widget : std::initializer_list<QWidget*>{
-           form.invertedInputsEdit, form.invertedInputsLabel, form.radioButton5, form.radioButton6,
-           form.radioButton7, form.xorInfoLabel})
-    widget->hide();
+  setShown({form.invertedInputsEdit, form.invertedInputsLabel, form.radioButton5, form.radioButton6,
+            form.radioButton7, form.xorInfoLabel},
+           false);
 }

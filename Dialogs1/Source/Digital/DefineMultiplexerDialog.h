@@ -5,6 +5,8 @@
 
 /// A multiplexer.
 class DefineMultiplexerDialog : public DigitalDeviceDialog<Ui::DefineMultiplexerDialog> {
+  Q_OBJECT
+
 public:
   explicit DefineMultiplexerDialog(const char* name = "DefineMultiplexerDialog");
 };

@@ -5,6 +5,8 @@
 
 /// A device that gives a digital net a fixed state.
 class DefinePullupdownDialog : public DigitalDeviceDialog<Ui::DefinePullupdownDialog> {
+  Q_OBJECT
+
 public:
   DefinePullupdownDialog();
 };

@@ -16,14 +16,11 @@ DefineRegisterDialog::DefineRegisterDialog() : DigitalDeviceDialog("DefineRegist
           &DefineRegisterDialog::clockDelayEdit_changed);
 }
 
-void DefineRegisterDialog::setupTimeEdit_changed() {
-  form.clockDelayEdit->setMin(form.setupTimeEdit->value());
+void DefineRegisterDialog::setupTimeEdit_changed(const QString&) {
+  form.clockDelayEdit->setMin(form.setupTimeEdit->number().value_or(0));
 }
 
-void DefineRegisterDialog::clockDelayEdit_changed() {
-  // The value of an expression is not known here, and no limit can follow from it. As a setup time
-  // it counts as 0, which is none either.
-  form.setupTimeEdit->setMax(form.clockDelayEdit->isExpression()
-                                 ? std::numeric_limits<double>::infinity()
-                                 : form.clockDelayEdit->value());
+void DefineRegisterDialog::clockDelayEdit_changed(const QString&) {
+  form.setupTimeEdit->setMax(
+      form.clockDelayEdit->number().value_or(std::numeric_limits<double>::infinity()));
 }

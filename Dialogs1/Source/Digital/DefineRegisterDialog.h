@@ -5,10 +5,12 @@
 
 /// A register of edge-triggered flip-flops.
 class DefineRegisterDialog : public DigitalDeviceDialog<Ui::DefineRegisterDialog> {
+  Q_OBJECT
+
 public:
   DefineRegisterDialog();
 
-private:
-  void setupTimeEdit_changed();
-  void clockDelayEdit_changed();
+private slots:
+  void setupTimeEdit_changed(const QString&);
+  void clockDelayEdit_changed(const QString&);
 };

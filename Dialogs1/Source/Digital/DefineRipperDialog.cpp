@@ -1,10 +1,8 @@
 #include "Digital/DefineRipperDialog.h"
 
-#include "Core/Pieces/Integers.h"
 #include "Frame/ScriptFunction.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "Pieces/ComboNames.h"
-#include "Pieces/ScriptTexts.h"
 
 #include <algorithm>
 #include <cstring>
@@ -29,14 +27,12 @@ void DefineRipperDialog::initialiseDialog() {
   form.spinner4->checkMaxMin();
   form.spinner5->checkMaxMin();
 
-  const char* const* texts = nullptr;
-  unsigned count = 0;
-  getStringVector(1, &texts, &count);
-  QStringList styles = textsOf(texts, count);
+  QStringList styles = texts(1).all();
   std::transform(styles.cbegin(), styles.cend(), styles.begin(), rowText);
   showNames(form.styleCombo, styles);
-  if (getStringVector(0, &texts, &count) && count > styleElement)
-    form.styleCombo->setValue(leadingInteger(texts[styleElement]));
+  const Texts ripper = texts(0);
+  if (ripper.has(styleElement))
+    form.styleCombo->setValue(ripper.number(styleElement));
 }
 
 void DefineRipperDialog::readDialog(UserDataType type, bool accepted) {

@@ -5,6 +5,8 @@
 
 /// A ripper: what takes some of the wires out of a bus.
 class DefineRipperDialog : public KelvarinDialog {
+  Q_OBJECT
+
 public:
   DefineRipperDialog();
 

@@ -5,6 +5,8 @@
 
 /// A shift register with parallel outputs.
 class DefineShiftRegDialog : public DigitalDeviceDialog<Ui::DefineShiftRegDialog> {
+  Q_OBJECT
+
 public:
   DefineShiftRegDialog() : DigitalDeviceDialog("DefineShiftRegDialog", 1) {}
 };

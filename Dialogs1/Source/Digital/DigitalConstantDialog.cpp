@@ -11,10 +11,6 @@
 static const ScriptFunction declaration("DigitalConstantDialog", 1, "SRS", StringVectorResult,
                                         runDialogFunction<DigitalConstantDialog, UserString>);
 
-static DigitBase baseCalled(const char* name) {
-  return digitBase(name).value_or(DigitBase::Decimal);
-}
-
 DigitalConstantDialog::DigitalConstantDialog()
     : DigitalDeviceDialog("DigitalConstantDialog", 1, Sides::Outputs),
       validator(new DigitValidator(DigitBase::Decimal, this)) {
@@ -25,7 +21,7 @@ DigitalConstantDialog::DigitalConstantDialog()
 
 void DigitalConstantDialog::initialiseDialog() {
   KelvarinDialog::initialiseDialog();
-  currentBase = toYs(form.baseCombo->currentText());
+  currentBase = chosenBase();
   baseCombo_activated();
   // The field judges a text as it comes in, and this one came in before its base was known.
   const QString value = form.valueEdit->text();
@@ -36,27 +32,31 @@ void DigitalConstantDialog::initialiseDialog() {
 void DigitalConstantDialog::okClicked() {
   const std::string digits = withoutLeadingZeros(toYs(form.valueEdit->text()).c_str());
   form.valueEdit->setText(digits.empty() ? QStringLiteral("0") : QString::fromStdString(digits));
-  const std::size_t bits = bitsNeeded(digits, baseCalled(currentBase));
+  const std::size_t bits = bitsNeeded(digits, currentBase);
   if (double(bits) > std::floor(form.numBitsEdit->value()))
     refuse(bits);
   else
     KelvarinDialog::okClicked();
 }
 
+DigitBase DigitalConstantDialog::chosenBase() const {
+  return digitBases.read(Tocs(form.baseCombo->currentText()), DigitBase::Decimal);
+}
+
 void DigitalConstantDialog::baseCombo_activated() {
-  const YString base = toYs(form.baseCombo->currentText());
+  const DigitBase base = chosenBase();
   const YString value = toYs(form.valueEdit->text());
   std::optional<std::string> digits;
   if (!value.isEmpty() && base != currentBase) {
-    digits = convertDigits(value.c_str(), baseCalled(currentBase), baseCalled(base));
+    digits = convertDigits(value.c_str(), currentBase, base);
     if (!digits) {
-      form.baseCombo->setCurrentText(toQs(currentBase));
-      refuse(bitsNeeded(value.c_str(), baseCalled(currentBase)));
+      form.baseCombo->setCurrentText(QString::fromLatin1(digitBases.word(currentBase)));
+      refuse(bitsNeeded(value.c_str(), currentBase));
       return;
     }
   }
   currentBase = base;
-  validator->setBase(baseCalled(base));
+  validator->setBase(base);
   if (digits)
     form.valueEdit->setText(QString::fromStdString(*digits));
 }

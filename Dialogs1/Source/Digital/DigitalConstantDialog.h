@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Core/Digital/DigitalConstant.h"
 #include "Digital/DigitalDeviceDialog.h"
 #include "Digital/ui_DigitalConstantDialog.h"
 
@@ -7,6 +8,8 @@ class DigitValidator;
 
 /// A bit pattern of up to 256 bits, shown in a base of the user's choice.
 class DigitalConstantDialog : public DigitalDeviceDialog<Ui::DigitalConstantDialog> {
+  Q_OBJECT
+
 public:
   DigitalConstantDialog();
 
@@ -15,8 +18,9 @@ public:
 
 private:
   void baseCombo_activated();
+  DigitBase chosenBase() const;
   void refuse(std::size_t bits);
 
-  YString currentBase; ///< the one that the value is written in
+  DigitBase currentBase = DigitBase::Decimal; ///< the one that the value is written in
   DigitValidator* validator;
 };

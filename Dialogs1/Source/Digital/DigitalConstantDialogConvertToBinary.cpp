@@ -17,7 +17,7 @@ void convertToBinary(const FuncArgsMinimal& args, FuncResultMinimal* result) {
   const double width = std::floor(sp_ConvertEngToReal(constant.raw(BitCount)));
   const bool isUsable = width >= 1 && width <= double(widestConstant);
   std::vector<bool> bits(isUsable ? static_cast<std::size_t>(width) : 0);
-  if (const std::optional<DigitBase> base = digitBase(constant.raw(Base)))
+  if (const std::optional<DigitBase> base = digitBases.read(constant.raw(Base)))
     bits = lowestBits(constant.raw(Value), *base, bits.size());
   if (bool* slot = result->makeBools(static_cast<int>(bits.size())))
     std::copy(bits.begin(), bits.end(), slot);

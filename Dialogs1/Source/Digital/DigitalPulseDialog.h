@@ -5,6 +5,8 @@
 
 /// Period, width and delay of a digital pulse source.
 class DigitalPulseDialog : public DigitalDeviceDialog<Ui::DigitalPulseDialog> {
+  Q_OBJECT
+
 public:
   DigitalPulseDialog() : DigitalDeviceDialog("DigitalPulseDialog", 1) {}
 };

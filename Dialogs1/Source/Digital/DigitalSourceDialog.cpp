@@ -1,11 +1,9 @@
 #include "Digital/DigitalSourceDialog.h"
 
 #include "Frame/ScriptFunction.h"
-#include "HostSupport/Arguments.h"
 #include "HostSupport/DigitalSource.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "Pieces/ListRows.h"
-#include "Pieces/ScriptTexts.h"
 
 #include <QMessageBox>
 #include <QRegularExpressionValidator>
@@ -17,6 +15,9 @@ static const ScriptFunction declaration("DigitalSourceDialog", 1, "SRS", StringV
 
 namespace {
 
+/// Of the first argument, and of the result.
+enum Element { OutputNames, Definition };
+
 constexpr QChar nameSeparator = QLatin1Char('|');
 
 unsigned char stateOf(const QComboBox* combo) {
@@ -25,8 +26,8 @@ unsigned char stateOf(const QComboBox* combo) {
 } // namespace
 
 DigitalSourceDialog::DigitalSourceDialog()
-    : DigitalDeviceDialog("DigitalSourceDialog", 1, Sides::Outputs), namesResult(this, 0),
-      definitionResult(this, 1), strips(form.plotterLayout, form.timeShiftApplyButton) {
+    : DigitalDeviceDialog("DigitalSourceDialog", 1, Sides::Outputs), namesResult(this, OutputNames),
+      definitionResult(this, Definition), strips(form.plotterLayout, form.timeShiftApplyButton) {
   for (QComboBox* combo : {form.highStateCombo, form.lowStateCombo})
     for (const StateChoice& choice : stateChoices)
       combo->addItem(QString::fromLatin1(choice.name));
@@ -66,15 +67,13 @@ void DigitalSourceDialog::connectTools() {
 }
 
 void DigitalSourceDialog::prepareDialog(UserFunctionInterface* args, UserDataType type) {
-  const char* const* texts = nullptr;
-  unsigned count = 0;
-  sp_GetStringIfVector(args, 0, &texts, &count);
-  const QString outputs = textAt(texts, count, 0);
+  const Texts source = texts(0);
+  const QString outputs = source.text(OutputNames);
   if (!outputs.isEmpty())
     form.outputNamesListBox->addItems(outputs.split(nameSeparator));
   form.outputNamesListBox->setCurrentRow(0);
   makeRowsUniform(form.outputNamesListBox);
-  form.definitionTextBox->setPlainText(textAt(texts, count, 1));
+  form.definitionTextBox->setPlainText(source.text(Definition));
   updatePlot(Remember::Everything);
   DigitalDeviceDialog::prepareDialog(args, type);
 }
@@ -137,8 +136,7 @@ void DigitalSourceDialog::updatePlot(Remember what) {
       (what == Remember::Everything || (what == Remember::WhatChanged && history.isChanged(table))))
     history.push({table, names()});
   const bool isEmpty = !isRead || table.outputs == 0 || table.rows() == 0;
-  form.plotLabel0->setVisible(isEmpty);
-  form.plotter0->setVisible(isEmpty);
+  setShown({form.plotLabel0, form.plotter0}, isEmpty);
   if (isEmpty)
     strips.clear();
   else

@@ -9,6 +9,8 @@
 /// A digital source: named outputs, a timetable of their states as text, tools that write it, and
 /// its plot. The text is the truth; the plot shows it as it was last read.
 class DigitalSourceDialog : public DigitalDeviceDialog<Ui::DigitalSourceDialog> {
+  Q_OBJECT
+
 public:
   DigitalSourceDialog();
 

@@ -5,6 +5,8 @@
 
 /// State and strength that a digital node starts with.
 class EditDigInitDialog : public KelvarinDialog {
+  Q_OBJECT
+
 public:
   EditDigInitDialog();
 

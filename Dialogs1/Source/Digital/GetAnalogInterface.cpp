@@ -1,27 +1,25 @@
-#include "Digital/LogicAnalogInterfaceSheet.h"
-#include "Frame/ScriptFunction.h"
-#include "HostSupport/Arguments.h"
+#include "Core/Digital/LogicInterfaces.h"
+#include "Frame/TypedFunction.h"
 #include "HostSupport/Numbers.h"
 
-#include <algorithm>
+namespace {
 
-static int getAnalogInterface(UserFunctionInterface* call) {
-  using Sheet = LogicAnalogInterfaceSheet;
-  double* result = call->makeRealResult(call, Sheet::valueCount, nullptr);
-  if (!result)
-    return 0;
-  const auto needed = static_cast<unsigned>(Sheet::firstElement + Sheet::valueCount);
-  const double* reals = nullptr;
-  const char* const* texts = nullptr;
-  unsigned count = 0;
+/// Takes what a device's dialog has returned: numbers, or their texts.
+void getAnalogInterface(const FuncArgsMinimal& args, FuncResultMinimal* result) {
+  constexpr int first = AnalogInterface::firstInResult;
+  constexpr int count = AnalogInterface::valueCount;
+  double* const values = result->makeReals(count);
   // What is too short to be a device's result leaves the values as the host makes them.
-  if (sp_GetRealIfVector(call, 0, &reals, &count) && count >= needed)
-    std::copy_n(reals + Sheet::firstElement, Sheet::valueCount, result);
-  else if (sp_GetStringIfVector(call, 0, &texts, &count) && count >= needed)
-    std::transform(texts + Sheet::firstElement, texts + needed, result,
-                   [](const char* text) { return sp_ConvertEngToReal(text); });
-  return 0;
+  if (!values || args.count(0) < first + count)
+    return;
+  const double* const reals = args.reals(0);
+  const Texts texts(args, 0);
+  for (int i = 0; i < count; ++i)
+    values[i] =
+        reals ? reals[first + i] : sp_ConvertEngToReal(texts.raw(static_cast<unsigned>(first + i)));
 }
 
-static const ScriptFunction declaration("GetAnalogInterface", 1, "A", RealVectorResult,
-                                        getAnalogInterface);
+const TypedFunction declaration("GetAnalogInterface", 1, 1, {AnyArg}, RealVectorResult,
+                                runTypedFunction<getAnalogInterface>);
+
+} // namespace

@@ -1,5 +1,6 @@
 #include "Digital/LogicAnalogInterfaceSheet.h"
 
+#include "Frame/WidgetStates.h"
 #include "HostSupport/Arguments.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "Pieces/ComboNames.h"
@@ -21,8 +22,7 @@ void showInterfaces(QComboBox* combo, const LogicInterfaces& interfaces, const Q
 } // namespace
 
 LogicAnalogInterfaceSheet::LogicAnalogInterfaceSheet() {
-  setProperty("isKvDialogWidget", true);
-  setProperty("outElementIndex", firstElement);
+  outElementIndex = AnalogInterface::firstInResult;
 }
 
 LogicAnalogInterfaceSheet::LogicAnalogInterfaceSheet(QWidget* parent, int argument, Sides sides)
@@ -31,13 +31,12 @@ LogicAnalogInterfaceSheet::LogicAnalogInterfaceSheet(QWidget* parent, int argume
   argIndex = argument;
   form.setupUi(this);
   hasForm = true;
-  for (QWidget* widget :
-       std::initializer_list<QWidget*>{form.outputLabel, form.outputCombo,
-                                       form.outputResistanceLabel, form.outputResistanceEdit})
-    widget->setVisible(sides != Sides::Inputs);
-  for (QWidget* widget : std::initializer_list<QWidget*>{
-           form.inputLabel, form.inputCombo, form.inputCapacitanceLabel, form.inputCapacitanceEdit})
-    widget->setVisible(sides != Sides::Outputs);
+  setShown(
+      {form.outputLabel, form.outputCombo, form.outputResistanceLabel, form.outputResistanceEdit},
+      sides != Sides::Inputs);
+  setShown(
+      {form.inputLabel, form.inputCombo, form.inputCapacitanceLabel, form.inputCapacitanceEdit},
+      sides != Sides::Outputs);
 }
 
 bool LogicAnalogInterfaceSheet::initialiseWidget(UserFunctionInterface* call) {
@@ -47,10 +46,7 @@ bool LogicAnalogInterfaceSheet::initialiseWidget(UserFunctionInterface* call) {
   unsigned numberCount = 0;
   sp_GetRealIfVector(call, argIndex, &numbers, &numberCount);
   const AnalogInterface values = analogInterface(numbers, numberCount);
-  const char* const* lines = nullptr;
-  unsigned lineCount = 0;
-  sp_GetStringIfVector(call, argIndex + 1, &lines, &lineCount);
-  interfaces = LogicInterfaces(lines, lineCount, values.input, values.output);
+  interfaces = LogicInterfaces(Texts(call, argIndex + 1), values.input, values.output);
 
   explainResistance();
   showTechnologies(values);
@@ -64,21 +60,26 @@ bool LogicAnalogInterfaceSheet::readWidget(UserReturnData* result,
                                            const UserFunctionInterface* call) {
   if (!hasForm)
     return false;
+  using Interface = AnalogInterface;
   const auto shown = interfaces.technology(form.technologyCombo->currentIndex());
-  const int lines[] = {shown.inputs.value(form.inputCombo->currentIndex()),
-                       shown.outputs.value(form.outputCombo->currentIndex())};
-  const Spinner* const edits[] = {form.supplyVoltageEdit, form.inputCapacitanceEdit,
-                                  form.outputResistanceEdit};
+  const int input = shown.inputs.value(form.inputCombo->currentIndex());
+  const int output = shown.outputs.value(form.outputCombo->currentIndex());
+  const std::pair<Interface::Element, const Spinner*> edits[] = {
+      {Interface::Supply, form.supplyVoltageEdit},
+      {Interface::Capacitance, form.inputCapacitanceEdit},
+      {Interface::Resistance, form.outputResistanceEdit}};
   if (result->type == UserReal) {
-    auto* reals = std::copy(std::begin(lines), std::end(lines), static_cast<double*>(result->data));
-    for (const Spinner* edit : edits)
-      *reals++ = edit->value();
+    auto* reals = static_cast<double*>(result->data);
+    reals[Interface::Input] = input;
+    reals[Interface::Output] = output;
+    for (const auto& [element, edit] : edits)
+      reals[element] = edit->value();
   } else {
-    char** texts = static_cast<char**>(result->data);
-    for (int line : lines)
-      *texts++ = call->hostString(YString(line));
-    for (const Spinner* edit : edits)
-      *texts++ = call->hostString(Tocs(edit->text()));
+    auto* texts = static_cast<char**>(result->data);
+    texts[Interface::Input] = call->hostString(YString(input));
+    texts[Interface::Output] = call->hostString(YString(output));
+    for (const auto& [element, edit] : edits)
+      texts[element] = call->hostString(Tocs(edit->text()));
   }
   return true;
 }

@@ -8,12 +8,12 @@
 
 /// The page of a digital device's dialog that says how its pins meet analog signals.
 ///
-/// It binds as one widget of five result elements, from `firstElement` on: line of the input
-/// interface, line of the output interface, supply voltage, input capacitance, output resistance.
+/// It binds as one widget of several result elements, those of `AnalogInterface`.
 class LogicAnalogInterfaceSheet : public QWidget, public KV_FunctionDef {
+  Q_OBJECT
+  KV_BINDING_PROPERTIES
+
 public:
-  static constexpr int valueCount = 5;
-  static constexpr int firstElement = 9;
   /// What is shown; what is not is loaded and stored all the same.
   enum class Sides { Both, Inputs, Outputs };
 
@@ -23,7 +23,7 @@ public:
   /// of interfaces (strings, a line each).
   LogicAnalogInterfaceSheet(QWidget* parent, int argument, Sides sides);
 
-  int vectorSize() override { return valueCount; }
+  int vectorSize() override { return AnalogInterface::valueCount; }
   bool hasReadWidget() override { return true; }
   bool initialiseWidget(UserFunctionInterface* call) override; ///< false for one without a page
   bool readWidget(UserReturnData* result, const UserFunctionInterface* call) override;

@@ -6,7 +6,6 @@
 #include "HostWidgets/Plotter.h"
 #include "Pieces/ScriptTexts.h"
 
-#include <QCoreApplication>
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QLabel>
@@ -79,8 +78,7 @@ void StateStrips::draw(const Timetable& table, const QStringList& names) {
   last->setMinimumHeight(last->minimumHeight() + bottomMargin(last));
   last->initializeAxes(m_labelledTime, m_level);
   if (names.size() > strips) {
-    m_rest = new QLabel(QCoreApplication::translate("StateStrips", "%1 more outputs are not shown.")
-                            .arg(names.size() - strips));
+    m_rest = new QLabel(tr("%1 more outputs are not shown.").arg(names.size() - strips));
     m_grid->addWidget(m_rest, strips + 1, 0, 1, 2);
   }
   // One of them speaks for all: they show the same range.
