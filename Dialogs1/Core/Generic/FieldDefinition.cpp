@@ -1,6 +1,7 @@
 #include "Core/Generic/FieldDefinition.h"
 
 #include "Core/Pieces/Integers.h"
+#include "Core/Pieces/Words.h"
 #include "HostSupport/Numbers.h"
 #include "HostSupport/Parsing.h"
 
@@ -14,20 +15,12 @@ constexpr double largestInteger = 2147483647;
 constexpr int mostColumns = 10;
 constexpr int groupCount = 4;
 
-FieldKind kindOf(const char* word) {
-  static constexpr struct {
-    const char* word;
-    FieldKind kind;
-  } kinds[] = {
-      {"", FieldKind::Real},       {"real", FieldKind::Real}, {"integer", FieldKind::Integer},
-      {"int", FieldKind::Integer}, {"bool", FieldKind::Flag}, {"string", FieldKind::Text},
-      {"list", FieldKind::Choice},
-  };
-  for (const auto& entry : kinds)
-    if (sp_CompareNoCase(entry.word, word) == 0)
-      return entry.kind;
-  return FieldKind::Text;
-}
+constexpr Words<FieldKind> kindWords = {
+    {"", FieldKind::Real},       {"real", FieldKind::Real}, {"integer", FieldKind::Integer},
+    {"int", FieldKind::Integer}, {"bool", FieldKind::Flag}, {"string", FieldKind::Text},
+    {"list", FieldKind::Choice},
+};
+constexpr Words<bool> flagWords = {{"true", true}, {"false", false}};
 
 double numberOr(const YString& text, double missing) {
   return text.isEmpty() ? missing : sp_ConvertEngToReal(text);
@@ -69,7 +62,7 @@ FieldDefinition readFieldDefinition(const char* text) {
   sp_SplitLine(text, ':', &parts, 3);
   FieldDefinition field;
   field.label = parts.value(0);
-  field.kind = kindOf(parts.value(1));
+  field.kind = kindWords.read(parts.value(1), FieldKind::Text);
   if (field.kind == FieldKind::Choice)
     field.items = parts.value(2);
   else
@@ -78,9 +71,7 @@ FieldDefinition readFieldDefinition(const char* text) {
 }
 
 bool initialFlag(const char* text) {
-  if (sp_CompareNoCase(text, "true") == 0)
-    return true;
-  return sp_CompareNoCase(text, "false") != 0 && leadingInteger(text) != 0;
+  return flagWords.read(text, leadingInteger(text) != 0);
 }
 
 double initialChoice(const YString& items, const char* text) {

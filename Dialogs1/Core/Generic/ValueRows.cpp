@@ -1,6 +1,6 @@
 #include "Core/Generic/ValueRows.h"
 
-#include "HostSupport/YString.h"
+#include "Core/Pieces/Words.h"
 
 namespace {
 
@@ -12,22 +12,17 @@ constexpr double leastDelay = 1e-21;
 constexpr double leastInductance = 1e-18;
 constexpr double unlimitedWidth = 1e18;
 
+constexpr Words<ValueMode> modeWords = {
+    {"Switch", ValueMode::Switch},
+    {"Transformer", ValueMode::Transformer},
+    {"TransmissionLine", ValueMode::TransmissionLine},
+    {"DigitalPulse", ValueMode::DigitalPulse},
+};
+
 } // namespace
 
 ValueMode valueModeOf(const char* word) {
-  static constexpr struct {
-    const char* word;
-    ValueMode mode;
-  } modes[] = {
-      {"Switch", ValueMode::Switch},
-      {"Transformer", ValueMode::Transformer},
-      {"TransmissionLine", ValueMode::TransmissionLine},
-      {"DigitalPulse", ValueMode::DigitalPulse},
-  };
-  for (const auto& entry : modes)
-    if (sp_CompareNoCase(entry.word, word) == 0)
-      return entry.mode;
-  return ValueMode::Plain;
+  return modeWords.read(word, ValueMode::Plain);
 }
 
 ValueRowRule valueRowRule(ValueMode mode, int row) {

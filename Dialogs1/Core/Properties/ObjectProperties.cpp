@@ -1,29 +1,25 @@
 #include "Core/Properties/ObjectProperties.h"
 
 #include "Core/Pieces/Integers.h"
+#include "Core/Pieces/Words.h"
 
 #include <algorithm>
 #include <cstring>
 
 static const QString lineBreakMark = QStringLiteral("\\n");
 
+static constexpr Words<PropertyKind> typeWords = {
+    {"", PropertyKind::Text},
+    {"string", PropertyKind::Text},
+    {"Font", PropertyKind::Font},
+    {"Colour", PropertyKind::Colour},
+    {"SchemProperty", PropertyKind::Flagged},
+    {"SymbolProperty", PropertyKind::Flagged},
+    {"*", PropertyKind::ReadOnly},
+};
+
 PropertyKind propertyKind(const YString& type) {
-  static constexpr struct {
-    const char* word;
-    PropertyKind kind;
-  } kinds[] = {
-      {"", PropertyKind::Text},
-      {"string", PropertyKind::Text},
-      {"Font", PropertyKind::Font},
-      {"Colour", PropertyKind::Colour},
-      {"SchemProperty", PropertyKind::Flagged},
-      {"SymbolProperty", PropertyKind::Flagged},
-      {"*", PropertyKind::ReadOnly},
-  };
-  for (const auto& entry : kinds)
-    if (sp_CompareNoCase(entry.word, type) == 0)
-      return entry.kind;
-  return PropertyKind::Choice;
+  return typeWords.read(type, PropertyKind::Choice);
 }
 
 PropertyValue readPropertyValue(const char* passed, PropertyKind kind) {

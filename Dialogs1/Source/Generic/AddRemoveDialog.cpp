@@ -1,13 +1,16 @@
 #include "Generic/AddRemoveDialog.h"
 
 #include "Frame/ScriptFunction.h"
-#include "HostSupport/Arguments.h"
+
+namespace {
+
+enum Argument { Arrangement = 3 };
+
+} // namespace
 
 template <bool Plain> static int runAddRemoveDialog(UserFunctionInterface* call) {
-  YString arrangement;
-  sp_GetScalarString(call, 3, &arrangement);
   std::unique_ptr<BaseAddRemoveDialog> dialog;
-  if (sp_CompareNoCase(arrangement.c_str(), "vertical") == 0)
+  if (Texts(call, Arrangement).is(0, "vertical"))
     dialog = std::make_unique<AddRemoveDialog_2>(Plain);
   else
     dialog = std::make_unique<AddRemoveDialog>(Plain);

@@ -6,6 +6,8 @@
 
 /// The lists side by side.
 class AddRemoveDialog : public BaseAddRemoveDialog {
+  Q_OBJECT
+
 public:
   explicit AddRemoveDialog(bool plain);
 
@@ -15,6 +17,8 @@ private:
 
 /// One list above the other.
 class AddRemoveDialog_2 : public BaseAddRemoveDialog {
+  Q_OBJECT
+
 public:
   explicit AddRemoveDialog_2(bool plain);
 

@@ -79,51 +79,40 @@ void BaseAddRemoveDialog::onKey(QListWidget* list, int key, Slot slot) {
 }
 
 void BaseAddRemoveDialog::initialiseDialog() {
-  const char* const* selected = nullptr;
-  const char* const* available = nullptr;
-  const char* const* settings = nullptr;
-  unsigned selectedCount = 0;
-  unsigned availableCount = 0;
-  unsigned settingCount = 0;
-  getStringVector(SelectedItems, &selected, &selectedCount);
-  getStringVector(AvailableItems, &available, &availableCount);
-  getStringVector(Settings, &settings, &settingCount);
-  const auto setting = [&](unsigned index) { return textAt(settings, settingCount, index); };
-
-  const bool arePaths = equals(setting(Comparison), QStringLiteral("pathnames"));
+  selectedItems = texts(SelectedItems);
+  availableItems = texts(AvailableItems);
   // A script that has nothing selected cannot always pass an empty vector.
-  if (selectedCount == 1 && textAt(selected, selectedCount, 0).isEmpty())
-    selectedCount = 0;
-  originals.assign(selected, selected + selectedCount);
-  originals.insert(originals.end(), available, available + availableCount);
+  if (selectedItems.count() == 1 && selectedItems.text(0).isEmpty())
+    selectedItems = Texts();
+  const Texts settings = texts(Settings);
+  const bool arePaths = settings.is(Comparison, "pathnames");
   lists =
-      AddRemoveLists(textsOf(selected, selectedCount), textsOf(available, availableCount),
+      AddRemoveLists(selectedItems.all(), availableItems.all(),
                      arePaths && sp_CaseSensitiveFiles() ? Qt::CaseSensitive : Qt::CaseInsensitive);
   for (QListWidget* list : {selectedItemsListBox, allItemsListBox}) {
     list->clear();
     showItems(list, {});
   }
 
-  if (!setting(WindowTitle).isEmpty())
-    setWindowTitle(shownCaption(setting(WindowTitle)));
-  setTitle(selectedItemsGroupBox, selectedItemsListBox, setting(SelectedTitle));
-  setTitle(allItemsGroupBox, allItemsListBox, setting(AvailableTitle));
-  helpTopic = toYs(setting(HelpTopic));
-  if (setting(HelpTopic).isEmpty())
+  const QString title = settings.text(WindowTitle);
+  if (!title.isEmpty())
+    setWindowTitle(shownCaption(title));
+  setTitle(selectedItemsGroupBox, selectedItemsListBox, settings.text(SelectedTitle));
+  setTitle(allItemsGroupBox, allItemsListBox, settings.text(AvailableTitle));
+  helpTopic = toYs(settings.text(HelpTopic));
+  if (helpTopic.isEmpty())
     static_cast<QPushButton*>(qtsp_SearchChild(this, "helpButton", "QPushButton", true))->hide();
 }
 
 void BaseAddRemoveDialog::readDialog(UserDataType, bool accepted) {
   if (!accepted)
     return;
-  const int count = static_cast<int>(lists.selected().size());
-  char** slot = makeStringResult(plainResult ? count : count + 1);
-  if (!slot)
-    return;
+  TextVector result;
   if (!plainResult)
-    *slot++ = hostString(YString(count).c_str());
+    result.setNumber(0, static_cast<int>(lists.selected().size()));
   for (int item : lists.selected())
-    *slot++ = hostString(originals[static_cast<std::size_t>(item)]);
+    result.append(passedItem(item));
+  setTextsResult(result);
 }
 
 void BaseAddRemoveDialog::helpClicked() {
@@ -203,4 +192,10 @@ void BaseAddRemoveDialog::showItems(QListWidget* list, const AddRemoveLists::Ite
 
 const AddRemoveLists::Items& BaseAddRemoveDialog::itemsOf(const QListWidget* list) const {
   return list == allItemsListBox ? lists.available() : lists.selected();
+}
+
+const char* BaseAddRemoveDialog::passedItem(int item) const {
+  const auto place = static_cast<unsigned>(item);
+  return selectedItems.has(place) ? selectedItems.raw(place)
+                                  : availableItems.raw(place - selectedItems.count());
 }

@@ -10,6 +10,8 @@ class QToolButton;
 /// Moves items between a list of available and a list of selected items, and orders the latter. It
 /// finds its widgets by name, so that any form with these names will do.
 class BaseAddRemoveDialog : public KelvarinDialog {
+  Q_OBJECT
+
 public:
   /// Not `plain`: the result begins with the number of items.
   BaseAddRemoveDialog(const char* objectName, bool plain);
@@ -19,6 +21,7 @@ public:
   void readDialog(UserDataType type, bool accepted) override;
   void helpClicked() override;
 
+public slots:
   virtual void removeButton_clicked();
   virtual void addButton_clicked();
   virtual void upButton_clicked();
@@ -33,13 +36,14 @@ private:
   /// Brings a list that shows the items `before` up to date, by changing the rows that differ.
   void showItems(QListWidget* list, const AddRemoveLists::Items& before);
   const AddRemoveLists::Items& itemsOf(const QListWidget* list) const;
+  /// The script's own text: an item goes back byte for byte, even one that is no valid text.
+  const char* passedItem(int item) const;
 
   YString helpTopic;
   bool plainResult;
   AddRemoveLists lists;
-  /// The script's own texts by item number: an item goes back byte for byte, even one that is no
-  /// valid text.
-  std::vector<const char*> originals;
+  Texts selectedItems;
+  Texts availableItems;
 
   QListWidget* selectedItemsListBox = nullptr;
   QListWidget* allItemsListBox = nullptr;

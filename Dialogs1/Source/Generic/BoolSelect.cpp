@@ -20,6 +20,8 @@ static const ScriptFunction declaration("BoolSelect", 0, "RSSSS", RealVectorResu
 
 namespace {
 
+enum Argument { States, Captions, Title, GroupTitle, Heading };
+
 constexpr unsigned defaultBoxes = 6;
 constexpr unsigned firstGrid = 6;    // fewer boxes stand in one column
 constexpr unsigned fewestForAll = 3; // fewer are clicked sooner one by one
@@ -39,23 +41,19 @@ BoolSelect::BoolSelect() : RowBox("BoolSelect") {
 }
 
 unsigned BoolSelect::boxCount(UserFunctionInterface* call) {
-  return std::min(realCount(call, 0), stringCount(call, 1));
+  return std::min(realCount(call, States), Texts(call, Captions).count());
 }
 
 void BoolSelect::prepareDialog(UserFunctionInterface* args, UserDataType type) {
-  const char* const* captions = nullptr;
-  unsigned captionCount = 0;
-  unsigned boxes = boxCount(args);
-  if (boxes == 0)
-    boxes = defaultBoxes;
-  else
-    getStringVector(1, &captions, &captionCount);
+  const unsigned asked = boxCount(args);
+  const unsigned boxes = asked > 0 ? asked : defaultBoxes;
+  const Texts captions = asked > 0 ? texts(Captions) : Texts();
 
   const int columns = columnsFor(boxes);
-  const QString groupTitle = shownCaption(toQs(getString(3)));
+  const QString groupTitle = shownCaption(toQs(getString(GroupTitle)));
   if (!groupTitle.isEmpty())
     form.groupBox->setTitle(groupTitle);
-  const QString heading = shownCaption(toQs(getString(4)));
+  const QString heading = shownCaption(toQs(getString(Heading)));
   int firstRow = 0;
   if (!heading.isEmpty()) {
     auto* label = new Label(form.groupBox);
@@ -66,11 +64,11 @@ void BoolSelect::prepareDialog(UserFunctionInterface* args, UserDataType type) {
   CheckBox* first = nullptr;
   for (int i = 0; i < static_cast<int>(boxes); ++i) {
     auto* box = new CheckBox(form.groupBox, QByteArray("CheckBox" + QByteArray::number(i)));
-    box->setText(captionAt(captions, captionCount, static_cast<unsigned>(i)));
+    box->setText(shownCaption(captions.text(static_cast<unsigned>(i))));
     // A box without a caption still has a name for those who do not see it.
     if (box->text().isEmpty())
       box->setAccessibleName(tr("Item %1").arg(i + 1));
-    box->argIndex = 0;
+    box->argIndex = States;
     box->elementIndex = i;
     box->outElementIndex = i;
     form.groupBoxLayout->addWidget(box, firstRow + i / columns, i % columns);
@@ -83,7 +81,7 @@ void BoolSelect::prepareDialog(UserFunctionInterface* args, UserDataType type) {
 }
 
 void BoolSelect::initialiseDialog() {
-  const YString title = getString(2);
+  const YString title = getString(Title);
   setObjectName(toQs(hashedObjectName("BoolSelect", title)));
   dimsSavingEnabled = true;
   setWindowTitle(toQs(title));

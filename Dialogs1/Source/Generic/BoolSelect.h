@@ -4,6 +4,8 @@
 
 /// A grid of check boxes.
 class BoolSelect : public RowBox {
+  Q_OBJECT
+
 public:
   BoolSelect();
 
@@ -16,8 +18,10 @@ public:
 protected:
   void showEvent(QShowEvent* event) override;
 
-private:
+private slots:
   void selectAllButton_clicked();
   void unselectAllButton_clicked();
+
+private:
   void checkAll(bool checked);
 };

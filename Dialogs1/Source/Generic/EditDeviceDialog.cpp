@@ -1,6 +1,5 @@
 #include "Generic/EditDeviceDialog.h"
 
-#include "Core/Pieces/Integers.h"
 #include "Frame/ScriptFunction.h"
 #include "Generic/ParametersDialog.h"
 #include "HostSupportQt/HostSupportQt.h"
@@ -44,20 +43,16 @@ void EditDeviceDialog::prepareDialog(UserFunctionInterface* args, UserDataType t
 }
 
 void EditDeviceDialog::initialiseDialog() {
-  const char* const* settings = nullptr;
-  unsigned count = 0;
-  getStringVector(Settings, &settings, &count);
-  const auto caption = [&](unsigned index) {
-    return index < count ? textAt(settings, count, index) : tr("Select device");
+  const Texts settings = texts(Settings);
+  const auto caption = [&](Setting which) {
+    return settings.has(which) ? settings.text(which) : tr("Select device");
   };
   load(caption(WindowTitle), caption(Caption), OfferedNames::Order::Ascending);
-  form.multiLabel->hide();
-  form.selectAllButton->hide();
+  setShown({form.multiLabel, form.selectAllButton}, false);
 
-  QString name = textAt(settings, count, CurrentName);
-  const QString index = textAt(settings, count, CurrentIndex);
-  if (name.isEmpty() && !index.isEmpty()) {
-    const int row = offered.rowOfPlace(leadingInteger(toYs(index)));
+  QString name = settings.text(CurrentName);
+  if (name.isEmpty() && !settings.text(CurrentIndex).isEmpty()) {
+    const int row = offered.rowOfPlace(settings.number(CurrentIndex));
     name = row < 0 ? QString() : offered.names().at(row);
   }
   start(name, name.isEmpty() ? -1 : offered.firstRowBeginningWith(name));
@@ -65,13 +60,9 @@ void EditDeviceDialog::initialiseDialog() {
 }
 
 void EditDeviceDialog::loadParameters() {
-  const char* const* texts = nullptr;
-  unsigned names = 0;
-  unsigned values = 0;
-  getStringVector(ParameterNames, &texts, &names);
-  getStringVector(ParameterValues, &texts, &values);
-  form.parametersButton->setVisible(names > 0 && values > 0);
-  if (names == 0 || values == 0)
+  const bool isPassed = !texts(ParameterNames).isEmpty() && !texts(ParameterValues).isEmpty();
+  form.parametersButton->setVisible(isPassed);
+  if (!isPassed)
     return;
   ParameterView* view = parameters()->view();
   view->nameArgIndex = ParameterNames;
@@ -86,10 +77,7 @@ void EditDeviceDialog::load(const QString& title, const QString& caption,
   captionField(form.label, form.editBox, caption);
   form.listBox->setAccessibleName(form.editBox->accessibleName());
 
-  const char* const* names = nullptr;
-  unsigned count = 0;
-  getStringVector(Names, &names, &count);
-  offered = OfferedNames(textsOf(names, count), order);
+  offered = OfferedNames(texts(Names).all(), order);
   form.listBox->addItems(offered.names());
   makeRowsUniform(form.listBox);
 }
@@ -105,9 +93,6 @@ void EditDeviceDialog::start(const QString& text, int row) {
 void EditDeviceDialog::readDialog(UserDataType, bool accepted) {
   if (!accepted)
     return;
-  const char* const* names = nullptr;
-  unsigned count = 0;
-  getStringVector(Names, &names, &count);
   const QModelIndexList selected = form.listBox->selectionModel()->selectedIndexes();
   const int row =
       selected.isEmpty() ? offered.rowOfName(form.editBox->text()) : selected.first().row();
@@ -120,7 +105,7 @@ void EditDeviceDialog::readDialog(UserDataType, bool accepted) {
     return;
   // A name on offer goes back byte for byte, even one that is no valid text.
   result[Name] = selected.isEmpty() ? hostString(form.editBox->text())
-                                    : hostString(YString(names[place]).c_str());
+                                    : hostString(texts(Names).raw(static_cast<unsigned>(place)));
   result[Index] = hostString(YString(place).c_str());
   result[ParameterCount] = hostString(YString(parameterCount).c_str());
   UserReturnData values{result + FirstParameter, UserString, unsigned(parameterCount)};

@@ -14,6 +14,8 @@ public:
 /// Names a device: a list of known names with an edit box above it, in which another may be typed.
 /// Parameters, if the script passes any, are edited in a box of their own.
 class EditDeviceDialog : public KelvarinDialog {
+  Q_OBJECT
+
 public:
   explicit EditDeviceDialog(const char* objectName = "EditDeviceDialog");
 
@@ -30,14 +32,16 @@ protected:
   Ui::EditDeviceDialog form;
   OfferedNames offered;
 
-private:
+private slots:
   void editBox_textChanged(const QString& text);
   void parametersButton_clicked();
-  void editBox_down();
   void listBox_clicked(QListWidgetItem* item);
-  void listBox_selectionChanged();
-  void listBox_doubleClicked();
   void selectAllButton_clicked();
+  void listBox_doubleClicked();
+
+private:
+  void editBox_down();
+  void listBox_selectionChanged();
   void selectRow(int row);
   void loadParameters();
   ParametersDialog* parameters() const; ///< null where there is none

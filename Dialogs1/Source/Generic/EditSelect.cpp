@@ -3,9 +3,16 @@
 #include "Frame/ScriptFunction.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "HostWidgets/EditBox.h"
-#include "Pieces/ScriptTexts.h"
 
 #include <algorithm>
+
+namespace {
+
+enum Argument { InitialTexts, Captions, Title };
+
+constexpr unsigned defaultBoxes = 6;
+
+} // namespace
 
 static int runEditSelect(UserFunctionInterface* call) {
   if (!refusesRowCount(EditSelect::boxCount(call), "EditSelect"))
@@ -17,8 +24,6 @@ static int runEditSelect(UserFunctionInterface* call) {
 
 static const ScriptFunction declaration("EditSelect", 0, "SSS", StringVectorResult, runEditSelect);
 
-static constexpr unsigned defaultBoxes = 6;
-
 EditSelect::EditSelect() : RowBox("EditSelect") {
   setWindowTitle(tr("Enter Text"));
   form.helpButton->hide();
@@ -26,30 +31,25 @@ EditSelect::EditSelect() : RowBox("EditSelect") {
 }
 
 unsigned EditSelect::boxCount(UserFunctionInterface* call) {
-  return std::max(stringCount(call, 0), stringCount(call, 1));
+  return std::max(Texts(call, InitialTexts).count(), Texts(call, Captions).count());
 }
 
 void EditSelect::prepareDialog(UserFunctionInterface* args, UserDataType type) {
-  const char* const* texts = nullptr;
-  const char* const* captions = nullptr;
-  unsigned textCount = 0;
-  unsigned captionCount = 0;
-  getStringVector(0, &texts, &textCount);
-  getStringVector(1, &captions, &captionCount);
-
+  const Texts initial = texts(InitialTexts);
+  const Texts captions = texts(Captions);
   const unsigned asked = boxCount(args);
   EditBox* first = nullptr;
   for (unsigned i = 0; i < (asked > 0 ? asked : defaultBoxes); ++i) {
     const int row = static_cast<int>(i);
     auto* box = new EditBox(form.groupBox, QByteArray("EditBox" + QByteArray::number(row)));
     box->setMinimumWidth(175);
-    box->setText(textAt(texts, textCount, i));
+    box->setText(initial.text(i));
     box->outElementIndex = row;
-    addCaptioned(box, captionAt(captions, captionCount, i), row, 0);
+    addCaptioned(box, captions.text(i), row, 0);
     first = first ? first : box;
   }
   finishRows(first);
-  setWindowTitle(toQs(getString(2)));
+  setWindowTitle(toQs(getString(Title)));
   RowBox::prepareDialog(args, type);
 }
 

@@ -4,6 +4,8 @@
 
 /// A column of text boxes.
 class EditSelect : public RowBox {
+  Q_OBJECT
+
 public:
   EditSelect();
 

@@ -1,12 +1,18 @@
 #include "Generic/EnterTextDialog.h"
 
 #include "Frame/ScriptFunction.h"
-#include "Generic/RowBox.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "Pieces/ScriptTexts.h"
 
 static const ScriptFunction declaration("EnterTextDialog", 1, "S", StringVectorResult,
                                         runDialogFunction<EnterTextDialog, UserString>);
+
+namespace {
+
+enum Argument { Settings };
+enum Setting { InitialText, Caption };
+
+} // namespace
 
 EnterTextDialog::EnterTextDialog() : KelvarinDialog(nullptr, "EnterTextDialog", true, {}) {
   form.setupUi(this);
@@ -14,12 +20,10 @@ EnterTextDialog::EnterTextDialog() : KelvarinDialog(nullptr, "EnterTextDialog", 
 
 void EnterTextDialog::initialiseDialog() {
   dimsSavingEnabled = true;
-  const char* const* texts = nullptr;
-  unsigned count = 0;
-  getStringVector(0, &texts, &count);
-  form.editBox->setPlainText(textAt(texts, count, 0));
+  const Texts settings = texts(Settings);
+  form.editBox->setPlainText(settings.text(InitialText));
   form.editBox->setFocus(Qt::TabFocusReason);
-  captionField(form.label, form.editBox, textAt(texts, count, 1));
+  captionField(form.label, form.editBox, settings.text(Caption));
 }
 
 void EnterTextDialog::readDialog(UserDataType, bool accepted) {

@@ -5,6 +5,8 @@
 
 /// A text of any number of lines.
 class EnterTextDialog : public KelvarinDialog {
+  Q_OBJECT
+
 public:
   EnterTextDialog();
 

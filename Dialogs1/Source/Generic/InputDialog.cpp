@@ -9,6 +9,12 @@ static const ScriptFunction graphDeclaration("InputGraph", 0, "SS", StringVector
 static const ScriptFunction schemDeclaration("InputSchem", 0, "SS", StringVectorResult,
                                              runDialogFunction<InputSchem, UserString>);
 
+namespace {
+
+enum Argument { InitialText, Caption };
+
+} // namespace
+
 InputDialog::InputDialog(const char* objectName, QWidget* parent)
     : KelvarinDialog(parent, objectName, true, {}) {
   form.setupUi(this);
@@ -16,7 +22,7 @@ InputDialog::InputDialog(const char* objectName, QWidget* parent)
 }
 
 void InputDialog::initialiseDialog() {
-  load(toQs(getString(0)), toQs(getString(1)));
+  load(toQs(getString(InitialText)), toQs(getString(Caption)));
 }
 
 void InputDialog::load(const QString& text, const QString& caption) {

@@ -7,6 +7,8 @@
 
 /// One line of text.
 class InputDialog : public KelvarinDialog {
+  Q_OBJECT
+
 public:
   explicit InputDialog(const char* objectName, QWidget* parent = nullptr);
 
@@ -22,11 +24,15 @@ private:
 
 /// The two kinds differ in the name under which their geometry is remembered.
 class InputGraph : public InputDialog {
+  Q_OBJECT
+
 public:
   InputGraph() : InputDialog("InputGraph") {}
 };
 
 class InputSchem : public InputDialog {
+  Q_OBJECT
+
 public:
   InputSchem() : InputDialog("InputSchem") {}
 };

@@ -1,7 +1,6 @@
 #include "Generic/NewValueDialog.h"
 
 #include "Core/Generic/FieldDefinition.h"
-#include "Core/Pieces/Integers.h"
 #include "Core/Pieces/ObjectNames.h"
 #include "Frame/ScriptFunction.h"
 #include "HostSupportQt/HostSupportQt.h"
@@ -15,16 +14,10 @@
 
 #include <algorithm>
 
-static int runNewValueDialog(UserFunctionInterface* call) {
-  if (refusesRowCount(stringCount(call, 0), "NewValueDialog"))
-    return 0;
-  return runDialogFunction<NewValueDialog, UserString>(call);
-}
-
-static const ScriptFunction declaration("NewValueDialog", 2, "SSS", StringVectorResult,
-                                        runNewValueDialog);
-
 namespace {
+
+enum Argument { Definitions, InitialValues, Naming };
+enum Name { Title, HelpNumber };
 
 constexpr int measuredItems = 1000; // of a longer list, the width comes from the first ones
 constexpr int widestItem = 60;      // characters; a longer item is shown in part
@@ -63,23 +56,26 @@ void setUpChoice(ComboBox* box, const FieldDefinition& definition, const char* i
 
 } // namespace
 
+static int runNewValueDialog(UserFunctionInterface* call) {
+  if (refusesRowCount(Texts(call, Definitions).count(), "NewValueDialog"))
+    return 0;
+  return runDialogFunction<NewValueDialog, UserString>(call);
+}
+
+static const ScriptFunction declaration("NewValueDialog", 2, "SSS", StringVectorResult,
+                                        runNewValueDialog);
+
 NewValueDialog::NewValueDialog() : RowBox("NewValueDialog") {
   hideSelectButtons();
 }
 
 void NewValueDialog::prepareDialog(UserFunctionInterface* args, UserDataType type) {
-  const char* const* texts = nullptr;
-  const char* const* values = nullptr;
-  unsigned count = 0;
-  unsigned valueCount = 0;
-  getStringVector(0, &texts, &count);
-  getStringVector(1, &values, &valueCount);
-
-  std::vector<FieldDefinition> definitions(count);
-  std::vector<FieldKind> kinds(count);
-  for (unsigned i = 0; i < count; ++i) {
-    definitions[i] = readFieldDefinition(texts[i]);
-    kinds[i] = definitions[i].kind;
+  const Texts values = texts(InitialValues);
+  std::vector<FieldDefinition> definitions;
+  std::vector<FieldKind> kinds;
+  for (unsigned i = 0; i < texts(Definitions).count(); ++i) {
+    definitions.push_back(readFieldDefinition(texts(Definitions).raw(i)));
+    kinds.push_back(definitions.back().kind);
   }
 
   // Made in reading order, so that Tab goes that way, whatever the order of the definitions.
@@ -88,7 +84,7 @@ void NewValueDialog::prepareDialog(UserFunctionInterface* args, UserDataType typ
   for (const FieldGrid::Place& place : grid.places) {
     const auto index = static_cast<unsigned>(place.field);
     const FieldDefinition& definition = definitions[index];
-    QWidget* field = makeField(place.field, definition, index < valueCount ? values[index] : "");
+    QWidget* field = makeField(place.field, definition, values.raw(index));
     const QString caption = toQs(definition.label);
     if (definition.kind == FieldKind::Flag)
       addSelfCaptioned(field, caption, place.row, place.column, 2);
@@ -104,7 +100,7 @@ void NewValueDialog::prepareDialog(UserFunctionInterface* args, UserDataType typ
     line->setFrameStyle(QFrame::HLine | QFrame::Sunken);
     form.groupBoxLayout->addWidget(line, row, 0, 1, grid.columns);
   }
-  nameAfter(texts, count);
+  nameAfter(texts(Definitions));
   finishRows(first);
   RowBox::prepareDialog(args, type);
 }
@@ -138,24 +134,21 @@ QWidget* NewValueDialog::makeField(int index, const FieldDefinition& definition,
   return spinner;
 }
 
-void NewValueDialog::nameAfter(const char* const* definitions, unsigned count) {
-  const char* const* texts = nullptr;
-  unsigned textCount = 0;
-  getStringVector(2, &texts, &textCount);
-  const char* title = textCount > 0 ? texts[0] : "";
-  setWindowTitle(QString::fromUtf8(title));
+void NewValueDialog::nameAfter(const Texts& definitions) {
+  const Texts naming = texts(Naming);
+  setWindowTitle(naming.text(Title));
 
   // A form with a help page is known by it; any other by all that it shows.
-  const bool hasHelp = textCount > 1;
+  const bool hasHelp = naming.has(HelpNumber);
   form.helpButton->setVisible(hasHelp);
-  YString identity(title);
+  YString identity(naming.raw(Title));
   if (hasHelp) {
-    helpNumber = leadingInteger(texts[1]);
+    helpNumber = naming.number(HelpNumber);
     identity = YString(helpNumber);
   } else {
     TempString all = identity.concat("");
-    for (unsigned i = 0; i < count; ++i)
-      std::move(all).concat("_").concat(definitions[i]);
+    for (unsigned i = 0; i < definitions.count(); ++i)
+      std::move(all).concat("_").concat(definitions.raw(i));
     identity = YString(std::move(all));
   }
   setObjectName(toQs(hashedObjectName("NewValueDialog", identity)));

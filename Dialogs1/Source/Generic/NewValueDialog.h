@@ -6,6 +6,8 @@ struct FieldDefinition;
 
 /// A small typed form: numbers, flags, texts and choices as a script defines them.
 class NewValueDialog : public RowBox {
+  Q_OBJECT
+
 public:
   NewValueDialog();
 
@@ -14,7 +16,7 @@ public:
 
 private:
   QWidget* makeField(int index, const FieldDefinition& definition, const char* initial);
-  void nameAfter(const char* const* definitions, unsigned count);
+  void nameAfter(const Texts& definitions);
 
   int helpNumber = -1;
 };

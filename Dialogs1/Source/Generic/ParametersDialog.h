@@ -6,6 +6,8 @@
 /// Named values, edited in place. Opened by a dialog whose call has the names in argument 2 and the
 /// values in argument 3; there is nothing to cancel, what was typed stands in the view.
 class ParametersDialog : public KelvarinDialog {
+  Q_OBJECT
+
 public:
   explicit ParametersDialog(QWidget* parent = nullptr, const char* objectName = "ParametersDialog");
 

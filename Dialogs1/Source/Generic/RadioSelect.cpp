@@ -10,8 +10,17 @@
 
 #include <QRadioButton>
 
+namespace {
+
+enum Argument { Number, Captions, Settings, HelpNumber };
+enum Setting { Title, Heading, Option };
+
+constexpr unsigned defaultButtons = 6;
+
+} // namespace
+
 static int runRadioSelect(UserFunctionInterface* call) {
-  if (!refusesRowCount(stringCount(call, 1), "RadioSelect"))
+  if (!refusesRowCount(Texts(call, Captions).count(), "RadioSelect"))
     return runDialogFunction<RadioSelect, UserReal>(call);
   // A script that could not ask takes it as if the user had said no.
   if (double* result = call->makeRealResult(call, 1, nullptr))
@@ -20,8 +29,6 @@ static int runRadioSelect(UserFunctionInterface* call) {
 }
 
 static const ScriptFunction declaration("RadioSelect", 0, "RSSS", RealVectorResult, runRadioSelect);
-
-static constexpr unsigned defaultButtons = 6;
 
 static QString standInCaption(unsigned index) {
   return RadioSelect::tr("Button %1").arg(index + 1);
@@ -36,23 +43,21 @@ int RadioSelect::helpContextId() {
 }
 
 void RadioSelect::prepareDialog(UserFunctionInterface* args, UserDataType type) {
-  helpNumber = getString(3);
+  helpNumber = getString(HelpNumber);
   form.helpButton->setVisible(helpContextId() > -1);
   KelvarinDialog::prepareDialog(args, type);
 }
 
 void RadioSelect::initialiseDialog() {
-  const char* const* texts = nullptr;
-  unsigned count = 0;
-  getStringVector(2, &texts, &count);
-  load(count > 0 ? textAt(texts, count, 0) : windowTitle(), captionAt(texts, count, 1),
-       captionAt(texts, count, 2));
+  const Texts settings = texts(Settings);
+  load(settings.has(Title) ? settings.text(Title) : windowTitle(),
+       shownCaption(settings.text(Heading)), shownCaption(settings.text(Option)));
 
-  getStringVector(1, &texts, &count);
+  const Texts passed = texts(Captions);
   QStringList captions;
-  for (unsigned i = 0; i < (count > 0 ? count : defaultButtons); ++i)
-    captions.append(count > 0 ? captionAt(texts, count, i) : standInCaption(i));
-  fillGroup(captions, truncatedToInt(getReal(0)));
+  for (unsigned i = 0; i < (passed.isEmpty() ? defaultButtons : passed.count()); ++i)
+    captions.append(passed.isEmpty() ? standInCaption(i) : shownCaption(passed.text(i)));
+  fillGroup(captions, truncatedToInt(getReal(Number)));
 }
 
 void RadioSelect::load(const QString& title, const QString& heading, const QString& option) {

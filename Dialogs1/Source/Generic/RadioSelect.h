@@ -7,6 +7,8 @@
 
 /// One of several, as radio buttons, with an optional check box below.
 class RadioSelect : public KelvarinDialog {
+  Q_OBJECT
+
 public:
   explicit RadioSelect(QWidget* parent = nullptr);
 

@@ -56,8 +56,7 @@ void RowBox::showEvent(QShowEvent* event) {
 }
 
 void RowBox::hideSelectButtons() {
-  form.selectAllButton->hide();
-  form.unselectAllButton->hide();
+  setShown({form.selectAllButton, form.unselectAllButton}, false);
 }
 
 void RowBox::addCaptioned(QWidget* field, const QString& caption, int row, int column) {
@@ -94,13 +93,6 @@ unsigned realCount(UserFunctionInterface* call, int index) {
   const double* data = nullptr;
   unsigned count = 0;
   sp_GetRealIfVector(call, index, &data, &count);
-  return count;
-}
-
-unsigned stringCount(UserFunctionInterface* call, int index) {
-  const char* const* data = nullptr;
-  unsigned count = 0;
-  sp_GetStringIfVector(call, index, &data, &count);
   return count;
 }
 

@@ -26,9 +26,8 @@ protected:
   Ui::NewValueDialog form;
 };
 
-/// Elements of a vector argument of the kind asked for; 0 where it is missing or of another kind.
+/// Elements of a real vector argument; 0 where it is missing or of another kind.
 unsigned realCount(UserFunctionInterface* call, int index);
-unsigned stringCount(UserFunctionInterface* call, int index);
 
 /// Says so, and is true, where a script asks for more rows than anybody could answer: each is a
 /// widget, and a million of them would stop the host for minutes.

@@ -1,9 +1,6 @@
 #include "Generic/SelectDialog.h"
 
-#include "Core/Pieces/Integers.h"
 #include "Frame/ScriptFunction.h"
-#include "HostSupportQt/HostSupportQt.h"
-#include "Pieces/ScriptTexts.h"
 
 #include <algorithm>
 
@@ -27,28 +24,23 @@ void SelectDialog::prepareDialog(UserFunctionInterface* args, UserDataType type)
 }
 
 void SelectDialog::initialiseDialog() {
-  const char* const* settings = nullptr;
-  unsigned count = 0;
-  getStringVector(Settings, &settings, &count);
-  const auto is = [&](Setting setting, const char* word) {
-    return equals(textAt(settings, count, setting), QString::fromLatin1(word));
-  };
-  load(count > WindowTitle ? textAt(settings, count, WindowTitle) : tr("Select Dialog"),
-       textAt(settings, count, Caption),
-       is(Sorting, "sorted") ? OfferedNames::Order::Ascending : OfferedNames::Order::AsGiven);
+  const Texts settings = texts(Settings);
+  load(settings.has(WindowTitle) ? settings.text(WindowTitle) : tr("Select Dialog"),
+       settings.text(Caption),
+       settings.is(Sorting, "sorted") ? OfferedNames::Order::Ascending
+                                      : OfferedNames::Order::AsGiven);
   form.parametersButton->hide();
 
-  if (is(Mode, "Multiple")) {
+  if (settings.is(Mode, "Multiple")) {
     form.listBox->setSelectionMode(QAbstractItemView::ExtendedSelection);
     form.editBox->hide();
     form.listBox->setFocus(Qt::TabFocusReason);
     return;
   }
-  form.multiLabel->hide();
-  form.selectAllButton->hide();
-  const int row = offered.rowOfPlace(count > StartIndex ? leadingInteger(settings[StartIndex]) : 0);
-  if (count > InitialText)
-    start(textAt(settings, count, InitialText), row);
+  setShown({form.multiLabel, form.selectAllButton}, false);
+  const int row = offered.rowOfPlace(settings.number(StartIndex));
+  if (settings.has(InitialText))
+    start(settings.text(InitialText), row);
   else
     start(row < 0 ? QString() : offered.names().at(row), row);
 }
@@ -61,11 +53,9 @@ void SelectDialog::readDialog(UserDataType, bool accepted) {
     rows.push_back(index.row());
   std::sort(rows.begin(), rows.end());
 
-  const char* const* settings = nullptr;
-  unsigned count = 0;
-  getStringVector(Settings, &settings, &count);
-  if (rows.empty() && count > NumberForNone)
-    setRealResult(leadingInteger(settings[NumberForNone]));
+  const Texts settings = texts(Settings);
+  if (rows.empty() && settings.has(NumberForNone))
+    setRealResult(settings.number(NumberForNone));
   if (rows.empty())
     return;
   double* result = makeRealResult(static_cast<int>(rows.size()));

@@ -4,6 +4,8 @@
 
 /// Picks one item of a list, or several: the box of EditDeviceDialog with another result.
 class SelectDialog : public EditDeviceDialog {
+  Q_OBJECT
+
 public:
   SelectDialog();
 

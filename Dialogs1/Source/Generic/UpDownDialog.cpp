@@ -1,15 +1,19 @@
 #include "Generic/UpDownDialog.h"
 
 #include "Frame/ScriptFunction.h"
-#include "Generic/RowBox.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "Pieces/ListRows.h"
-#include "Pieces/ScriptTexts.h"
 
 #include <numeric>
 
 static const ScriptFunction declaration("UpDownDialog", 1, "SS", StringVectorResult,
                                         runDialogFunction<UpDownDialog, UserString>);
+
+namespace {
+
+enum Argument { Items, Title };
+
+} // namespace
 
 UpDownDialog::UpDownDialog() : KelvarinDialog(nullptr, "UpDownDialog", true, {}) {
   form.setupUi(this);
@@ -19,29 +23,25 @@ UpDownDialog::UpDownDialog() : KelvarinDialog(nullptr, "UpDownDialog", true, {})
 
 void UpDownDialog::initialiseDialog() {
   dimsSavingEnabled = true;
-  const QString title = toQs(getString(1));
+  const QString title = toQs(getString(Title));
   if (!title.isEmpty())
     setWindowTitle(title);
 
-  const char* const* items = nullptr;
-  unsigned count = 0;
-  getStringVector(0, &items, &count);
-  order.resize(count);
+  const Texts items = texts(Items);
+  order.resize(items.count());
   std::iota(order.begin(), order.end(), 0U);
-  form.upDownListBox->addItems(textsOf(items, count));
+  form.upDownListBox->addItems(items.all());
   makeRowsUniform(form.upDownListBox);
   form.upDownListBox->setCurrentRow(0);
 }
 
 void UpDownDialog::readDialog(UserDataType, bool accepted) {
-  const char* const* items = nullptr;
-  unsigned count = 0;
-  getStringVector(0, &items, &count);
-  char** texts = accepted ? makeStringResult(static_cast<int>(order.size())) : nullptr;
-  if (!texts)
+  if (!accepted)
     return;
-  for (unsigned index : order)
-    *texts++ = hostString(items[index] ? items[index] : "");
+  TextVector result;
+  for (unsigned place : order)
+    result.append(texts(Items).raw(place));
+  setTextsResult(result);
 }
 
 void UpDownDialog::upButton_clicked() {

@@ -7,15 +7,19 @@
 
 /// A list that the user puts in order.
 class UpDownDialog : public KelvarinDialog {
+  Q_OBJECT
+
 public:
   UpDownDialog();
 
   void initialiseDialog() override;
   void readDialog(UserDataType type, bool accepted) override;
 
-private:
+private slots:
   void upButton_clicked();
   void downButton_clicked();
+
+private:
   void moveCurrent(int step);
 
   Ui::UpDownDialog form;

@@ -6,6 +6,12 @@
 
 #include <algorithm>
 
+namespace {
+
+enum Argument { Values, Captions, Title, Mode };
+
+} // namespace
+
 static int runValueDialog(UserFunctionInterface* call) {
   if (refusesRowCount(ValueDialog::rowCount(call), "ValueDialog"))
     return 0;
@@ -20,34 +26,32 @@ ValueDialog::ValueDialog() : RowBox("ValueDialog") {
 }
 
 unsigned ValueDialog::rowCount(UserFunctionInterface* call) {
-  return std::min(realCount(call, 0), stringCount(call, 1));
+  return std::min(realCount(call, Values), Texts(call, Captions).count());
 }
 
 void ValueDialog::prepareDialog(UserFunctionInterface* args, UserDataType type) {
   const double* values = nullptr;
-  const char* const* captions = nullptr;
   unsigned count = 0;
-  getRealVector(0, &values, &count);
-  getStringVector(1, &captions, &count);
-  mode = valueModeOf(getString(3));
+  getRealVector(Values, &values, &count);
+  const Texts captions = texts(Captions);
+  mode = valueModeOf(getString(Mode));
 
   {
     // The rows' first values are nobody's change: none of them may set a limit by being loaded.
     const Updating guard(this);
-    const int rows = static_cast<int>(rowCount(args));
-    for (int row = 0; row < rows; ++row)
-      addRow(row, captions[row], values[row]);
+    for (unsigned row = 0; row < rowCount(args); ++row)
+      addRow(static_cast<int>(row), captions.text(row), values[row]);
     applyLinkedLimits();
   }
-  setWindowTitle(toQs(getString(2)));
+  setWindowTitle(toQs(getString(Title)));
   finishRows(rowSpinner("Spinner0"));
   KelvarinDialog::prepareDialog(args, type);
 }
 
-void ValueDialog::addRow(int row, const char* caption, double value) {
+void ValueDialog::addRow(int row, const QString& caption, double value) {
   auto* spinner = new Spinner(form.groupBox, QByteArray("Spinner" + QByteArray::number(row)));
   spinner->setMinimumSize(75, 0);
-  addCaptioned(spinner, QString::fromUtf8(caption), row, 0);
+  addCaptioned(spinner, caption, row, 0);
 
   const ValueRowRule rule = valueRowRule(mode, row);
   if (isLinkedRow(mode, row))
@@ -89,9 +93,10 @@ void ValueDialog::box2Change(const QString&) {
     return;
   Spinner* first = rowSpinner("Spinner0");
   Spinner* second = rowSpinner("Spinner1");
-  // The value of an expression is not known here, and no limit can follow from it.
-  if (first && second && !second->isExpression())
-    first->setMax(second->value());
+  if (!first || !second)
+    return;
+  if (const auto limit = second->number())
+    first->setMax(*limit);
 }
 
 Spinner* ValueDialog::rowSpinner(const char* name) const {

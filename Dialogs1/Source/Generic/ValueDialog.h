@@ -7,6 +7,8 @@ class Spinner;
 
 /// A few labelled numbers, with limits that suit the kind of device.
 class ValueDialog : public RowBox {
+  Q_OBJECT
+
 public:
   ValueDialog();
 
@@ -15,11 +17,13 @@ public:
 
   void prepareDialog(UserFunctionInterface* args, UserDataType type) override;
 
-private:
-  void addRow(int row, const char* caption, double value);
-  void applyLinkedLimits();
+private slots:
   void box1Change(const QString& text);
   void box2Change(const QString& text);
+
+private:
+  void addRow(int row, const QString& caption, double value);
+  void applyLinkedLimits();
   Spinner* rowSpinner(const char* name) const;
 
   ValueMode mode = ValueMode::Plain;

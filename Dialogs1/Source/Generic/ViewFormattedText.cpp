@@ -1,22 +1,23 @@
 #include "Generic/ViewFormattedText.h"
 
 #include "Frame/ScriptFunction.h"
-#include "Generic/RowBox.h"
-#include "HostSupport/Arguments.h"
 #include "HostSupportQt/HostSupportQt.h"
-#include "Pieces/ScriptTexts.h"
+
+namespace {
+
+enum Argument { Settings };
+enum Setting { Content, Title };
+
+} // namespace
 
 template <void (DocumentBrowser::*load)(const QString&)>
 static int openViewer(UserFunctionInterface* call) {
-  const char* const* texts = nullptr;
-  unsigned count = 0;
-  sp_GetStringIfVector(call, 0, &texts, &count);
-
+  const Texts settings(call, Settings);
   auto* viewer = new ViewFormattedText; // deletes itself
-  if (count > 0)
-    (viewer->browser()->*load)(textAt(texts, count, 0));
-  if (count > 1)
-    viewer->setWindowTitle(textAt(texts, count, 1));
+  if (settings.has(Content))
+    (viewer->browser()->*load)(settings.text(Content));
+  if (settings.has(Title))
+    viewer->setWindowTitle(settings.text(Title));
   sp_AutoSaveDialogDims(viewer);
   viewer->show();
   setStringResult(call, "ok");

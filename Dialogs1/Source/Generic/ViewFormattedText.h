@@ -5,6 +5,8 @@
 
 /// A window with a text or a document that no call waits for: it deletes itself when it is closed.
 class ViewFormattedText : public KelvarinDialog {
+  Q_OBJECT
+
 public:
   ViewFormattedText();
 

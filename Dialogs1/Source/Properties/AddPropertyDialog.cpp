@@ -11,6 +11,7 @@ static const ScriptFunction declaration("AddPropertyDialog", 0, "SSSSSS", String
 
 namespace {
 
+enum Argument { NameText, FlagsText, ValueText, Owner, StyleName, StyleNames };
 enum Result { Name, Flags, Value, FontStyle };
 
 } // namespace
@@ -43,16 +44,16 @@ void AddPropertyDialog::showPinParts(bool shown) {
 }
 
 void AddPropertyDialog::gatherArguments() {
-  record.name = getString(0);
-  record.flags = leadingInteger(getString(1));
-  record.fontStyle = getString(4);
-  record.fontStyles = texts(5).all();
+  record.name = getString(NameText);
+  record.flags = leadingInteger(getString(FlagsText));
+  record.fontStyle = getString(StyleName);
+  record.fontStyles = texts(StyleNames).all();
 }
 
 void AddPropertyDialog::initialiseDialog() {
   gatherArguments();
-  record.value = getString(2);
-  record.isInstance = sp_CompareNoCase(getString(3), "instance") == 0;
+  record.value = getString(ValueText);
+  record.isInstance = texts(Owner).is(0, "instance");
   loadProperty(&record);
 }
 

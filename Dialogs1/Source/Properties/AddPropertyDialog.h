@@ -17,6 +17,8 @@ struct PropertyRecord {
 
 /// Makes a property; base of the dialogs that change one.
 class AddPropertyDialog : public KelvarinDialog {
+  Q_OBJECT
+
 public:
   explicit AddPropertyDialog(const char* objectName = "AddPropertyDialog",
                              QWidget* parent = nullptr);
@@ -27,15 +29,17 @@ public:
 
   /// Shows a property; to be called once.
   virtual void loadProperty(PropertyRecord* property);
-  virtual void fontStyleCombo_highlighted(int index); ///< nothing follows a style pointed at
-  virtual void cbDefault_clicked();
-  virtual void cbHidden_clicked();
-  virtual void rbAuto_clicked();
 
   /// Takes over what is shown. Bits of the flags that are not shown stay.
   void readProperty(PropertyRecord* property) const;
   /// The name is not the user's to change; they start at the value.
   void fixName();
+
+public slots:
+  virtual void fontStyleCombo_highlighted(int index); ///< nothing follows a style pointed at
+  virtual void cbDefault_clicked();
+  virtual void cbHidden_clicked();
+  virtual void rbAuto_clicked();
 
 protected:
   /// Fills `record` with the arguments that mean the same in all property dialogs.

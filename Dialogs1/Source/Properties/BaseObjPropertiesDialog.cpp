@@ -2,7 +2,6 @@
 
 #include "HostSupportQt/HostSupportQt.h"
 #include "Pieces/ListRows.h"
-#include "Pieces/ScriptTexts.h"
 #include "Properties/ListViewProperty.h"
 #include "Properties/PropertyEditors.h"
 
@@ -10,16 +9,21 @@
 #include <QShortcut>
 #include <QTreeWidget>
 
-#include <algorithm>
+namespace {
 
 enum Argument { Names, Values, Types, Extras = 4, FontStyles };
+
+} // namespace
 
 BaseObjPropertiesDialog::BaseObjPropertiesDialog(const char* objectName)
     : KelvarinDialog(nullptr, objectName, true, {}) {}
 
 void BaseObjPropertiesDialog::editItem(QTreeWidgetItem* item) {
-  if (auto* row = dynamic_cast<ListViewProperty*>(item))
-    editPropertyRow(this, row, fontStyles());
+  const int row = itemsView()->indexOfTopLevelItem(item);
+  if (row < 0)
+    return;
+  editListedProperty(this, &properties[row], fontStyles());
+  showChange(row);
 }
 
 void BaseObjPropertiesDialog::objPropsListViewDoubleClicked(QTreeWidgetItem* item, int) {
@@ -29,9 +33,8 @@ void BaseObjPropertiesDialog::objPropsListViewDoubleClicked(QTreeWidgetItem* ite
 void BaseObjPropertiesDialog::prepareDialog(UserFunctionInterface* args, UserDataType type) {
   KelvarinDialog::prepareDialog(args, type);
   QTreeWidget* tree = itemsView();
-  connect(tree, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem* item, int column) {
-    objPropsListViewDoubleClicked(item, column);
-  });
+  connect(tree, &QTreeWidget::itemDoubleClicked, this,
+          &BaseObjPropertiesDialog::objPropsListViewDoubleClicked);
 
   auto* okButton =
       static_cast<QPushButton*>(qtsp_SearchChild(this, "okButton", "QPushButton", true));
@@ -53,85 +56,47 @@ void BaseObjPropertiesDialog::prepareDialog(UserFunctionInterface* args, UserDat
 
 void BaseObjPropertiesDialog::initialiseDialog() {
   dimsSavingEnabled = true;
-  const char* const* names = nullptr;
-  const char* const* values = nullptr;
-  const char* const* types = nullptr;
-  const char* const* extras = nullptr;
-  unsigned nameCount = 0;
-  unsigned valueCount = 0;
-  unsigned typeCount = 0;
-  unsigned extraCount = 0;
-  getStringVector(Names, &names, &nameCount);
-  getStringVector(Values, &values, &valueCount);
-  getStringVector(Types, &types, &typeCount);
-  getStringVector(Extras, &extras, &extraCount);
-  rowCount = static_cast<int>(std::min(nameCount, valueCount));
-  hasExtras = scriptArgs->argCount > Extras;
-
-  QList<QTreeWidgetItem*> rows;
-  rows.reserve(rowCount);
-  for (unsigned i = 0; i < std::min(nameCount, valueCount); ++i)
-    rows.append(new ListViewProperty(textAt(names, nameCount, i), values[i],
-                                     i < typeCount ? types[i] : "", static_cast<int>(i),
-                                     i < extraCount ? extras[i] : ""));
   QTreeWidget* tree = itemsView();
   tree->clear();
+  properties = PropertyList(texts(Names), texts(Values), texts(Types), texts(Extras));
+  properties.givesExtras = scriptArgs->argCount > Extras;
+
+  QList<QTreeWidgetItem*> rows;
+  rows.reserve(properties.count());
+  for (int row = 0; row < properties.count(); ++row)
+    rows.append(new ListViewProperty(properties[row]));
   tree->addTopLevelItems(rows);
   makeRowsUniform(tree);
-  if (rowCount > 0)
-    tree->setCurrentItem(tree->topLevelItem(0));
+  tree->setCurrentItem(tree->topLevelItem(0));
 }
 
 void BaseObjPropertiesDialog::readDialog(UserDataType, bool accepted) {
-  if (!accepted)
-    return;
-  const int count = itemsView()->topLevelItemCount();
-  char** results = makeStringResult(count);
-  if (!results)
-    return;
-  for (int i = 0; i < count; ++i)
-    if (const auto* row = dynamic_cast<ListViewProperty*>(itemsView()->topLevelItem(i)))
-      results[row->rowIndex] = hostString(resultText(*row).c_str());
+  if (accepted)
+    setTextsResult(properties.results());
 }
 
-ListViewProperty* BaseObjPropertiesDialog::findProperty(const QString& name) {
-  for (int i = 0; i < itemsView()->topLevelItemCount(); ++i) {
-    auto* row = dynamic_cast<ListViewProperty*>(itemsView()->topLevelItem(i));
-    if (row && row->name() == name)
-      return row;
-  }
-  return nullptr;
-}
-
-std::optional<QString> BaseObjPropertiesDialog::getProperty(const QString& name) {
-  const ListViewProperty* row = findProperty(name);
-  return row ? std::optional(row->rawValue) : std::nullopt;
+std::optional<QString> BaseObjPropertiesDialog::getProperty(const QString& name) const {
+  return properties.getProperty(name);
 }
 
 void BaseObjPropertiesDialog::setProperty(const QString& name, const QString& value) {
-  if (ListViewProperty* row = findProperty(name))
-    row->setValue(value);
+  showChange(properties.setProperty(name, value));
+}
+
+void BaseObjPropertiesDialog::showChange(int row) {
+  if (QTreeWidgetItem* item = itemsView()->topLevelItem(row))
+    static_cast<ListViewProperty*>(item)->showChange();
 }
 
 void BaseObjPropertiesDialog::addProperty() {
+  const auto made = askForNewProperty(this, fontStyles());
+  if (!made)
+    return;
   QTreeWidget* tree = itemsView();
-  if (auto* row = askForNewProperty(this, tree->topLevelItemCount(), fontStyles())) {
-    tree->addTopLevelItem(row);
-    tree->setCurrentItem(row);
-    tree->setFocus(Qt::OtherFocusReason);
-  }
-}
-
-YString BaseObjPropertiesDialog::resultText(const ListViewProperty& row) const {
-  const char* const* values = nullptr;
-  unsigned count = 0;
-  getStringVector(Values, &values, &count);
-  const bool isNew = row.rowIndex >= rowCount; // the script knows the names of the others
-  const char* passed = isNew ? nullptr : values[row.rowIndex];
-  YString text = writePropertyValue({row.rawValue, row.attributes}, passed, row.kind());
-  if (isNew || !namePrefix.isEmpty())
-    text = toYs(row.name()).concat(";").concat(text);
-  return hasExtras ? YString(text.concat(";").concat(row.extra)) : text;
+  auto* row = new ListViewProperty(properties.addProperty(*made));
+  tree->addTopLevelItem(row);
+  tree->setCurrentItem(row);
+  tree->setFocus(Qt::OtherFocusReason);
 }
 
 QStringList BaseObjPropertiesDialog::fontStyles() const {

@@ -1,11 +1,8 @@
 #pragma once
 
+#include "Core/Properties/PropertyList.h"
 #include "Frame/KelvarinDialog.h"
-#include "HostSupport/Containers.h"
 
-#include <optional>
-
-class ListViewProperty;
 class QTreeWidget;
 class QTreeWidgetItem;
 
@@ -16,35 +13,36 @@ class QTreeWidgetItem;
 /// through `getProperty` and `setProperty`; what is to follow an edit in the list overrides
 /// `objPropsListViewDoubleClicked`.
 class BaseObjPropertiesDialog : public KelvarinDialog {
+  Q_OBJECT
+
 public:
   explicit BaseObjPropertiesDialog(const char* objectName);
 
   virtual QTreeWidget* itemsView() = 0;
   /// Opens the editor that fits the row; the row takes what the user settled.
   virtual void editItem(QTreeWidgetItem* item);
-  /// A double click, or Return, Enter or F2 on a row.
-  virtual void objPropsListViewDoubleClicked(QTreeWidgetItem* item, int column);
 
   void prepareDialog(UserFunctionInterface* args, UserDataType type) override;
   void initialiseDialog() override; ///< loads the list
   void readDialog(UserDataType type, bool accepted) override;
 
+public slots:
+  /// A double click, or Return, Enter or F2 on a row.
+  virtual void objPropsListViewDoubleClicked(QTreeWidgetItem* item, int column);
+
 protected:
-  ListViewProperty* findProperty(const QString& name); ///< the first of that name; null for none
   /// A property's value with real line breaks; nothing where there is no such row.
-  std::optional<QString> getProperty(const QString& name);
+  std::optional<QString> getProperty(const QString& name) const;
   void setProperty(const QString& name, const QString& value); ///< nothing happens without a row
   /// Has the user make a property. Its row's result stands behind those of the arguments and begins
   /// with its name.
   void addProperty();
 
-  int rowCount = 0;
-  /// Argument 4 was passed: each result ends with its row's extra text. A dialog to which that
-  /// argument means something else clears this once the list is loaded.
-  bool hasExtras = false;
-  QString namePrefix; ///< where it is not empty, each result begins with its row's name
+  /// What the tree shows, row by row. Its results have extra texts where argument 4 was passed; a
+  /// dialog to which that means something else clears this once the list is loaded.
+  PropertyList properties;
 
 private:
-  YString resultText(const ListViewProperty& row) const;
+  void showChange(int row);
   QStringList fontStyles() const;
 };

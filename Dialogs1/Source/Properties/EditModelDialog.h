@@ -5,13 +5,16 @@
 
 /// A model from the global library, or a local copy that the user may change.
 class EditModelDialog : public KelvarinDialog {
+  Q_OBJECT
+
 public:
   EditModelDialog();
 
   void initialiseDialog() override;
 
-private:
+private slots:
   void localModelEdit_textChanged();
 
+private:
   Ui::EditModelDialog form;
 };

@@ -1,14 +1,17 @@
 #include "Properties/EditObjectPropertiesDialog.h"
 
 #include "Frame/ScriptFunction.h"
-#include "Pieces/ScriptTexts.h"
 
 static const ScriptFunction declaration("EditObjectPropertiesDialog", 2, "SSSSSS",
                                         StringVectorResult,
                                         runDialogFunction<EditObjectPropertiesDialog, UserString>);
 
-static constexpr int settingsArgument = 3;
-static constexpr unsigned addSetting = 4;
+namespace {
+
+enum Argument { Settings = 3 };
+enum Setting { OffersAdding = 4 };
+
+} // namespace
 
 EditObjectPropertiesDialog::EditObjectPropertiesDialog()
     : BaseObjPropertiesDialog("EditObjectPropertiesDialog") {
@@ -19,10 +22,7 @@ EditObjectPropertiesDialog::EditObjectPropertiesDialog()
 
 void EditObjectPropertiesDialog::initialiseDialog() {
   BaseObjPropertiesDialog::initialiseDialog();
-  const char* const* settings = nullptr;
-  unsigned count = 0;
-  getStringVector(settingsArgument, &settings, &count);
-  form.addPropertyButton->setVisible(!textAt(settings, count, addSetting).isEmpty());
+  form.addPropertyButton->setVisible(!texts(Settings).text(OffersAdding).isEmpty());
   form.helpButton->hide();
   form.itemsListView->setFocus(Qt::TabFocusReason);
 }

@@ -8,6 +8,7 @@ static const ScriptFunction declaration("EditPinDialog", 1, "SSSSSS", StringVect
 
 namespace {
 
+enum Argument { Ticks = 2 };
 enum Tick { Prefix, Suffix };
 enum Result { Flags, Name, FontStyle, FirstTick };
 
@@ -35,7 +36,7 @@ EditPinDialog::EditPinDialog() : AddPropertyDialog("EditPinDialog") {
 }
 
 void EditPinDialog::initialiseDialog() {
-  ticks.load(Elements(texts(2)));
+  ticks.load(Elements(texts(Ticks)));
   gatherArguments();
   loadProperty(&record);
 }

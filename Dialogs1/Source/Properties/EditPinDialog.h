@@ -4,6 +4,8 @@
 
 /// Changes the name of a symbol pin, and how that is shown.
 class EditPinDialog : public AddPropertyDialog {
+  Q_OBJECT
+
 public:
   EditPinDialog();
 

@@ -4,6 +4,8 @@
 
 /// Changes a property; its name stays.
 class EditPropertyDialog : public AddPropertyDialog {
+  Q_OBJECT
+
 public:
   EditPropertyDialog() : AddPropertyDialog("EditPropertyDialog") {}
 

@@ -10,102 +10,96 @@
 #include "Pieces/ScriptTexts.h"
 #include "Pieces/SelectColour.h"
 #include "Properties/AddPropertyDialog.h"
-#include "Properties/ListViewProperty.h"
 
 #include <QCoreApplication>
 #include <QMessageBox>
 
 namespace {
 
-struct Words {
+struct Messages {
   Q_DECLARE_TR_FUNCTIONS(PropertyEditors)
 };
 
-void editText(QWidget* over, ListViewProperty* row) {
-  if (const auto text = askForText(over, Words::tr("Enter new property value"), row->shownValue()))
-    row->setShownValue(*text);
+void editText(QWidget* over, Property* property) {
+  if (const auto text =
+          askForText(over, Messages::tr("Enter new property value"), property->shownValue()))
+    property->setShownValue(*text);
 }
 
-void editFont(QWidget* over, ListViewProperty* row) {
-  auto font = askForFont(over, toYs(row->rawValue));
+void editFont(QWidget* over, Property* property) {
+  auto font = askForFont(over, toYs(property->value.text));
   if (!font)
     return;
   font->colour = 0; // an object's colour is a property of its own
-  row->setValue(toQs(writeFontSpec(*font)));
+  property->value.text = toQs(writeFontSpec(*font));
 }
 
-void editColour(QWidget* over, ListViewProperty* row) {
-  if (const auto colour = askForColour(over, leadingInteger(toYs(row->rawValue))))
-    row->setValue(QString::number(*colour));
+void editColour(QWidget* over, Property* property) {
+  if (const auto colour = askForColour(over, leadingInteger(toYs(property->value.text))))
+    property->value.text = QString::number(*colour);
 }
 
-void editFlagged(QWidget* over, ListViewProperty* row, const QStringList& fontStyles) {
-  PropertyRecord property;
-  property.value = toYs(row->rawValue);
-  property.name = toYs(row->name());
-  property.flags = row->attributes.value_or(0);
-  property.fontStyles = fontStyles;
-  if (!editProperty(over, &property))
-    return;
-  row->attributes = property.flags;
-  row->setValue(toQs(property.value)); // the name is not the list's to change
+void editFlagged(QWidget* over, Property* property, const QStringList& fontStyles) {
+  PropertyRecord record;
+  record.value = toYs(property->value.text);
+  record.name = toYs(property->name);
+  record.flags = property->value.attributes.value_or(0);
+  record.fontStyles = fontStyles;
+  if (editProperty(over, &record))
+    property->value = {toQs(record.value), record.flags}; // the name is not the list's to change
 }
 
-void editChoice(QWidget* over, ListViewProperty* row) {
-  const QStringList choices = propertyChoices(row->type);
+void editChoice(QWidget* over, Property* property) {
+  const QStringList choices = propertyChoices(property->type);
   if (refusesRowCount(static_cast<unsigned>(choices.size()), "RadioSelect"))
     return;
   QStringList captions;
   for (const QString& caption : choices) // an ampersand in a value is meant to be seen
     captions.append(shownCaption(caption).replace(QLatin1Char('&'), QLatin1String("&&")));
-  if (const auto choice = askForChoice(over, Words::tr("Select Value"), captions,
-                                       propertyChoice(choices, row->rawValue)))
-    row->setValue(choices.at(*choice));
+  if (const auto choice = askForChoice(over, Messages::tr("Select Value"), captions,
+                                       propertyChoice(choices, property->value.text)))
+    property->value.text = choices.at(*choice);
 }
 
 } // namespace
 
-void editPropertyRow(QWidget* over, ListViewProperty* row, const QStringList& fontStyles) {
-  switch (row->kind()) {
+void editListedProperty(QWidget* over, Property* property, const QStringList& fontStyles) {
+  switch (property->kind()) {
   case PropertyKind::Text:
-    editText(over, row);
+    editText(over, property);
     break;
   case PropertyKind::Font:
-    editFont(over, row);
+    editFont(over, property);
     break;
   case PropertyKind::Colour:
-    editColour(over, row);
+    editColour(over, property);
     break;
   case PropertyKind::Flagged:
-    editFlagged(over, row, fontStyles);
+    editFlagged(over, property, fontStyles);
     break;
   case PropertyKind::Choice:
-    editChoice(over, row);
+    editChoice(over, property);
     break;
   case PropertyKind::ReadOnly:
-    QMessageBox::warning(over, Words::tr("Read Only"),
-                         Words::tr("That property is read only and may not be edited"));
+    QMessageBox::warning(over, Messages::tr("Read Only"),
+                         Messages::tr("That property is read only and may not be edited"));
     break;
   }
 }
 
-ListViewProperty* askForNewProperty(QWidget* over, int rowIndex, const QStringList& fontStyles) {
+std::optional<Property> askForNewProperty(QWidget* over, const QStringList& fontStyles) {
   AddPropertyDialog dialog("AddPropertyDialog", over);
   dialog.prepareDialog(nullptr, UserString);
-  PropertyRecord property;
-  property.fontStyles = fontStyles;
-  dialog.loadProperty(&property);
+  PropertyRecord record;
+  record.fontStyles = fontStyles;
+  dialog.loadProperty(&record);
   while (dialog.exec() == QDialog::Accepted) {
-    dialog.readProperty(&property);
-    const QString name = toQs(property.name);
-    if (!name.isEmpty() && !name.contains(QLatin1Char(';'))) {
-      auto* row = new ListViewProperty(name, nullptr, "SchemProperty", rowIndex, YString());
-      row->attributes = property.flags;
-      row->rawValue = toQs(property.value);
-      return row;
-    }
+    dialog.readProperty(&record);
+    const QString name = toQs(record.name);
+    if (!name.isEmpty() && !name.contains(QLatin1Char(';')))
+      return Property{name, "SchemProperty", {toQs(record.value), record.flags}, {}};
     QMessageBox::warning(over, dialog.windowTitle(),
-                         Words::tr("A property needs a name, without a semicolon in it."));
+                         Messages::tr("A property needs a name, without a semicolon in it."));
   }
-  return nullptr;
+  return std::nullopt;
 }

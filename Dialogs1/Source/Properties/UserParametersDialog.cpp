@@ -7,17 +7,22 @@
 static const ScriptFunction declaration("UserParametersDialog", 2, "SSS", StringVectorResult,
                                         runDialogFunction<UserParametersDialog, UserString>);
 
+namespace {
+
+enum Argument { Names, Values, Title };
+
+} // namespace
+
 UserParametersDialog::UserParametersDialog() : ParametersDialog(nullptr, "UserParametersDialog") {
-  view()->nameArgIndex = 0;
-  view()->argIndex = 1;
+  view()->nameArgIndex = Names;
+  view()->argIndex = Values;
   form.okButton->setText(tr("&Ok"));
   form.cancelButton->show();
 }
 
 void UserParametersDialog::initialiseDialog() {
-  YString title;
-  if (getString(2, &title))
-    setWindowTitle(shownCaption(toQs(title)));
+  if (texts(Title).has(0))
+    setWindowTitle(shownCaption(texts(Title).text(0)));
   ParametersDialog::initialiseDialog();
 }
 

@@ -4,6 +4,8 @@
 
 /// The parameters of a script: names in argument 0, values in argument 1, a title in argument 2.
 class UserParametersDialog : public ParametersDialog {
+  Q_OBJECT
+
 public:
   UserParametersDialog();
 
