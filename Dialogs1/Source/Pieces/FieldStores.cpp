@@ -5,8 +5,6 @@
 #include "HostSupport/Numbers.h"
 #include "HostSupportQt/Text.h"
 
-#include <algorithm>
-
 bool operator==(const Place& a, const Place& b) {
   return a.number == b.number && sp_CompareNoCase(a.name, b.name) == 0;
 }
@@ -168,11 +166,9 @@ bool OptionKeys::read(const Place& place, FieldValue::Kind kind, FieldValue* val
 void OptionKeys::write(const Place& place, const FieldValue& value) {
   FieldValue current = FieldValue::text(QString());
   if (!read(place, value.kind, &current) || optionOf(value).toText() != optionOf(current).toText())
-    m_changes.emplace_back(YString(place.name), optionOf(value));
+    m_changes.push_back({YString(place.name), optionOf(value)});
 }
 
 bool OptionKeys::commit() {
-  return std::all_of(m_changes.begin(), m_changes.end(), [](const auto& change) {
-    return sp_WriteOption(change.first, change.second);
-  });
+  return sp_WriteOptions(m_changes);
 }

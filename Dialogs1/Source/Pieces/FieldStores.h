@@ -4,7 +4,6 @@
 #include "HostSupport/Options.h"
 
 #include <cstdint>
-#include <utility>
 #include <vector>
 
 struct BrennixAnalysisData;
@@ -118,5 +117,5 @@ public:
   bool commit();
 
 private:
-  std::vector<std::pair<YString, OptionValue>> m_changes;
+  std::vector<OptionSetting> m_changes;
 };

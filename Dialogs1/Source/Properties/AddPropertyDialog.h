@@ -49,13 +49,13 @@ protected:
 
   Ui::BaseAddPropertyDialog form;
   PropertyRecord record; ///< the script's property
+  Fields attributeBoxes; ///< by `PropertyBit`
 
 private:
   void loadFontStyles(const PropertyRecord& property);
   void letOnlyLook();
   void updateEnables();
 
-  Fields attributeBoxes; ///< by `PropertyBit`
   bool isInstance = false;
 };
 

@@ -13,6 +13,6 @@ public:
   void readDialog(UserDataType type, bool accepted) override;
   void loadProperty(PropertyRecord* property) override;
 
-private:
+protected:
   Fields ticks; ///< by element of their argument
 };
