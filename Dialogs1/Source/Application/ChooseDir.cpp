@@ -6,7 +6,7 @@
 #include "HostSupport/Files.h"
 #include "HostSupport/Parsing.h"
 #include "HostSupportQt/HostSupportQt.h"
-#include "Pieces/ScriptTexts.h"
+#include "Pieces/Captions.h"
 
 #include <QDir>
 #include <QMessageBox>

@@ -8,6 +8,8 @@ class Directory;
 
 /// A directory, chosen in a tree of the file system.
 class ChooseDir : public KelvarinDialog {
+  Q_OBJECT
+
 public:
   ChooseDir();
 
@@ -18,12 +20,13 @@ public:
 protected:
   void showEvent(QShowEvent* event) override;
 
-private:
+private slots:
   void directoryListView_selectionChanged();
   void directoryListView_itemExpanded(QTreeWidgetItem* item);
   void directoryListView_itemCollapsed(QTreeWidgetItem* item);
   void createDirectoryButton_clicked();
 
+private:
   /// Fills the tree anew, opened along `path` as far as there are directories.
   void openTree(const YString& path);
   void openBelow(Directory* root, const YString& path);

@@ -3,7 +3,7 @@
 #include "Digital/LogicAnalogInterfaceSheet.h"
 #include "Frame/KelvarinDialog.h"
 #include "HostSupportQt/HostSupportQt.h"
-#include "Pieces/ScriptTexts.h"
+#include "Pieces/Captions.h"
 
 #include <QCoreApplication>
 #include <QTabWidget>

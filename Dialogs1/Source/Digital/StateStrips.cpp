@@ -4,7 +4,7 @@
 #include "HostSupport/Options.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "HostWidgets/Plotter.h"
-#include "Pieces/ScriptTexts.h"
+#include "Pieces/Captions.h"
 
 #include <QGridLayout>
 #include <QGuiApplication>

@@ -3,7 +3,7 @@
 #include "HostSupport/HostSupport.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "Pieces/ListRows.h"
-#include "Pieces/ScriptTexts.h"
+#include "Pieces/Captions.h"
 
 #include <QGroupBox>
 #include <QListWidget>

@@ -5,7 +5,7 @@
 #include "HostSupportQt/HostSupportQt.h"
 #include "HostWidgets/CheckBox.h"
 #include "HostWidgets/Label.h"
-#include "Pieces/ScriptTexts.h"
+#include "Pieces/Captions.h"
 
 #include <algorithm>
 #include <cmath>

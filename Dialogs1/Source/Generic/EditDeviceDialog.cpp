@@ -4,7 +4,7 @@
 #include "Generic/ParametersDialog.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "Pieces/ListRows.h"
-#include "Pieces/ScriptTexts.h"
+#include "Pieces/Captions.h"
 
 #include <QScopedValueRollback>
 #include <QShortcut>

@@ -2,7 +2,7 @@
 
 #include "Frame/ScriptFunction.h"
 #include "HostSupportQt/HostSupportQt.h"
-#include "Pieces/ScriptTexts.h"
+#include "Pieces/Captions.h"
 
 static const ScriptFunction graphDeclaration("InputGraph", 0, "SS", StringVectorResult,
                                              runDialogFunction<InputGraph, UserString>);

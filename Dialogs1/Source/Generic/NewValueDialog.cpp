@@ -8,7 +8,7 @@
 #include "HostWidgets/ComboBox.h"
 #include "HostWidgets/EditBox.h"
 #include "HostWidgets/Spinner.h"
-#include "Pieces/ScriptTexts.h"
+#include "Pieces/Captions.h"
 
 #include <QFrame>
 

@@ -6,7 +6,7 @@
 #include "Generic/RowBox.h"
 #include "HostSupport/Numbers.h"
 #include "HostSupportQt/HostSupportQt.h"
-#include "Pieces/ScriptTexts.h"
+#include "Pieces/Captions.h"
 
 #include <QRadioButton>
 

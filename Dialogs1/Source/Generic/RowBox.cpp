@@ -1,7 +1,7 @@
 #include "Generic/RowBox.h"
 
 #include "HostSupport/Arguments.h"
-#include "Pieces/ScriptTexts.h"
+#include "Pieces/Captions.h"
 
 #include <QApplication>
 #include <QLabel>

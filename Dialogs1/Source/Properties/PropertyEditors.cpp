@@ -7,7 +7,7 @@
 #include "Generic/RowBox.h"
 #include "Generic/SelectFontDialog.h"
 #include "HostSupportQt/HostSupportQt.h"
-#include "Pieces/ScriptTexts.h"
+#include "Pieces/Captions.h"
 #include "Pieces/SelectColour.h"
 #include "Properties/AddPropertyDialog.h"
 

@@ -5,7 +5,7 @@
 #include "Frame/ScriptFunction.h"
 #include "HostSupport/HostSupport.h"
 #include "HostSupportQt/HostSupportQt.h"
-#include "Pieces/ScriptTexts.h"
+#include "Pieces/Captions.h"
 
 #include <QDir>
 #include <QFileDialog>

@@ -5,7 +5,7 @@
 #include "HostSupport/HostSupport.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "Pieces/Fields.h"
-#include "Pieces/ScriptTexts.h"
+#include "Pieces/Captions.h"
 #include "Pwl/ConvertPassiveToBRENNIXDialog.h"
 
 #include <QMessageBox>
