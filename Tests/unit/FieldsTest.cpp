@@ -72,10 +72,10 @@ using Vector = std::vector<std::string>;
 
 TEST(Fields, EveryKindComesBackThroughElements) {
   Sheet sheet;
-  checkElements(sheet.fields, {"R1", "two\nlines", "true", "false", "4.7k", "Smooth", "2",
-                                   "histo", "1", "2"});
   checkElements(sheet.fields,
-                    {"ünï;\"", "", "false", "true", "{2*Rload}", "Stepped", "0", "perf", "2", "0"});
+                {"R1", "two\nlines", "true", "false", "4.7k", "Smooth", "2", "histo", "1", "2"});
+  checkElements(sheet.fields,
+                {"ünï;\"", "", "false", "true", "{2*Rload}", "Stepped", "0", "perf", "2", "0"});
 }
 
 TEST(Fields, WhatIsMissingOrEmptyLeavesTheFormAsItIs) {

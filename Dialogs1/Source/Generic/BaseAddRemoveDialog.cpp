@@ -2,8 +2,8 @@
 
 #include "HostSupport/HostSupport.h"
 #include "HostSupportQt/HostSupportQt.h"
-#include "Pieces/ListRows.h"
 #include "Pieces/Captions.h"
+#include "Pieces/ListRows.h"
 
 #include <QGroupBox>
 #include <QListWidget>

@@ -3,8 +3,8 @@
 #include "Frame/ScriptFunction.h"
 #include "Generic/ParametersDialog.h"
 #include "HostSupportQt/HostSupportQt.h"
-#include "Pieces/ListRows.h"
 #include "Pieces/Captions.h"
+#include "Pieces/ListRows.h"
 
 #include <QScopedValueRollback>
 #include <QShortcut>

@@ -4,8 +4,8 @@
 #include "Frame/ScriptFunction.h"
 #include "HostSupport/HostSupport.h"
 #include "HostSupportQt/HostSupportQt.h"
-#include "Pieces/Fields.h"
 #include "Pieces/Captions.h"
+#include "Pieces/Fields.h"
 #include "Pwl/ConvertPassiveToBRENNIXDialog.h"
 
 #include <QMessageBox>
