@@ -25,6 +25,8 @@ ChooseDir::ChooseDir() : KelvarinDialog(nullptr, "ChooseDir", true, {}) {
           &ChooseDir::directoryListView_itemExpanded);
   connect(form.directoryListView, &QTreeWidget::itemCollapsed, this,
           &ChooseDir::directoryListView_itemCollapsed);
+  connect(form.directoryListView, &QTreeWidget::itemClicked, this,
+          &ChooseDir::directoryListView_clicked);
   connect(form.createDirectoryButton, &QPushButton::clicked, this,
           &ChooseDir::createDirectoryButton_clicked);
 }

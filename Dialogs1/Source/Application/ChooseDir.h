@@ -21,12 +21,13 @@ protected:
   void showEvent(QShowEvent* event) override;
 
 private slots:
+  void directoryListView_clicked() {} ///< a click alone chooses nothing; the selection does
   void directoryListView_selectionChanged();
-  void directoryListView_itemExpanded(QTreeWidgetItem* item);
-  void directoryListView_itemCollapsed(QTreeWidgetItem* item);
   void createDirectoryButton_clicked();
+  void directoryListView_itemExpanded(QTreeWidgetItem* item);
 
 private:
+  void directoryListView_itemCollapsed(QTreeWidgetItem* item);
   /// Fills the tree anew, opened along `path` as far as there are directories.
   void openTree(const YString& path);
   void openBelow(Directory* root, const YString& path);
