@@ -58,5 +58,6 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_BINARY_DIR}/lib)
 # What draws the icons is loaded by Qt; nothing links it.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS libqt5svg5)
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS qtbase5-dev)  # to write a host
 set(CPACK_STRIP_FILES ON)
 include(CPack)

@@ -1,6 +1,6 @@
 # Installs the build into a fresh folder, one component after the other, and uses what stands there:
 # the program, the guide's host, the Designer plug-in. Called with BUILD, SOURCE, WORK, CONFIG,
-# VERSION, SANITIZE, the folders of an installation and what to compile with.
+# VERSION, the folders of an installation and what to compile with.
 set(stage ${WORK}/stage)
 file(REMOVE_RECURSE ${WORK})
 
@@ -29,7 +29,7 @@ install_component(Unspecified)
 file(GLOB strays ${stage}/*)
 expect("${strays}" "" "files without a component")
 
-# ---- runtime: the program finds module, samples and help -----------------------------------------
+# ---- runtime: the program finds module and samples; help and licence are there -------------------
 install_component(runtime)
 set(program ${stage}/${BINDIR}/dialoghost --settings ${WORK}/settings)
 run(expected ${BUILD}/bin/dialoghost list --json)
@@ -37,12 +37,13 @@ run(listed ${program} list --json)
 expect("${listed}" "${expected}" "functions")
 run(result ${program} eval "host.onDialog(d => d.accept()), ValueDialog([1, 2], ['R1', 'R2'])")
 expect("${result}" "[1,2]\n" "result of the program's call")
-run(hasHelp ${program} eval "host.system('hasHelp')")
-expect("${hasHelp}" "true\n" "whether the program has help")
 run(ignored ${program} tour --out ${WORK}/tour ValueDialog)
-if(NOT EXISTS ${stage}/${DOCDIR}/LICENSE)
-  message(FATAL_ERROR "no licence")
-endif()
+foreach(file ${DOCDIR}/LICENSE ${DOCDIR}/docs/dependencies.md
+    ${DATA_DIR}/help/ValueDialog.md ${DATA_DIR}/docs/scripting.md)
+  if(NOT EXISTS ${stage}/${file})
+    message(FATAL_ERROR "${file} is not installed")
+  endif()
+endforeach()
 
 # ---- dev and doc: the guide's host, the headers, the Designer plug-in ----------------------------
 install_component(dev)
@@ -61,7 +62,7 @@ set(checks ${WORK}/checks)
 run(ignored ${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR} -B ${checks} -G ${GENERATOR}
   -DSTAGE=${stage} -DHOST=${WORK}/host -DINCLUDE_DIR=${INCLUDE_DIR}
   -DQt5_DIR=${QT} -DCMAKE_CXX_COMPILER=${COMPILER}
-  -DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER} -DCMAKE_CXX_FLAGS=${FLAGS})
+  -DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER})
 run(ignored ${CMAKE_COMMAND} --build ${checks})
 
 set(ENV{XDG_CONFIG_HOME} ${WORK}/host-settings)
@@ -83,24 +84,24 @@ if(NOT widgets MATCHES "^(.*\n)?Spinner\n")
 endif()
 
 # ---- names and paths in the files ----------------------------------------------------------------
-file(GLOB libraries ${stage}/${LIBDIR}/*.so ${stage}/${LIBDIR}/designer/*.so)
-file(GLOB programs ${stage}/${BINDIR}/*)
+function(expect_dynamic file pattern)
+  run(dynamic ${READELF} -d ${stage}/${file})
+  if(NOT dynamic MATCHES "${pattern}")
+    message(FATAL_ERROR "${file} does not say ${pattern}:\n${dynamic}")
+  endif()
+endfunction()
+
 string(REGEX MATCH "^[0-9]+\\.[0-9]+" interface ${VERSION})
-foreach(file ${libraries} ${programs})
-  get_filename_component(name ${file} NAME)
-  run(dynamic ${READELF} -d ${file})
-  if(NOT dynamic MATCHES "RUNPATH[^\n]*\\[\\$ORIGIN[^:\n]*\\]")
-    message(FATAL_ERROR "${name} does not find its libraries from where it stands:\n${dynamic}")
-  endif()
-  if(name MATCHES "^libHostS|^libHostWidgets.so")
-    string(REGEX MATCH "soname: \\[[^\n]*\\]" soname "${dynamic}")
-    expect("${soname}" "soname: [${name}.${interface}]" "name of ${name}")
-  endif()
+set(libraries HostSupport HostSupportQt HostWidgets)
+foreach(library ${libraries})
+  expect_dynamic(${LIBDIR}/lib${library}.so "soname: \\[lib${library}\\.so\\.${interface}\\]")
+endforeach()
+list(TRANSFORM libraries REPLACE "(.+)" "${LIBDIR}/lib\\1.so")
+foreach(file ${libraries} ${LIBDIR}/libDialogs1.so ${LIBDIR}/designer/libHostWidgetsDesigner.so
+    ${BINDIR}/dialoghost ${BINDIR}/brennixcheck)
+  expect_dynamic(${file} "RUNPATH[^\n]*\\[\\$ORIGIN[^:\n]*\\]")
 endforeach()
 
-if(SANITIZE)
-  return()  # the reports of sanitizers name the sources
-endif()
 file(GLOB_RECURSE files ${stage}/*)
 foreach(path ${BUILD} ${SOURCE})
   string(HEX ${path} narrow)
