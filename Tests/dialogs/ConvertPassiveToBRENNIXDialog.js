@@ -231,6 +231,13 @@ for (const [clipboard, shown] of [
     equal(input(d), shown, JSON.stringify(clipboard));
     d.reject();
   });
+box(["capacitor"], d => {
+  host.clipboard("1\t2");
+  d.current("outputPWLTable", 2, 0);
+  d.key("outputPWLTable", "Ctrl+V");
+  equal(output(d), [" ", " ", "1 2"], "blank rows take what is pasted");
+  d.reject();
+});
 box(["capacitor", ["0 1"]], d => {
   host.clipboard(thousand + " 1 2");
   equal(warned(d, () => d.press("Paste from Clipboard")), ["PWL Paste Error",

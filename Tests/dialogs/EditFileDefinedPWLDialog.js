@@ -225,6 +225,12 @@ const nameOf = (...args) => {
   return name;
 };
 check(nameOf(source) !== nameOf(["0", "0", "0", "other.txt", "Disk"]), "each file has a geometry");
+box([new Array(300).fill("1 2v"), source], d => {
+  d.key(grid, "Ctrl+A");
+  d.key(grid, "Ctrl+C");
+  equal(host.clipboard().split("\n")[299], "1\t2v\tSelect...", "rows that nobody has seen are copied");
+  d.reject();
+});
 const long = "x".repeat(1e5);
 box([[long, "* " + long, long + " " + long], [long, long, long, long, "Disk", long, long],
   [long, long, long]], d => d.reject());

@@ -113,13 +113,16 @@ int PointRows::startDataRow() const {
 }
 
 QByteArray PointRows::lineAt(int row, const QString& separator) const {
-  if (isLine(row) && kindAt(row) == Kind::Comment)
+  PointRow line = at(row);
+  const bool isComment = line.kind == Kind::Comment;
+  if (isComment && isLine(row))
     return {lineOf(row).data(), static_cast<int>(lineOf(row).size())};
-  const PointRow line = at(row);
   const bool isWhole = line.kind == Kind::StartData && line.fault.isEmpty();
   if (isWhole || line.x.isEmpty())
     return line.x.toUtf8();
-  return (line.x + (line.kind == Kind::Comment ? QString() : separator) + line.y).toUtf8();
+  if (!isComment)
+    line.x += separator;
+  return (line.x + line.y).toUtf8();
 }
 
 bool PointRows::mayInsert(int rows, int most) const {
