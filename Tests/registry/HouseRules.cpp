@@ -1,3 +1,5 @@
+#include "Changes.h"
+#include "Drive/InputPlayer.h"
 #include "TestHost.h"
 
 #include "Paths.h"
@@ -12,6 +14,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QFile>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QFontDialog>
 #include <QGroupBox>
@@ -22,10 +25,10 @@
 #include <QPixmap>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QTabBar>
 
 #include <algorithm>
-#include <random>
 #include <set>
 
 // What every dialog of the module has to be, whoever wrote it. The rules run over all samples, so a
@@ -182,14 +185,34 @@ void expectButtons(const QWidget* dialog) {
   EXPECT_TRUE(hasDefault) << "no default button";
 }
 
+/// Whether the user sees all of the widget, or can scroll to it.
+bool isWhollySeen(const QWidget* widget) {
+  bool isInside = true;
+  for (const QWidget* in = widget->parentWidget(); in; in = in->parentWidget()) {
+    if (qobject_cast<const QAbstractScrollArea*>(in))
+      return true;
+    isInside &= in->rect().contains(QRect(widget->mapTo(in, {}), widget->size()));
+    if (in->isWindow())
+      break;
+  }
+  return isInside;
+}
+
 void expectNothingClipped(const QWidget* dialog) {
   EXPECT_LE(dialog->frameGeometry().width(), smallestScreen.width());
   EXPECT_LE(dialog->frameGeometry().height(), smallestScreen.height());
-  for (QWidget* widget : shownWidgets(dialog)) {
-    const bool hasText = qobject_cast<QAbstractButton*>(widget) || qobject_cast<QLabel*>(widget);
-    const QSize wanted = widget->minimumSizeHint();
-    EXPECT_TRUE(!hasText || widget->property("wordWrap").toBool() ||
-                (widget->width() >= wanted.width() && widget->height() >= wanted.height()))
+  for (const QWidget* widget : shownWidgets(dialog)) {
+    // What scrolls makes do with less, and so do its own parts.
+    if (qobject_cast<const QAbstractScrollArea*>(widget) ||
+        qobject_cast<const QAbstractScrollArea*>(widget->parentWidget())) {
+      EXPECT_TRUE(isWhollySeen(widget)) << nameOf(widget) << " is cut off";
+      continue;
+    }
+    const bool wraps = qobject_cast<const QLabel*>(widget) && widget->property("wordWrap").toBool();
+    const QSize wanted =
+        wraps ? QSize(0, widget->heightForWidth(widget->width())) : widget->minimumSizeHint();
+    EXPECT_TRUE(widget->width() >= wanted.width() && widget->height() >= wanted.height() &&
+                isWhollySeen(widget))
         << nameOf(widget) << " is clipped";
   }
 }
@@ -205,17 +228,49 @@ void expectPictures(const QWidget* dialog) {
       }
 }
 
-void editAtRandom(DialogActions& dialog, std::mt19937& random) {
-  static const char* const texts[] = {"4.7k", "{2*Rload}", "nonsense", "", "1e400", "0.1", "-3"};
-  for (const QString& name : dialog.names()) {
-    try {
-      if (dialog.has(name) && dialog.get(name, QStringLiteral("outElementIndex")).isValid() &&
-          random() % 3)
-        dialog.type(name, QString::fromLatin1(texts[random() % std::size(texts)]));
-    } catch (const DriveError&) {
-      // Not a text, or not enabled.
+/// By its button; by Escape where it has none.
+void pressCancel(DialogActions& dialog) {
+  const QString cancel = QStringLiteral("cancelButton");
+  if (dialog.has(cancel) && dialog.visible(cancel))
+    dialog.click(cancel);
+  else
+    dialog.reject();
+}
+
+bool canBeCancelled(const DialogActions& dialog) {
+  const QString cancel = QStringLiteral("cancelButton");
+  return qobject_cast<QFileDialog*>(dialog.dialog()) ||
+         (dialog.has(cancel) && dialog.visible(cancel));
+}
+
+/// Uses the opener and leaves the boxes that come by Escape, after changes on demand. Returns how
+/// many could be cancelled.
+int cancelBoxesOf(DialogActions& dialog, const std::string& name, bool change) {
+  int boxes = 0;
+  onEveryPage(dialog, [&](const std::string&) {
+    for (const Opener& opener : openers(dialog)) {
+      if (opener.name != name)
+        continue;
+      const QString before = stateOf(dialog.dialog());
+      servingDialogs(
+          [&](DialogActions& opened) {
+            boxes += canBeCancelled(opened);
+            if (change)
+              changeFields(opened);
+            opened.reject();
+          },
+          [&] { opener.use(dialog); });
+      EXPECT_TRUE(boxes == 0 || stateOf(dialog.dialog()) == before)
+          << "what was cancelled can be seen";
     }
-  }
+  });
+  return boxes;
+}
+
+/// Qt's own chooser, and the one dialog that has to open the same each time.
+bool forgets(const QWidget* dialog) {
+  return qobject_cast<const QFontDialog*>(dialog) ||
+         dialog->objectName() == QLatin1String("EditPinDialog");
 }
 
 class HouseRules : public testing::TestWithParam<std::string> {
@@ -224,6 +279,7 @@ protected:
   TestHost& host() { return TestHost::instance(); }
 
   void SetUp() override {
+    host().forgetSettings();
     host().takeWarnings();
     host().driver().clearFailures();
   }
@@ -250,36 +306,101 @@ TEST_P(HouseRules, LooksAndReadsAsItShould) {
       actions.reject();
       return;
     }
-    expectNothingClipped(actions.dialog());
-    expectAccessible(actions.dialog());
-    expectMnemonics(actions.dialog());
-    expectButtons(actions.dialog());
     expectPictures(actions.dialog());
-    expectTabCycle(actions);
+    EXPECT_TRUE(actions.dialog()->focusWidget()) << "nothing has the focus on opening";
+    onEveryPage(actions, [&](const std::string& page) {
+      SCOPED_TRACE(page);
+      expectNothingClipped(actions.dialog());
+      expectAccessible(actions.dialog());
+      expectMnemonics(actions.dialog());
+      expectButtons(actions.dialog());
+      expectTabCycle(actions);
+    });
+    changeFields(actions);
+    onEveryPage(actions, [&](const std::string& page) {
+      SCOPED_TRACE(page + ", changed");
+      expectNothingClipped(actions.dialog());
+      expectAccessible(actions.dialog());
+      expectMnemonics(actions.dialog());
+    });
     actions.reject();
   });
 }
 
 TEST_P(HouseRules, CancelLeavesEverythingAsItWas) {
-  const std::string cancelled = resultOf([](DialogActions& dialog) { dialog.reject(); });
   QGuiApplication::clipboard()->setText(QStringLiteral("before"));
-  const QByteArray stored = host().settingsSnapshot();
-  const int windows = QApplication::topLevelWidgets().size();
+  const std::string cancelled = resultOf([](DialogActions& dialog) { dialog.reject(); });
+  const std::string before = host().traces().toStdString();
 
-  std::mt19937 random(testSeed());
-  const std::function<void(DialogActions&)> waysOut[] = {
-      [](DialogActions& dialog) { dialog.reject(); }, [](DialogActions& dialog) { dialog.close(); },
-      [](DialogActions& dialog) { dialog.key(QString(), QStringLiteral("Escape")); }};
-  for (const auto& leave : waysOut) {
+  const struct {
+    const char* name;
+    void (*leave)(DialogActions& dialog);
+  } waysOut[] = {{"Escape", [](DialogActions& dialog) { dialog.reject(); }},
+                 {"the window's button", [](DialogActions& dialog) { dialog.close(); }},
+                 {"Cancel", pressCancel}};
+  int variant = 0;
+  for (const auto& way : waysOut) {
+    SCOPED_TRACE(way.name);
+    Changes changed;
+    int used = 0;
     const std::string result = resultOf([&](DialogActions& dialog) {
-      editAtRandom(dialog, random);
-      leave(dialog);
+      changed = changeFields(dialog, variant++);
+      used = useOpeners(dialog);
+      way.leave(dialog);
     });
+    std::printf("%s, left by %s: changed %s, by buttons %d\n",
+                qPrintable(QFileInfo(sample()).baseName()), way.name, changed.words().c_str(),
+                used);
+    EXPECT_EQ(changed.missed(), "") << "could be changed nowhere";
     EXPECT_EQ(result, cancelled);
-    EXPECT_EQ(host().settingsSnapshot(), stored);
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("before"));
-    EXPECT_EQ(QApplication::topLevelWidgets().size(), windows);
+    EXPECT_EQ(host().traces().toStdString(), before);
   }
+}
+
+// A box over a dialog is cancelled as the dialog is: nothing of what was changed in it is to be
+// seen, and nothing is in what OK gives back.
+TEST_P(HouseRules, ACancelledBoxLeavesNoTrace) {
+  std::set<std::string> names;
+  resultOf([&](DialogActions& dialog) {
+    onEveryPage(dialog, [&](const std::string&) {
+      for (const Opener& opener : openers(dialog))
+        names.insert(opener.name);
+    });
+    dialog.reject();
+  });
+  int boxes = 0;
+  for (const std::string& name : names) {
+    SCOPED_TRACE(name);
+    const auto resultAfter = [&](bool change) {
+      return resultOf([&](DialogActions& dialog) {
+        const int opened = cancelBoxesOf(dialog, name, change);
+        boxes += change ? opened : 0;
+        opened ? dialog.accept() : dialog.reject();
+      });
+    };
+    EXPECT_EQ(resultAfter(true), resultAfter(false));
+  }
+  std::printf("%s: %d boxes cancelled\n", qPrintable(QFileInfo(sample()).baseName()), boxes);
+}
+
+// Where the user left it, and as big as they made it.
+TEST_P(HouseRules, RemembersItsGeometry) {
+  bool remembers = true;
+  QRect left;
+  resultOf([&](DialogActions& actions) {
+    QWidget* dialog = actions.dialog();
+    remembers = !forgets(dialog);
+    const QSize most = dialog->screen()->availableSize();
+    dialog->move(11, 13);
+    dialog->resize((dialog->size() + QSize(37, 28)).boundedTo(most));
+    InputPlayer::settle();
+    left = dialog->geometry();
+    actions.reject();
+  });
+  resultOf([&](DialogActions& actions) {
+    EXPECT_EQ(actions.dialog()->geometry() == left, remembers) << nameOf(actions.dialog());
+    actions.reject();
+  });
 }
 
 TEST_P(HouseRules, SameInputSameResult) {

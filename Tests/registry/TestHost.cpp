@@ -3,20 +3,25 @@
 #include "HostSupport/Files.h"
 #include "HostSupportQt/QtMessages.h"
 
+#include <QClipboard>
 #include <QDir>
 #include <QDirIterator>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QStyleFactory>
 
+#include <algorithm>
 #include <chrono>
 #include <clocale>
 #include <cstdio>
+#include <set>
 
 namespace {
 
 TestHost* currentHost = nullptr;
 QStringList warnings;
+constexpr const char* foldersLeft[] = {"settings", "tmp", "work"};
 
 void keepWarning(QtMsgType type, const QMessageLogContext&, const QString& text) {
   if (qtsp_IsPlatformNoise(text))
@@ -26,7 +31,13 @@ void keepWarning(QtMsgType type, const QMessageLogContext&, const QString& text)
     warnings.append(text);
 }
 
-int& prepareEnvironment(int& argc) {
+int& prepareEnvironment(int& argc, const QDir& folder) {
+  for (const char* name : {"settings", "tmp", "work", "home"})
+    folder.mkdir(QLatin1String(name));
+  // What dialogs leave is looked for there; what Qt's own remember is nobody's concern.
+  qputenv("TMPDIR", folder.filePath(QStringLiteral("tmp")).toUtf8());
+  qputenv("XDG_CONFIG_HOME", folder.filePath(QStringLiteral("home")).toUtf8());
+  QDir::setCurrent(folder.filePath(QStringLiteral("work")));
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
     qputenv("QT_QPA_PLATFORM", "offscreen");
   qputenv("QT_FONT_DPI", "96");
@@ -34,16 +45,35 @@ int& prepareEnvironment(int& argc) {
   return argc;
 }
 
+/// The settings without the geometry: what it is worth is how the user left it.
+QByteArray withoutGeometry(const QByteArray& json) {
+  QJsonObject contents = QJsonDocument::fromJson(json).object();
+  for (const char* section : {"WidgetDims", "ColumnWidths"})
+    contents.remove(QLatin1String(section));
+  return contents.isEmpty() ? QByteArray() : QJsonDocument(contents).toJson();
+}
+
 } // namespace
 
-TestHost::TestHost(int& argc, char** argv) : m_application(prepareEnvironment(argc), argv) {
+void LoadedModule::load(const QString& file) {
+  std::set<const void*> before;
+  for (const DynFuncDefRecord& record : sp_RegisteredDynFuncDefs())
+    before.insert(record.owner);
+  table.loadModule(file);
+  for (const DynFuncDefRecord& record : sp_RegisteredDynFuncDefs())
+    if (!before.count(record.owner))
+      served.push_back(record);
+}
+
+TestHost::TestHost(int& argc, char** argv)
+    : m_application(prepareEnvironment(argc, QDir(m_folder.path())), argv) {
   currentHost = this;
   std::setlocale(LC_NUMERIC, "C");
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-  sp_SetSettingsDir(m_settings.path().toUtf8().constData());
+  forgetSettings();
   m_driver = std::make_unique<DialogDriver>();
-  m_table.loadModule(QStringLiteral(KV_MODULE_FILE));
-  m_engine = std::make_unique<ScriptEngine>(&m_table, m_driver.get());
+  m_module.load(QStringLiteral(KV_MODULE_FILE));
+  m_engine = std::make_unique<ScriptEngine>(&m_module.table, m_driver.get());
 }
 
 TestHost::~TestHost() {
@@ -54,23 +84,37 @@ TestHost& TestHost::instance() {
   return *currentHost;
 }
 
-QByteArray TestHost::settingsSnapshot() const {
-  QByteArray snapshot;
-  QDirIterator files(m_settings.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+QByteArray TestHost::traces() const {
   QStringList names;
-  while (files.hasNext())
-    names.append(files.next());
+  for (const char* folder : foldersLeft) {
+    QDirIterator entries(m_folder.filePath(QLatin1String(folder)),
+                         QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                         QDirIterator::Subdirectories);
+    while (entries.hasNext())
+      names.append(entries.next());
+  }
   names.sort();
+  QByteArray traces;
   for (const QString& name : names) {
     QFile file(name);
-    if (name.endsWith(QLatin1String(".lock")) || !file.open(QIODevice::ReadOnly))
+    if (name.endsWith(QLatin1String(".lock")))
       continue;
-    QJsonObject contents = QJsonDocument::fromJson(file.readAll()).object();
-    contents.remove(QStringLiteral("WidgetDims"));
-    if (!contents.isEmpty())
-      snapshot += name.toUtf8() + QJsonDocument(contents).toJson();
+    const bool isRead = QFileInfo(name).isFile() && file.open(QIODevice::ReadOnly);
+    const QByteArray contents = isRead ? file.readAll() : QByteArray();
+    const bool isSetting = name.startsWith(m_folder.filePath(QLatin1String(foldersLeft[0])));
+    const QByteArray left = isSetting ? withoutGeometry(contents) : contents;
+    if (!isSetting || !left.isEmpty())
+      traces += name.toUtf8() + '\n' + left + '\n';
   }
-  return snapshot;
+  traces += "clipboard: " + QGuiApplication::clipboard()->text().toUtf8() + '\n';
+  return traces + "windows: " + QByteArray::number(QApplication::topLevelWidgets().size());
+}
+
+void TestHost::forgetSettings() {
+  QDir folder(m_folder.filePath(QLatin1String(foldersLeft[0])));
+  folder.removeRecursively();
+  folder.mkpath(QStringLiteral("."));
+  sp_SetSettingsDir(folder.path().toUtf8().constData());
 }
 
 QStringList TestHost::takeWarnings() {
@@ -80,25 +124,43 @@ QStringList TestHost::takeWarnings() {
 ScriptEngine::Outcome TestHost::runSample(const QString& file,
                                           const std::function<void(DialogActions&)>& act) {
   m_driver->beginScope();
-  m_driver->onDialog([&act](QWidget* dialog) {
-    DialogActions actions(dialog);
-    act(actions);
-  });
+  if (opensDialog(file))
+    m_driver->onDialog([&act](QWidget* dialog) {
+      DialogActions actions(dialog);
+      act(actions);
+    });
   ScriptEngine::Outcome outcome = m_engine->runFile(file);
   m_driver->endScope();
+  closeDetachedWindows();
   return outcome;
 }
 
-QStringList TestHost::sampleFiles() {
+void TestHost::closeDetachedWindows() {
+  for (QWidget* window : m_driver->detachedWindows())
+    window->close();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+QStringList TestHost::allSampleFiles() {
   // Asked for before there is an application, to which `hostDataDir` would look.
   const QDir folder(QStringLiteral(KV_SAMPLE_DIR));
   QStringList files;
-  for (const QString& name : folder.entryList({QStringLiteral("*.js")}, QDir::Files, QDir::Name)) {
-    QFile file(folder.filePath(name));
-    if (file.open(QIODevice::ReadOnly) && !file.readAll().contains("// Opens: no dialog"))
-      files.append(file.fileName());
-  }
+  for (const QString& name : folder.entryList({QStringLiteral("*.js")}, QDir::Files, QDir::Name))
+    files.append(folder.filePath(name));
   return files;
+}
+
+QStringList TestHost::sampleFiles() {
+  QStringList files = allSampleFiles();
+  files.erase(std::remove_if(files.begin(), files.end(),
+                             [](const QString& file) { return !opensDialog(file); }),
+              files.end());
+  return files;
+}
+
+bool TestHost::opensDialog(const QString& sampleFile) {
+  QFile file(sampleFile);
+  return file.open(QIODevice::ReadOnly) && !file.readAll().contains("// Opens: no dialog");
 }
 
 unsigned testSeed() {

@@ -3,6 +3,7 @@
 #include "Call/HostCall.h"
 #include "Drive/DialogActions.h"
 #include "Drive/DialogDriver.h"
+#include "HostSupport/Registry.h"
 #include "Script/ScriptEngine.h"
 
 #include <QApplication>
@@ -10,35 +11,50 @@
 
 #include <functional>
 
-/// The development host as the tests over the whole registry use it: offscreen, with settings of
-/// its own, the real module loaded, and every Qt warning kept.
+/// A module: its functions and commands, and the entries that it serves to others.
+struct LoadedModule {
+  FunctionTable table;
+  std::vector<DynFuncDefRecord> served;
+
+  void load(const QString& file);
+};
+
+/// The development host as the tests over the whole registry use it: offscreen, with settings and
+/// folders of its own, the real module loaded, and every Qt warning kept.
 class TestHost {
 public:
   TestHost(int& argc, char** argv);
   ~TestHost();
   static TestHost& instance();
 
-  FunctionTable& table() { return m_table; }
+  FunctionTable& table() { return m_module.table; }
+  const LoadedModule& module() const { return m_module; }
   ScriptEngine& engine() { return *m_engine; }
   DialogDriver& driver() { return *m_driver; }
-  QString settingsDir() const { return m_settings.path(); }
 
-  /// Files of the settings folder with their contents, but for the remembered window geometry.
-  QByteArray settingsSnapshot() const;
+  /// All that a dialog could leave behind: the files of the settings (but for the remembered
+  /// geometry), of the temporary and the current folder with their contents, the clipboard, and the
+  /// number of windows.
+  QByteArray traces() const;
+  void forgetSettings(); ///< where dialogs were above all
   QStringList takeWarnings();
 
-  /// Runs a sample with `act` as the user of its first dialog.
+  /// Runs a sample with `act` as the user of its first dialog, where it opens one that it waits
+  /// for; closes the windows that it leaves open.
   ScriptEngine::Outcome runSample(const QString& file,
                                   const std::function<void(DialogActions&)>& act);
+  void closeDetachedWindows();
 
-  /// Samples of all functions that open a dialog and wait for it, sorted. A line "// Opens: no
-  /// dialog" in a sample says that its function does not.
-  static QStringList sampleFiles();
+  /// Samples of all functions, sorted. A line "// Opens: no dialog" in a sample says that its
+  /// function opens none and waits for it.
+  static QStringList allSampleFiles();
+  static QStringList sampleFiles(); ///< of those that open one
+  static bool opensDialog(const QString& sampleFile);
 
 private:
-  QTemporaryDir m_settings;
+  QTemporaryDir m_folder;
   QApplication m_application;
-  FunctionTable m_table;
+  LoadedModule m_module;
   std::unique_ptr<DialogDriver> m_driver;
   std::unique_ptr<ScriptEngine> m_engine;
 };
