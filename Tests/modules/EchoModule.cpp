@@ -1,6 +1,7 @@
 // A small module for the tests of the host: functions that give back what they were given, in every
 // way in which a module can.
 
+#include "EchoEntries.h"
 #include "HostSupport/Registration.h"
 #include "schematic_dynexport.h"
 #include "vecdll_dynexport.h"
@@ -194,6 +195,24 @@ FUNC_ERROR shape(const FuncArgsMinimal& args, FuncResultMinimal* result, YRef<Me
   return FUNC_OK;
 }
 
+/// What a test has to notice: one element more than it has asked for.
+FUNC_ERROR writeTooFar(const FuncArgsMinimal&, FuncResultMinimal* result, YRef<MessageHandler>,
+                       const ScpParseContext&, const FunctionRunTime&) {
+  constexpr int count = 3;
+  double* out = result->makeReals(count);
+  for (int i = 0; out && i <= count; ++i)
+    out[i] = i;
+  result->commit();
+  return FUNC_OK;
+}
+
+int countTexts(const YArray<YString>* texts) {
+  return texts
+             ? static_cast<int>(std::count_if(texts->begin(), texts->end(),
+                                              [](const YString& text) { return !text.isEmpty(); }))
+             : 0;
+}
+
 COMERROR note(int argc, char** argv, YRef<MessageHandler> messages, const ScpParseContext&) {
   for (int i = 0; i < argc; ++i)
     messages->message(argv[i]);
@@ -204,6 +223,10 @@ const FuncConstruct kindsFunction("Kinds", {AnyArg, AnyArg}, {}, 0, 2, kinds, ""
                                   FunctionOption());
 const FuncConstruct shapeFunction("Shape", {RealArg, RealArg}, {}, 1, 1, shape, "", IntVectorResult,
                                   FunctionOption());
+const FuncConstruct writeTooFarFunction("WriteTooFar", {}, {}, 0, 0, writeTooFar, "",
+                                        RealVectorResult, FunctionOption());
+const RegisterDynFuncDef countTextsEntry(echo_CountTexts.name, reinterpret_cast<void*>(countTexts),
+                                         echo_CountTexts.file, echo_CountTexts.line);
 const ComConstruct noteCommand("Note", note, 0, "");
 
 } // namespace

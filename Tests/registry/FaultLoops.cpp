@@ -55,7 +55,7 @@ TEST_P(FaultLoop, HostCallbacks) {
       break;
   }
   EXPECT_LT(failing, farTooMany);
-  EXPECT_GT(failing, 1) << "the sample made no host callback";
+  EXPECT_TRUE(failing > 1 || !TestHost::opensDialog(sample())) << "it made no host callback";
   EXPECT_TRUE(runAccepted());
 }
 
@@ -82,7 +82,7 @@ TEST_P(FaultLoop, FileOperations) {
 
 std::vector<std::string> samples() {
   std::vector<std::string> files;
-  for (const QString& file : TestHost::sampleFiles())
+  for (const QString& file : TestHost::allSampleFiles())
     files.push_back(file.toStdString());
   return files;
 }

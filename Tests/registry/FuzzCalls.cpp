@@ -1,4 +1,8 @@
+#include "GuardedCall.h"
+#include "ServedEntries.h"
 #include "TestHost.h"
+
+#include "HostSupport/System.h"
 
 #include <gtest/gtest.h>
 
@@ -151,40 +155,86 @@ void playWith(DialogActions& dialog, Chance& chance) {
   }
 }
 
-void callOnce(const FunctionInfo& function, Chance& chance) {
-  std::vector<ScriptVector> arguments;
-  for (int i = 0, count = chance.below(function.maxArgs + 1); i < count; ++i)
-    arguments.push_back(randomVector(chance, function.argTypes.value(i, AnyArg)));
-
+/// Makes the call and plays with the dialog that it opens, where it opens one.
+void playing(Chance& chance, const std::function<void()>& call) {
   TestHost& host = TestHost::instance();
   host.driver().beginScope();
   host.driver().onDialog([&chance](QWidget* widget) {
     DialogActions dialog(widget);
     playWith(dialog, chance);
   });
-  try {
-    callHandler(function, arguments);
-  } catch (const CallError&) {
-    // An entry that nobody provides here.
-  }
+  call();
   host.driver().endScope();
   host.driver().clearFailures();
-  for (QWidget* window : host.driver().detachedWindows())
-    window->close();
+  host.closeDetachedWindows();
+}
+
+void callOnce(const FunctionInfo& function, Chance& chance) {
+  std::vector<ScriptVector> arguments;
+  for (int i = 0, count = chance.below(function.maxArgs + 1); i < count; ++i)
+    arguments.push_back(randomVector(chance, function.argTypes.value(i, AnyArg)));
+  EXPECT_TRUE(keepsToItsResult(function, arguments))
+      << qPrintable(function.name) << " writes outside of its result";
+}
+
+void commandOnce(const FunctionTable& table, const QString& name, Chance& chance) {
+  QString line = name;
+  for (int i = chance.below(5); i > 0; --i) {
+    const QString word = QString::fromUtf8(randomText(chance));
+    line += QStringLiteral(" \"%1\"").arg(
+        QString(word).replace(QLatin1Char('"'), QStringLiteral("\"\"")));
+  }
+  try {
+    runCommand(table, line);
+  } catch (const CallError&) {
+    // What it does not take it may refuse.
+  }
+}
+
+void fuzz(const LoadedModule& module, const FunctionInfo& function, Chance& chance) {
+  const int rounds = qEnvironmentVariableIntValue("KV_FUZZ_ROUNDS");
+  const int calls = rounds > 0 ? rounds : 200;
+  for (int i = 0; i < calls; ++i)
+    playing(chance, [&] {
+      if (function.kind == FunctionInfo::Kind::Command)
+        commandOnce(module.table, function.name, chance);
+      else
+        callOnce(function, chance);
+    });
+  std::printf("%s: %d calls\n", qPrintable(function.name), calls);
+}
+
+void fuzzEntries(const LoadedModule& module, Chance& chance) {
+  for (const DynFuncDefRecord& record : module.served) {
+    const ServedEntry* entry = servedEntry(record.name);
+    ASSERT_TRUE(entry) << "ServedEntries.cpp does not say how to call " << record.name;
+    for (unsigned i = 0; i < 200; ++i)
+      playing(chance, [&] { entry->call(record.entry, unsigned(chance.below(1 << 20))); });
+    std::printf("%s: 200 calls\n", record.name.c_str());
+  }
 }
 
 } // namespace
 
 TEST(FuzzCalls, NothingCrashesOrHangs) {
   Chance chance(testSeed());
-  const int rounds = qEnvironmentVariableIntValue("KV_FUZZ_ROUNDS");
-  const int calls = rounds > 0 ? rounds : 200;
-  for (const FunctionInfo& function : TestHost::instance().table().functions()) {
-    if (function.kind != FunctionInfo::Kind::Legacy)
-      continue;
-    for (int i = 0; i < calls; ++i)
-      callOnce(function, chance);
-    std::printf("%s: %d calls\n", qPrintable(function.name), calls);
-  }
+  const LoadedModule& module = TestHost::instance().module();
+  for (const FunctionInfo& function : module.table.functions())
+    fuzz(module, function, chance);
+  fuzzEntries(module, chance);
   EXPECT_TRUE(TestHost::instance().driver().openDialogs().isEmpty());
+}
+
+TEST(FuzzCalls, ReachesEveryKind) {
+  static int messages = 0;
+  sp_SetMessageSink([](const char*) { ++messages; });
+  Chance chance(testSeed());
+  const LoadedModule& echo = TestHost::instance().echoModule();
+  for (const char* name : {"EchoAny", "Kinds", "Shape", "Note"})
+    fuzz(echo, *echo.table.find(QLatin1String(name)), chance);
+  fuzzEntries(echo, chance);
+  EXPECT_GT(messages, 0) << "the command's words did not reach it";
+  EXPECT_EQ(echo.served.size(), 1u);
+  EXPECT_FALSE(keepsToItsResult(*echo.table.find(QStringLiteral("WriteTooFar")), {}));
+  sp_SetMessageSink(nullptr);
 }

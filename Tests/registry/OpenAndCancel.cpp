@@ -1,114 +1,136 @@
+#include "ServedEntries.h"
 #include "TestHost.h"
 
 #include <gtest/gtest.h>
 
 #include <QDialog>
-#include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 
 #include <algorithm>
+#include <functional>
 #include <limits>
 #include <malloc.h>
 
-// Opens each function's dialog hundreds of times in one process and cancels it: memory must not go
-// on growing. Counted in bytes that the program holds, not in pages, so that it is exact; a
-// sanitizer's quarantine would spoil it, and the test is left out there. KV_OPENINGS=10000 opens
-// all of them at least that often, which takes its time.
+// Calls each function, command and entry hundreds of times in one process and cancels its dialog:
+// memory must not go on growing. Counted in bytes that the program holds, not in pages, so that it
+// is exact; a sanitizer's quarantine would spoil it, and the test is left out there.
+// KV_OPENINGS=10000 calls all of them at least that often, which takes its time.
 
 namespace {
 
-constexpr int openingsInRound = 300;
+constexpr int callsInRound = 300;
 // Caches fill in their own time, with the first dialog above all; what leaks grows in each round.
 constexpr int mostRounds = 12;
 // The smallest block of the heap has 32 bytes.
-constexpr std::size_t allowedPerOpening = 16;
+constexpr std::size_t allowedPerCall = 16;
 
 std::size_t heldBytes() {
   return mallinfo2().uordblks;
 }
 
-/// Opens and cancels the dialog; the least that was held after one of the last half of openings.
-std::size_t leastHeld(const FunctionInfo& function, const std::vector<ScriptVector>& arguments,
-                      int openings) {
+/// A call that is repeated; whether it opens a dialog that it waits for.
+struct Call {
+  std::string name;
+  bool opensDialog;
+  std::function<void()> make;
+};
+
+/// Makes the call and cancels its dialog; the least that was held after one of the last half.
+std::size_t leastHeld(const Call& call, int times) {
   TestHost& host = TestHost::instance();
   std::size_t least = std::numeric_limits<std::size_t>::max();
-  for (int i = 0; i < openings; ++i) {
-    QWidget* opened = nullptr;
-    const auto watching = QObject::connect(&host.driver(), &DialogDriver::dialogReady,
-                                           [&](QWidget* dialog) { opened = dialog; });
+  for (int i = 0; i < times; ++i) {
+    bool opened = false;
     host.driver().beginScope();
-    host.driver().onDialog([](QWidget* dialog) { static_cast<QDialog*>(dialog)->reject(); });
-    const CallResult result = callHandler(function, arguments);
+    if (call.opensDialog)
+      host.driver().onDialog([&opened](QWidget* dialog) {
+        opened = true;
+        static_cast<QDialog*>(dialog)->reject();
+      });
+    call.make();
     host.driver().endScope();
-    QObject::disconnect(watching);
-    EXPECT_TRUE(opened) << "opening " << i;
-    if (i >= openings / 2)
+    host.closeDetachedWindows();
+    EXPECT_EQ(opened, call.opensDialog) << "call " << i;
+    if (i >= times / 2)
       least = std::min(least, heldBytes());
   }
   return least;
 }
 
-void openAndCancel(const QString& sample, int times) {
-  TestHost& host = TestHost::instance();
-  QFile file(sample);
-  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-  // The call is taken from the sample once and repeated, so that the script engine's own memory
-  // stays out of the count.
-  QString function;
-  QString argumentsJson;
-  const auto connection = QObject::connect(&host.engine(), &ScriptEngine::called,
-                                           [&](const QString& name, const QString& arguments) {
-                                             function = name;
-                                             argumentsJson = arguments;
-                                           });
-  host.runSample(sample, [](DialogActions& dialog) { dialog.reject(); });
-  QObject::disconnect(connection);
-  const FunctionInfo* info = host.table().find(function);
-  ASSERT_TRUE(info);
-  if (info->kind != FunctionInfo::Kind::Legacy)
-    return;
-  std::vector<ScriptVector> arguments;
-  const QJsonArray given = QJsonDocument::fromJson(argumentsJson.toUtf8()).array();
-  for (const QJsonValue& argument : given) {
-    const QJsonArray elements = argument.isArray() ? argument.toArray() : QJsonArray{argument};
-    ScriptVector vector;
-    for (const QJsonValue& element : elements) {
-      if (element.isString()) {
-        vector.type = UserString;
-        vector.strings.push_back(element.toString().toUtf8());
-      } else {
-        vector.reals.push_back(element.toDouble());
-      }
-    }
-    arguments.push_back(vector);
-  }
-
-  const int openings = times > 0 ? times / 2 : openingsInRound;
-  const std::size_t allowed = allowedPerOpening * static_cast<std::size_t>(openings);
-  std::size_t before = leastHeld(*info, arguments, openings);
+void expectNoGrowth(const Call& call) {
+  const int given = qEnvironmentVariableIntValue("KV_OPENINGS");
+  const int times = given > 0 ? given / 2 : callsInRound;
+  const std::size_t allowed = allowedPerCall * static_cast<std::size_t>(times);
+  std::size_t before = leastHeld(call, times);
   std::size_t after = before;
   bool grows = true;
   for (int round = 1; round < mostRounds && grows && !testing::Test::HasFatalFailure(); ++round) {
-    after = leastHeld(*info, arguments, openings);
+    after = leastHeld(call, times);
     grows = after > before + allowed;
-    std::printf("%s: %zu bytes held after %d openings, %zu after as many more\n",
-                qPrintable(function), before, round * openings, after);
+    std::printf("%s: %zu bytes held after %d calls, %zu after as many more\n", call.name.c_str(),
+                before, round * times, after);
     before = after;
   }
-  EXPECT_FALSE(grows) << function.toStdString();
-  EXPECT_TRUE(host.driver().failures().isEmpty());
+  EXPECT_FALSE(grows) << call.name;
+  EXPECT_TRUE(TestHost::instance().driver().failures().isEmpty());
+}
+
+ScriptVector vectorOf(const QJsonValue& argument) {
+  ScriptVector vector;
+  for (const QJsonValue& element : argument.isArray() ? argument.toArray() : QJsonArray{argument}) {
+    if (element.isString()) {
+      vector.type = UserString;
+      vector.strings.push_back(element.toString().toUtf8());
+    } else {
+      vector.reals.push_back(element.toDouble());
+    }
+  }
+  return vector;
+}
+
+/// The call that a sample makes, taken from it once, so that the script engine's own memory stays
+/// out of the count. A sample of a command runs as it is.
+Call callOf(const QString& sample) {
+  TestHost& host = TestHost::instance();
+  QString name;
+  std::vector<ScriptVector> arguments;
+  const auto connection = QObject::connect(
+      &host.engine(), &ScriptEngine::called,
+      [&](const QString& function, const QString& argumentsJson) {
+        name = function;
+        arguments.clear();
+        for (const QJsonValue& argument : QJsonDocument::fromJson(argumentsJson.toUtf8()).array())
+          arguments.push_back(vectorOf(argument));
+      });
+  host.runSample(sample, [](DialogActions& dialog) { dialog.reject(); });
+  QObject::disconnect(connection);
+  const FunctionInfo* info = host.table().find(name);
+  const bool opens = TestHost::opensDialog(sample);
+  if (info && info->kind != FunctionInfo::Kind::Command)
+    return {name.toStdString(), opens, [info, arguments] { callHandler(*info, arguments); }};
+  return {QFileInfo(sample).baseName().toStdString(), opens,
+          [sample] { TestHost::instance().engine().runFile(sample); }};
+}
+
+Call callOf(const DynFuncDefRecord& record) {
+  const ServedEntry* entry = servedEntry(record.name);
+  EXPECT_TRUE(entry) << "ServedEntries.cpp does not say how to call " << record.name;
+  return {record.name, entry && entry->opensDialog,
+          [entry, record] { entry ? entry->call(record.entry, 0) : void(); }};
 }
 
 } // namespace
 
 TEST(OpenAndCancel, MemoryDoesNotGrow) {
-  const int given = qEnvironmentVariableIntValue("KV_OPENINGS");
+  TestHost& host = TestHost::instance();
   // What all dialogs share, of fonts above all, is made with the first of them.
-  TestHost::instance().runSample(TestHost::sampleFiles().first(),
-                                 [](DialogActions& dialog) { dialog.reject(); });
-  for (const QString& sample : TestHost::sampleFiles())
-    if (TestHost::instance().table().find(QFileInfo(sample).baseName())) // one call of each
-      openAndCancel(sample, given);
+  host.runSample(TestHost::sampleFiles().first(), [](DialogActions& dialog) { dialog.reject(); });
+  for (const QString& sample : TestHost::allSampleFiles())
+    if (host.table().find(QFileInfo(sample).baseName())) // one call of each
+      expectNoGrowth(callOf(sample));
+  for (const LoadedModule* module : {&host.module(), &host.echoModule()})
+    for (const DynFuncDefRecord& record : module->served)
+      expectNoGrowth(callOf(record));
 }

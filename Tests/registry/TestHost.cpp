@@ -84,6 +84,12 @@ TestHost& TestHost::instance() {
   return *currentHost;
 }
 
+const LoadedModule& TestHost::echoModule() {
+  if (m_echoModule.table.functions().isEmpty())
+    m_echoModule.load(QStringLiteral(KV_ECHO_MODULE_FILE));
+  return m_echoModule;
+}
+
 QByteArray TestHost::traces() const {
   QStringList names;
   for (const char* folder : foldersLeft) {

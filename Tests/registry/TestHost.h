@@ -10,6 +10,8 @@
 #include <QTemporaryDir>
 
 #include <functional>
+#include <memory>
+#include <vector>
 
 /// A module: its functions and commands, and the entries that it serves to others.
 struct LoadedModule {
@@ -29,6 +31,9 @@ public:
 
   FunctionTable& table() { return m_module.table; }
   const LoadedModule& module() const { return m_module; }
+  /// A module of the tests', so that typed functions, commands and entries are met before the real
+  /// one has all of them.
+  const LoadedModule& echoModule();
   ScriptEngine& engine() { return *m_engine; }
   DialogDriver& driver() { return *m_driver; }
 
@@ -55,6 +60,7 @@ private:
   QTemporaryDir m_folder;
   QApplication m_application;
   LoadedModule m_module;
+  LoadedModule m_echoModule;
   std::unique_ptr<DialogDriver> m_driver;
   std::unique_ptr<ScriptEngine> m_engine;
 };

@@ -97,7 +97,7 @@ TEST(FunctionTable, readsWhatAModuleRegisters) {
   const QString all =
       QStringLiteral("Apply ArgumentCount Ask AskSchematic EchoAny EchoReals "
                      "EchoStrings EmptyResult Evaluate EvaluateText Fail Hang Kinds "
-                     "Note Shape");
+                     "Note Shape WriteTooFar");
   EXPECT_EQ(namesOf(table).join(QLatin1Char(' ')), all);
   EXPECT_EQ(table.find(QStringLiteral("Kinds"))->kind, FunctionInfo::Kind::Typed);
   EXPECT_EQ(table.find(QStringLiteral("EchoReal")), nullptr);

@@ -187,7 +187,7 @@ TEST_F(ScriptEngineTest, runsProgramsAndPrints) {
   engine->setArguments({QStringLiteral("a b"), QStringLiteral("-x")});
   EXPECT_EQ(run("host.args"), "[\"a b\",\"-x\"]");
   EXPECT_EQ(run("EchoStrings(host.args)"), "[\"a b\",\"-x\"]");
-  EXPECT_EQ(run("host.functions().length"), "15");
+  EXPECT_EQ(run("host.functions().length"), "16");
   EXPECT_EQ(run("let d = []; for (let i = 0; i < 100000; ++i) d = [d]; d").substr(0, 3), "[[[");
   EXPECT_EQ(run("let c = {}; c.self = c; c"), "{\"self\":null}");
   EXPECT_FALSE(engine->hasFailed());
