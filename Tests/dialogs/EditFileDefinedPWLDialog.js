@@ -7,8 +7,15 @@ function box(args, act) {
   return EditFileDefinedPWLDialog(...args);
 }
 const rows = d => d.table(grid).map(r => r.slice(0, 2).join("|"));
-const kinds = d => d.table(grid).map((r, i) =>
-  d.cellInfo(grid, i, 0).kind.replace("PWLTableItem", "") || "Data");
+const colours = { Comment: "#008000", StartData: "#0000ff", Error: "#ff0000" };
+const kinds = d => d.table(grid).map((r, i) => {
+  const cells = [0, 1].map(column => d.cellInfo(grid, i, column));
+  const kind = cells[0].kind.replace("PWLTableItem", "") || "Data";
+  // The start data line spans its row.
+  for (const cell of cells.slice(0, kind === "StartData" ? 1 : 2))
+    equal(cell.foreground, colours[kind] || "#000000", `${kind} in row ${i}`);
+  return kind;
+});
 /// Runs an action that is answered by a message box, and gives the box.
 function told(act) {
   let message = null;
@@ -187,7 +194,6 @@ box([["START_DATA", "* c", "0 1", "x y", ""], source.concat("0", "V7")], d => {
     seen.command);
   equal(kinds(d).slice(0, 5), ["StartData", "Comment", "Data", "Error", "Data"]);
   equal(d.cellInfo(grid, 3, 1).toolTip, "Line number 4:\n\nThat is no number.");
-  equal(d.cellInfo(grid, 3, 0).foreground, "#ff0000");
   d.cell(grid, 3, 0, "3");
   equal(kinds(d)[3], "Data", "a correction takes the mark away");
   d.reject();

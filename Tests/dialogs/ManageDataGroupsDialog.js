@@ -13,6 +13,7 @@ function box(groups, act) {
 }
 const enabled = d => buttons.map(name => d.enabled(name) ? 1 : 0).join("");
 const flags = d => d.table(list).map(row => row[3]);
+const bold = d => d.table(list).map((row, i) => row.map((_, column) => d.cellInfo(list, i, column).bold));
 const hidden = d => d.table(list).map((_, row) => d.cellInfo(list, row, 0).hidden ? 1 : 0).join("");
 
 // --- what is shown ------------------------------------------------------------------------------
@@ -50,7 +51,9 @@ for (const [what, rows, act, result, off, states] of [
     d.choose(list, rows);
     act(d);
     equal([hidden(d), enabled(d)], [off, states], what);
-    equal(flags(d).filter(words => words.includes("current")).length, 1, `${what}: one is current`);
+    const current = flags(d).map(words => words.includes("current"));
+    equal(current.filter(is => is).length, 1, `${what}: one is current`);
+    equal(bold(d), current.map(is => [is, is, is, is]), `${what}: which is bold`);
     d.accept();
   }), texts(untouched.map((line, i) => result[i] || line)), what);
 

@@ -107,9 +107,18 @@ box([texts(six)], d => {
   equal(rows(d)[0], "3,3", "both cells of a row take the next as well");
   d.reject();
 });
+// The least number of points and one more always stay.
+for (const [least, segments] of [["0", 1], ["1", 1], ["2", 2], ["3", 3]])
+  box([texts("0 0 1 1 2 2 3 3 4 4").slice(0, 2 * segments + 4), options({ 5: least })], d => {
+    d.choose(grid, [[0, 0]]);
+    d.key(grid, "Delete");
+    equal(d.rows(grid), segments + 2, `at least ${least}: one goes`);
+    const { title, text } = warned(d, () => d.key(grid, "Delete"));
+    equal([title, text], ["Minimum segments", `You must have at least ${segments} segments`]);
+    equal(d.rows(grid), segments + 2, `at least ${least}: the next does not`);
+    d.reject();
+  });
 box([texts("0 0 1 1"), options({ 5: "2" })], d => {
-  d.choose(grid, [[0, 0]]);
-  equal(warned(d, () => d.key(grid, "Delete")).title, "Minimum segments");
   d.choose(grid, [[2, 0]]);
   d.key(grid, "Delete");
   equal(d.rows(grid), 2, "a blank row may always go");

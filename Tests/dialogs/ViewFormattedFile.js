@@ -44,6 +44,15 @@ equal(shown(`${folder}/notes.md`), "Notes\ntext");
 equal(shown(`${folder}/notes.md#Notes`), "Notes\ntext", "a place in a document");
 equal(shown(""), "");
 
+// What belongs to a document comes from the same host only, even where the path leads somewhere here.
+host.writeFile(`${folder}/blanks.css`, "p { white-space: pre }");
+for (const [sheet, text] of [["blanks.css", "a  b"], [`file://${folder}/blanks.css`, "a  b"],
+                             [`file:/${folder}/blanks.css`, "a b"]]) {
+  host.writeFile(`${folder}/styled.html`,
+                 `<html><head><link rel="stylesheet" type="text/css" href="${sheet}"></head><p>a  b</p></html>`);
+  equal(shown(`${folder}/styled.html`), text, sheet);
+}
+
 // What cannot be shown is said, and no device or folder stops the host.
 for (const name of [`${folder}/none.html`, folder, "/dev/zero", "none.html", "file:///none.html", "%s%n",
                     "<b>x</b>", "qrc:/none", "x".repeat(100000)])

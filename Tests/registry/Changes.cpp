@@ -345,10 +345,13 @@ std::vector<Opener> openers(DialogActions& dialog) {
     const QAbstractItemView* view = viewIn(widget);
     if (button && !button->isCheckable() && !others.contains(name) &&
         !qobject_cast<const QDialogButtonBox*>(button->parentWidget()))
-      found.push_back({name.toStdString(), [name](DialogActions& d) { d.click(name); }});
+      found.push_back({name.toStdString(), name, [](DialogActions&) {},
+                       [name](DialogActions& d) { d.click(name); }});
     else if (view && !(view->currentIndex().flags() & Qt::ItemIsEditable))
-      found.push_back(
-          {name.toStdString(), [name](DialogActions& d) { d.key(name, QStringLiteral("F2")); }});
+      for (int row = 0; row < std::min(dialog.rows(name), rowsTried); ++row)
+        found.push_back({name.toStdString() + ", row " + std::to_string(row), name,
+                         [name, row](DialogActions& d) { d.setCurrent(name, row); },
+                         [name](DialogActions& d) { d.key(name, QStringLiteral("F2")); }});
   }
   return found;
 }
@@ -369,8 +372,12 @@ int useOpeners(DialogActions& dialog) {
   };
   onEveryPage(dialog, [&](const std::string&) {
     for (const Opener& opener : openers(dialog)) {
-      const QString before = stateOf(dialog.dialog());
-      servingDialogs(acceptChanged, [&] { opener.use(dialog); });
+      QString before;
+      servingDialogs(acceptChanged, [&] {
+        opener.prepare(dialog);
+        before = stateOf(dialog.dialog());
+        opener.use(dialog);
+      });
       if (!dialog.isOpen())
         throw DriveError(
             QStringLiteral("%1 ended the dialog").arg(QString::fromStdString(opener.name)));

@@ -31,9 +31,11 @@ struct Changes {
 /// entries, ticks boxes, selects and edits rows, moves sliders. `variant` varies what is put in.
 Changes changeFields(DialogActions& dialog, int variant = 0);
 
-/// A button, or a list with F2 for its row: what changes the dialog at once or opens another.
+/// A button, or a row of a list with F2 for it: what changes the dialog at once or opens another.
 struct Opener {
   std::string name;
+  QString widget;
+  std::function<void(DialogActions& dialog)> prepare;
   std::function<void(DialogActions& dialog)> use;
 };
 

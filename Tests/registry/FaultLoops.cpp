@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -78,6 +80,30 @@ TEST_P(FaultLoop, FileOperations) {
     ++s_samples;
     s_withoutFiles += failing == 1;
   }
+}
+
+// A disk that is full takes bytes and says so only when they are to be on it.
+TEST(FullDisk, IsNoticed) {
+  const QString full = QStringLiteral("/dev/full");
+  const QString folder = QDir::temp().filePath(QStringLiteral("Kelvarin"));
+  const QString deck = folder + QStringLiteral("/fdpwl_test_syntax_deck.deck");
+  if (!QFile::exists(full) || !QDir().mkpath(folder))
+    GTEST_SKIP();
+  QFile::remove(deck);
+  ASSERT_TRUE(QFile::link(full, deck));
+  QString title;
+  TestHost& host = TestHost::instance();
+  host.runSample(QStringLiteral(KV_SAMPLE_DIR "/EditFileDefinedPWLDialog.js"),
+                 [&](DialogActions& dialog) {
+                   host.driver().onDialog([&](QWidget* box) {
+                     title = box->windowTitle();
+                     DialogActions(box).accept();
+                   });
+                   dialog.click(QStringLiteral("toolButtonCheckSyntax"));
+                   dialog.reject();
+                 });
+  QFile::remove(deck);
+  EXPECT_EQ(title.toStdString(), "Temporary Directory Not Writeable");
 }
 
 std::vector<std::string> samples() {
