@@ -1,5 +1,5 @@
 #include "Core/Generic/FieldDefinition.h"
-#include "Core/Pieces/Integers.h"
+#include "Core/Frame/Integers.h"
 
 #include <gtest/gtest.h>
 

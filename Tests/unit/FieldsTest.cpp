@@ -1,5 +1,5 @@
 #include "BrennixAnalysisData.h"
-#include "Core/Pieces/Words.h"
+#include "Core/Frame/Words.h"
 #include "FieldsCheck.h"
 #include "HostWidgets/RadioGroup.h"
 #include "HostWidgets/Spinner.h"

@@ -1,6 +1,6 @@
 #include "Core/Application/DataGroups.h"
 
-#include "Core/Pieces/Words.h"
+#include "Core/Frame/Words.h"
 #include "HostSupport/Parsing.h"
 
 namespace {

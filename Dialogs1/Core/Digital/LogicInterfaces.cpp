@@ -1,6 +1,6 @@
 #include "Core/Digital/LogicInterfaces.h"
 
-#include "Core/Pieces/Integers.h"
+#include "Core/Frame/Integers.h"
 #include "HostSupport/Numbers.h"
 #include "HostSupport/Parsing.h"
 

@@ -1,7 +1,7 @@
 #include "Core/Generic/FieldDefinition.h"
 
-#include "Core/Pieces/Integers.h"
-#include "Core/Pieces/Words.h"
+#include "Core/Frame/Integers.h"
+#include "Core/Frame/Words.h"
 #include "HostSupport/Numbers.h"
 #include "HostSupport/Parsing.h"
 

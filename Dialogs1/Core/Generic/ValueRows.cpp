@@ -1,6 +1,6 @@
 #include "Core/Generic/ValueRows.h"
 
-#include "Core/Pieces/Words.h"
+#include "Core/Frame/Words.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "Core/Properties/ObjectProperties.h"
 
-#include "Core/Pieces/Integers.h"
-#include "Core/Pieces/Words.h"
+#include "Core/Frame/Integers.h"
+#include "Core/Frame/Words.h"
 
 #include <algorithm>
 #include <cstring>

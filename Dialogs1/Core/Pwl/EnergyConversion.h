@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Core/Pieces/Words.h"
+#include "Core/Frame/Words.h"
 #include "Core/Pwl/PwlPoints.h"
 
 #include <QString>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Core/Pieces/Texts.h"
+#include "Core/Frame/Texts.h"
 #include "Core/Pwl/EnergyConversion.h"
 
 #include <optional>

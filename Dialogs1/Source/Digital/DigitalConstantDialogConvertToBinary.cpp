@@ -1,5 +1,5 @@
 #include "Core/Digital/DigitalConstant.h"
-#include "Core/Pieces/Texts.h"
+#include "Core/Frame/Texts.h"
 #include "Frame/TypedFunction.h"
 #include "HostSupport/Numbers.h"
 

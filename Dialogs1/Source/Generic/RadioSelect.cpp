@@ -1,6 +1,6 @@
 #include "Generic/RadioSelect.h"
 
-#include "Core/Pieces/Integers.h"
+#include "Core/Frame/Integers.h"
 #include "Core/Pieces/ObjectNames.h"
 #include "Frame/ScriptFunction.h"
 #include "Generic/RowBox.h"

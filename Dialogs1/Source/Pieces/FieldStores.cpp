@@ -1,7 +1,7 @@
 #include "Pieces/FieldStores.h"
 
 #include "BrennixAnalysisData.h"
-#include "Core/Pieces/Integers.h"
+#include "Core/Frame/Integers.h"
 #include "HostSupport/Numbers.h"
 #include "HostSupportQt/Text.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Core/Pieces/Texts.h"
+#include "Core/Frame/Texts.h"
 #include "HostSupport/Options.h"
 
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "Properties/AddPropertyDialog.h"
 
-#include "Core/Pieces/Integers.h"
+#include "Core/Frame/Integers.h"
 #include "Core/Properties/PropertyFlags.h"
 #include "Frame/ScriptFunction.h"
 #include "HostSupportQt/HostSupportQt.h"

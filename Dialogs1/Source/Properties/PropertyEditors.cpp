@@ -1,7 +1,7 @@
 #include "Properties/PropertyEditors.h"
 
+#include "Core/Frame/Integers.h"
 #include "Core/Pieces/FontSpec.h"
-#include "Core/Pieces/Integers.h"
 #include "Generic/InputDialog.h"
 #include "Generic/RadioSelect.h"
 #include "Generic/RowBox.h"

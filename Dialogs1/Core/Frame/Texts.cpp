@@ -1,6 +1,6 @@
-#include "Core/Pieces/Texts.h"
+#include "Core/Frame/Texts.h"
 
-#include "Core/Pieces/Integers.h"
+#include "Core/Frame/Integers.h"
 #include "HostSupport/Arguments.h"
 #include "HostSupport/Registration.h"
 

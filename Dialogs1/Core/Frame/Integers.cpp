@@ -1,4 +1,4 @@
-#include "Core/Pieces/Integers.h"
+#include "Core/Frame/Integers.h"
 
 #include <algorithm>
 #include <cmath>
