@@ -5,20 +5,22 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <string>
 
 // What every table of a sheet has to keep: no place is bound twice, and what is loaded comes back.
 
-inline std::set<int> boundPlaces(const Fields& fields) {
-  std::set<int> places;
+inline std::set<Place> boundPlaces(const Fields& fields) {
+  std::set<Place> places;
   for (const Field& field : fields)
-    EXPECT_TRUE(places.insert(field.place().number).second)
-        << "place " << field.place().number << " is bound twice";
+    EXPECT_TRUE(places.insert(field.place()).second)
+        << (field.place().name ? field.place().name : std::to_string(field.place().number))
+        << " is bound twice";
   return places;
 }
 
 /// A table over the elements of a vector; `texts` are texts that each bound element can show.
 inline void checkElements(const Fields& fields, const std::vector<YString>& texts) {
-  const std::set<int> places = boundPlaces(fields);
+  const std::set<Place> places = boundPlaces(fields);
   std::vector<const char*> raw;
   for (const YString& text : texts)
     raw.push_back(text.c_str());
@@ -28,15 +30,15 @@ inline void checkElements(const Fields& fields, const std::vector<YString>& text
   fields.store(&elements);
   ASSERT_EQ(result.count(), texts.size()) << "a place lies beyond the vector";
   for (unsigned place = 0; place < result.count(); ++place)
-    EXPECT_STREQ(result[place].c_str(), places.count(static_cast<int>(place)) ? raw[place] : "")
+    EXPECT_STREQ(result[place].c_str(), places.count(place) ? raw[place] : "")
         << "element " << place;
 }
 
 /// A table over the bits of a word.
 inline void checkBits(const Fields& fields) {
   std::uint32_t all = 0;
-  for (const int place : boundPlaces(fields))
-    all |= 1U << place;
+  for (const Place& place : boundPlaces(fields))
+    all |= 1U << place.number;
   for (std::uint32_t given = 1; given != 0; given <<= 1) {
     fields.load(Bits(given));
     Bits taken(~all);

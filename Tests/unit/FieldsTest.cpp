@@ -223,6 +223,33 @@ TEST_F(OptionFields, AreWrittenOnceTheyAreCommitted) {
   EXPECT_TRUE(sp_GetBoolOption("Echo"));
 }
 
+TEST_F(OptionFields, OnlyWhatDiffersIsWritten) {
+  sp_WriteOption("Depth", "1k");
+  Sheet sheet;
+  const Fields fields = {{sheet.depth, "Depth"},
+                         {{{sheet.perf, "perf"}, {sheet.histo, "histo"}}, "Mode"},
+                         {static_cast<QLineEdit*>(nullptr), "Absent"}};
+  sp_WriteOption("Mode", "of another version");
+  OptionKeys options;
+  fields.load(options);
+  EXPECT_EQ(sheet.depth->value(), 1000);
+  fields.store(&options);
+  ASSERT_TRUE(options.commit());
+  EXPECT_STREQ(sp_GetStringOption("Depth"), "1k") << "the same number in other words";
+  EXPECT_STREQ(sp_GetStringOption("Mode"), "of another version") << "no button knows it";
+
+  sheet.depth->setText(QStringLiteral("{2*n}"));
+  fields.store(&options);
+  sheet.depth->setText(QStringLiteral("1000"));
+  fields.store(&options);
+  ASSERT_TRUE(options.commit());
+  EXPECT_STREQ(sp_GetStringOption("Depth"), "1k") << "changed and changed back";
+  sheet.depth->setText(QStringLiteral("{2*n}"));
+  fields.store(&options);
+  ASSERT_TRUE(options.commit());
+  EXPECT_STREQ(sp_GetStringOption("Depth"), "{2*n}");
+}
+
 enum class Mode { Multi, Perf };
 constexpr Words<Mode> modes = {{"multi", Mode::Multi}, {"perf", Mode::Perf}, {"fast", Mode::Perf}};
 
@@ -232,6 +259,13 @@ TEST(Words, AreReadInAnyCaseAndWrittenAsTheTableHasThem) {
   EXPECT_EQ(modes.read("per"), std::nullopt);
   EXPECT_EQ(modes.read(nullptr, Mode::Perf), Mode::Perf);
   EXPECT_STREQ(modes.word(Mode::Perf), "perf");
+}
+
+TEST(Texts, AVectorTakesTextsOfItsOwn) {
+  TextVector texts(1);
+  texts.set(0, "of some length, so that it is on the heap");
+  texts.set(1000, texts[0]);
+  EXPECT_STREQ(texts[1000], texts[0]);
 }
 
 TEST(Texts, MissingAndDamagedTextsAreEmpty) {

@@ -5,6 +5,7 @@
 #include "HostSupport/Registration.h"
 
 #include <algorithm>
+#include <utility>
 
 Texts::Texts(UserFunctionInterface* call, int index) {
   sp_GetStringIfVector(call, index, &m_texts, &m_count);
@@ -50,10 +51,10 @@ const char* flagWord(bool isSet) {
   return isSet ? "true" : "false";
 }
 
-void TextVector::set(unsigned place, const YString& text) {
+void TextVector::set(unsigned place, YString text) {
   if (place >= count())
     m_texts.resize(std::size_t{place} + 1);
-  m_texts[place] = text;
+  m_texts[place] = std::move(text);
 }
 
 void TextVector::set(unsigned place, const QString& text) {

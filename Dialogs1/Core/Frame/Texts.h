@@ -50,7 +50,7 @@ public:
   const YString& operator[](unsigned place) const { return m_texts[place]; }
 
   // The vector grows to hold the place.
-  void set(unsigned place, const YString& text);
+  void set(unsigned place, YString text);
   void set(unsigned place, const char* text) { set(place, YString(text)); } ///< byte for byte
   void set(unsigned place, const QString& text);
   void setNumber(unsigned place, int number) { set(place, YString(number)); }

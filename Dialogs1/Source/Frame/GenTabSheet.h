@@ -11,8 +11,9 @@ public:
   using QWidget::QWidget;
   virtual int helpContextId(); ///< number of the sheet's help page; -1 for none
 
-protected:
   using QWidget::setEnabled;
+
+protected:
   static void setEnabled(std::initializer_list<QWidget*> widgets, bool enabled) {
     ::setEnabled(widgets, enabled);
   }

@@ -58,8 +58,9 @@ public:
   void setStringResult(const YString& value) const;
   void setTextsResult(const TextVector& texts) const { texts.makeResult(scriptArgs); }
 
-protected:
   using QDialog::setEnabled;
+
+protected:
   static void setEnabled(std::initializer_list<QWidget*> widgets, bool enabled) {
     ::setEnabled(widgets, enabled);
   }

@@ -5,8 +5,10 @@
 #include "HostSupport/Numbers.h"
 #include "HostSupportQt/Text.h"
 
-bool operator==(const Place& a, const Place& b) {
-  return a.number == b.number && sp_CompareNoCase(a.name, b.name) == 0;
+#include <algorithm>
+
+bool operator<(const Place& a, const Place& b) {
+  return a.number != b.number ? a.number < b.number : sp_CompareNoCase(a.name, b.name) < 0;
 }
 
 FieldValue FieldValue::number(double number) {
@@ -39,15 +41,18 @@ bool Elements::read(const Place& place, FieldValue::Kind, FieldValue* value) con
 }
 
 void Elements::write(const Place& place, const FieldValue& value) {
+  Q_ASSERT(m_to);
   m_to->set(elementOf(place), value.asText());
 }
 
 bool Bits::read(const Place& place, FieldValue::Kind, FieldValue* value) const {
+  Q_ASSERT(place.number >= 0 && place.number < 32);
   *value = FieldValue::flag((m_word >> place.number & 1U) != 0);
   return true;
 }
 
 void Bits::write(const Place& place, const FieldValue& value) {
+  Q_ASSERT(place.number >= 0 && place.number < 32);
   const std::uint32_t bit = 1U << place.number;
   m_word = value.asFlag() ? m_word | bit : m_word & ~bit;
 }
@@ -138,6 +143,9 @@ namespace {
 OptionValue optionOf(const FieldValue& value) {
   switch (value.kind) {
   case FieldValue::Kind::Number:
+    // An expression has no number of its own.
+    if (!sp_IsEngNumber(value.asText()))
+      break;
     return OptionValue(value.asNumber());
   case FieldValue::Kind::Flag:
     return OptionValue(value.asFlag());
@@ -156,19 +164,30 @@ bool OptionKeys::read(const Place& place, FieldValue::Kind kind, FieldValue* val
   if (!sp_ReadOptionsInfo(place.name, &current, nullptr) ||
       current.kind() == OptionValue::Kind::None)
     return false;
+  double number = 0;
   if (kind == FieldValue::Kind::Flag)
     *value = FieldValue::flag(current.toBool());
+  else if (kind == FieldValue::Kind::Number && sp_IsEngNumber(current.toText(), &number))
+    *value = FieldValue::number(number);
   else
     *value = FieldValue::text(toQs(current.toText()));
   return true;
 }
 
 void OptionKeys::write(const Place& place, const FieldValue& value) {
+  const auto isThis = [&place](const OptionSetting& change) {
+    return change.key == YString(place.name);
+  };
+  m_changes.erase(std::remove_if(m_changes.begin(), m_changes.end(), isThis), m_changes.end());
   FieldValue current = FieldValue::text(QString());
-  if (!read(place, value.kind, &current) || optionOf(value).toText() != optionOf(current).toText())
+  // Numbers that are alike may be written in other words.
+  if (!read(place, value.kind, &current) || optionOf(value) != optionOf(current))
     m_changes.push_back({YString(place.name), optionOf(value)});
 }
 
 bool OptionKeys::commit() {
-  return sp_WriteOptions(m_changes);
+  if (!sp_WriteOptions(m_changes))
+    return false;
+  m_changes.clear();
+  return true;
 }

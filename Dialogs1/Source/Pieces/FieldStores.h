@@ -9,7 +9,7 @@
 struct BrennixAnalysisData;
 
 /// Where a value is kept: an element of a vector or a bit of a word by its number, a parameter or
-/// an option by its name.
+/// an option by its name, which has to outlive the place.
 struct Place {
   Place(int elementNumber) : number(elementNumber) {}
   Place(unsigned elementNumber) : number(static_cast<int>(elementNumber)) {}
@@ -19,7 +19,7 @@ struct Place {
   const char* name = nullptr;
 };
 
-bool operator==(const Place& a, const Place& b); ///< names compare without regard to case
+bool operator<(const Place& a, const Place& b); ///< names compare without regard to case
 
 /// A value on its way between a field and its store. Each kind can be asked for as any other.
 class FieldValue {
@@ -65,7 +65,9 @@ public:
 /// empty.
 class Elements : public FieldStore {
 public:
+  /// To load from; there is nothing to store to.
   explicit Elements(const Texts& from, unsigned first = 0) : m_from(from), m_first(first) {}
+  /// To store to; there is nothing to load from.
   explicit Elements(TextVector* to, unsigned first = 0) : m_to(to), m_first(first) {}
 
   bool read(const Place& place, FieldValue::Kind kind, FieldValue* value) const override;
@@ -73,6 +75,7 @@ public:
 
 private:
   unsigned elementOf(const Place& place) const {
+    Q_ASSERT(place.number >= 0);
     return m_first + static_cast<unsigned>(place.number);
   }
 

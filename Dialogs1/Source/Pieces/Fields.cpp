@@ -1,5 +1,6 @@
 #include "Pieces/Fields.h"
 
+#include "Core/Frame/Integers.h"
 #include "HostSupportQt/Text.h"
 #include "HostWidgets/RadioGroup.h"
 #include "HostWidgets/Spinner.h"
@@ -9,6 +10,8 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QRadioButton>
+
+#include <algorithm>
 
 using Kind = FieldValue::Kind;
 
@@ -28,47 +31,53 @@ void showNumber(Spinner* edit, const FieldValue& value) {
 
 } // namespace
 
-Field::Field(Place place, Kind kind, Show show, Read read)
-    : m_place(place), m_kind(kind), m_show(std::move(show)), m_read(std::move(read)) {}
+Field::Field(const QWidget* widget, Place place, Kind kind, Show show, Read read)
+    : m_isThere(widget), m_place(place), m_kind(kind), m_show(std::move(show)),
+      m_read(std::move(read)) {}
 
 Field::Field(QAbstractButton* box, Place place)
     : Field(
-          place, Kind::Flag, [box](const FieldValue& value) { box->setChecked(value.asFlag()); },
+          box, place, Kind::Flag,
+          [box](const FieldValue& value) { box->setChecked(value.asFlag()); },
           [box] { return FieldValue::flag(box->isChecked()); }) {}
 
 Field::Field(QGroupBox* box, Place place)
     : Field(
-          place, Kind::Flag, [box](const FieldValue& value) { box->setChecked(value.asFlag()); },
+          box, place, Kind::Flag,
+          [box](const FieldValue& value) { box->setChecked(value.asFlag()); },
           [box] { return FieldValue::flag(box->isChecked()); }) {}
 
 Field::Field(QLineEdit* edit, Place place)
     : Field(
-          place, Kind::Text, [edit](const FieldValue& value) { edit->setText(value.asText()); },
+          edit, place, Kind::Text,
+          [edit](const FieldValue& value) { edit->setText(value.asText()); },
           [edit] { return FieldValue::text(edit->text()); }) {}
 
 Field::Field(QPlainTextEdit* edit, Place place)
     : Field(
-          place, Kind::Text,
+          edit, place, Kind::Text,
           [edit](const FieldValue& value) { edit->setPlainText(value.asText()); },
           [edit] { return FieldValue::text(edit->toPlainText()); }) {}
 
 Field::Field(Spinner* edit, Place place)
     : Field(
-          place, Kind::Number, [edit](const FieldValue& value) { showNumber(edit, value); },
+          edit, place, Kind::Number, [edit](const FieldValue& value) { showNumber(edit, value); },
           [edit] { return FieldValue::number(edit->value(), edit->text()); }) {}
 
 Field::Field(QComboBox* combo, Place place)
     : Field(
-          place, Kind::Text,
+          combo, place, Kind::Text,
           [combo](const FieldValue& value) { combo->setCurrentText(value.asText()); },
           [combo] { return FieldValue::text(combo->currentText()); }) {}
 
 Field::Field(RadioGroup* group, Place place)
     : Field(
-          place, Kind::Row, [group](const FieldValue& value) { group->setValue(value.asRow()); },
-          [group] { return FieldValue::row(static_cast<int>(group->value())); }) {}
+          group, place, Kind::Row,
+          [group](const FieldValue& value) { group->setValue(value.asRow()); },
+          [group] { return FieldValue::row(truncatedToInt(group->value())); }) {}
 
-Field::Field(std::initializer_list<Choice> list, Place place) : Field(place, Kind::Text, {}, {}) {
+Field::Field(std::initializer_list<Choice> list, Place place)
+    : Field(list.size() > 0 ? list.begin()->button : nullptr, place, Kind::Text, {}, {}) {
   const std::vector<Choice> choices = list;
   m_show = [choices](const FieldValue& value) {
     for (const Choice& choice : choices)
@@ -78,19 +87,20 @@ Field::Field(std::initializer_list<Choice> list, Place place) : Field(place, Kin
   m_read = [choices] {
     for (const Choice& choice : choices)
       if (choice.button->isChecked())
-        return FieldValue::text(QString::fromLatin1(choice.word));
-    return FieldValue::text(QString());
+        return std::optional(FieldValue::text(QString::fromLatin1(choice.word)));
+    return std::optional<FieldValue>(); // a word that no button knows
   };
 }
 
 Field Field::row(QComboBox* combo, Place place) {
-  return {place, Kind::Row, [combo](const FieldValue& value) { showRow(combo, value.asRow()); },
+  return {combo, place, Kind::Row,
+          [combo](const FieldValue& value) { showRow(combo, value.asRow()); },
           [combo] { return FieldValue::row(combo->currentIndex()); }};
 }
 
 Field Field::buttonOf(QWidget* parent, Place place) {
-  const QList<QRadioButton*> buttons = parent->findChildren<QRadioButton*>();
-  return {place, Kind::Row,
+  const auto buttons = parent ? parent->findChildren<QRadioButton*>() : QList<QRadioButton*>();
+  return {parent, place, Kind::Row,
           [buttons](const FieldValue& value) {
             if (QRadioButton* button = buttons.value(value.asRow()))
               button->setChecked(true);
@@ -109,7 +119,7 @@ Field& Field::forEmpty(const char* text) {
 
 void Field::load(const FieldStore& store) const {
   FieldValue value = FieldValue::text(QString());
-  if (!store.read(m_place, m_kind, &value))
+  if (!m_isThere || !store.read(m_place, m_kind, &value))
     return;
   if (value.isEmpty() && m_forEmpty)
     value = FieldValue::text(QString::fromLatin1(m_forEmpty));
@@ -118,7 +128,10 @@ void Field::load(const FieldStore& store) const {
 }
 
 void Field::store(FieldStore* store) const {
-  store->write(m_place, m_read());
+  if (!m_isThere)
+    return;
+  if (const std::optional<FieldValue> value = m_read())
+    store->write(m_place, *value);
 }
 
 void Fields::load(const FieldStore& store) const {

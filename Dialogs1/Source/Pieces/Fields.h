@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <initializer_list>
+#include <optional>
 #include <vector>
 
 class QAbstractButton;
@@ -15,7 +16,8 @@ class QWidget;
 class RadioGroup;
 class Spinner;
 
-/// One row of a sheet's table: a widget, and the place where its value is kept.
+/// One row of a sheet's table: a widget, and the place where its value is kept. A widget that the
+/// form does not have is null; its row is passed over.
 class Field {
 public:
   /// A button of several that share a place, and the word that stands there while it is checked.
@@ -32,11 +34,12 @@ public:
   Field(QComboBox* combo, Place place);  ///< the text of its row
   Field(RadioGroup* group, Place place); ///< what its mapping gives the checked button
   Field(std::initializer_list<Choice> choices, Place place);
-  static Field row(QComboBox* combo, Place place);     ///< the index of its row
-  static Field buttonOf(QWidget* parent, Place place); ///< the index of its checked radio button
+  static Field row(QComboBox* combo, Place place); ///< the index of its row
+  /// The index of its checked radio button, in the order in which they were made; -1 for none.
+  static Field buttonOf(QWidget* parent, Place place);
 
-  /// What an empty text stands for. Without, it empties an edit, takes a tick away, and leaves any
-  /// other field as its form has it.
+  /// What an empty text stands for: `Field(form.cbDefault, Place).forEmpty("true")`. Without, it
+  /// empties an edit, takes a tick away, and leaves any other field as its form has it.
   Field& forEmpty(const char* text);
 
   const Place& place() const { return m_place; }
@@ -45,9 +48,10 @@ public:
 
 private:
   using Show = std::function<void(const FieldValue&)>;
-  using Read = std::function<FieldValue()>;
-  Field(Place place, FieldValue::Kind kind, Show show, Read read);
+  using Read = std::function<std::optional<FieldValue>()>; ///< nothing: what is stored stays
+  Field(const QWidget* widget, Place place, FieldValue::Kind kind, Show show, Read read);
 
+  bool m_isThere;
   Place m_place;
   FieldValue::Kind m_kind;
   Show m_show;

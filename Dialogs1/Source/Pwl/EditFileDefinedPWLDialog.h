@@ -28,6 +28,7 @@ public slots:
   virtual void selectFile_clicked();
   virtual void aFileSelectionButton_clicked(int row);
   virtual void aCell_Changed(int row, int column);
+  virtual void cellClicked(int, int) {} ///< the table says itself when a file is wanted
   virtual void validate_clicked();
   virtual void handleErrorMessages();
   virtual void comboboxF11FileName_IndexChanged(const QString& fileName);

@@ -29,7 +29,9 @@ public slots:
   virtual void radiogroupSymmetric_clicked(int selectedId);
   virtual void pasteButton_clicked();
   virtual void repeatButtonClicked();
+  virtual void groupBoxInitialCondition_clicked() {} ///< the group enables what is in it
   virtual void open_converter_tool();
+  void showMenu(int, int) {} ///< the table has its operations in its context menu
 
 private:
   void showOptions();
