@@ -3,6 +3,7 @@
 #include "TestHost.h"
 
 #include "HostSupport/System.h"
+#include "Services/Commands.h"
 
 #include <gtest/gtest.h>
 
