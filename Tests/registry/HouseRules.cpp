@@ -103,13 +103,18 @@ QWidget* composite(QWidget* widget) {
 
 bool hasAccessibleName(QWidget* widget) {
   QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(widget);
-  if (!accessible)
-    return false;
-  // A combo box gives its entry for a name where there is a label to tell the name.
-  if (qobject_cast<const QComboBox*>(widget))
-    return !widget->accessibleName().isEmpty() ||
-           !accessible->relations(QAccessible::Label).isEmpty();
-  return !accessible->text(QAccessible::Name).isEmpty();
+  if (!accessible || !widget->accessibleName().isEmpty())
+    return accessible;
+  for (const QLabel* label : widget->window()->findChildren<QLabel*>())
+    if (label->buddy() == widget)
+      return true;
+  // A combo box gives its entry for a name, and any field the title of the box that it stands in.
+  const auto* box = qobject_cast<const QGroupBox*>(widget->parentWidget());
+  const QString name = accessible->text(QAccessible::Name);
+  const bool isOwn =
+      qobject_cast<const QAbstractButton*>(widget) ||
+      (!qobject_cast<const QComboBox*>(widget) && !(box && name == plainCaption(box->title())));
+  return isOwn && !name.isEmpty();
 }
 
 void expectAccessible(const QWidget* dialog) {
