@@ -34,7 +34,11 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <cstdlib>
+#include <cxxabi.h>
+#include <memory>
 #include <set>
+#include <typeinfo>
 
 // What every dialog of the module has to be, whoever wrote it. The rules run over all samples, so a
 // dialog that is added is held to them by itself.
@@ -254,6 +258,15 @@ void expectPictures(const QWidget* dialog) {
       }
 }
 
+/// A class without a meta-object goes by the name of its base, and no text of it can be translated.
+void expectOwnClassName(const QWidget* dialog) {
+  int status = 0;
+  const std::unique_ptr<char, decltype(&std::free)> name(
+      abi::__cxa_demangle(typeid(*dialog).name(), nullptr, nullptr, &status), &std::free);
+  ASSERT_EQ(status, 0);
+  EXPECT_STREQ(dialog->metaObject()->className(), name.get());
+}
+
 /// By its button; by Escape where it has none.
 void pressCancel(DialogActions& dialog) {
   const QString cancel = QStringLiteral("cancelButton");
@@ -408,6 +421,7 @@ TEST_P(HouseRules, LooksAndReadsAsItShould) {
       actions.reject();
       return;
     }
+    expectOwnClassName(actions.dialog());
     expectPictures(actions.dialog());
     EXPECT_TRUE(actions.dialog()->focusWidget()) << "nothing has the focus on opening";
     onEveryPage(actions, [&](const std::string& page) {
