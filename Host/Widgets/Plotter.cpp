@@ -1,6 +1,5 @@
 #include "HostWidgets/Plotter.h"
 
-#include "PlotterAccessibility.h"
 #include "PlotterPrivate.h"
 
 #include <QEvent>
@@ -95,7 +94,7 @@ void Plotter::Private::setColour(QColor* colour, const QColor& value) {
 Plotter::Plotter(QWidget* parent, const char* objectName)
     : QWidget(parent), d(std::make_unique<Private>(this)) {
   setObjectName(QLatin1String(objectName));
-  PlotterAccessibility::install();
+  Private::installAccessibility();
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);

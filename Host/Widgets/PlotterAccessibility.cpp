@@ -1,6 +1,4 @@
-#include "PlotterAccessibility.h"
-
-#include "HostWidgets/Plotter.h"
+#include "PlotterPrivate.h"
 
 #include <QAccessibleWidget>
 
@@ -26,21 +24,21 @@ QAccessibleInterface* makeChart(const QString& className, QObject* object) {
 
 } // namespace
 
-void PlotterAccessibility::install() {
+void Plotter::Private::installAccessibility() {
   static const bool installed = (QAccessible::installFactory(makeChart), true);
   Q_UNUSED(installed)
 }
 
-void PlotterAccessibility::readOutChanged(Plotter* plotter) {
+void Plotter::Private::announceReadOut() const {
   if (!QAccessible::isActive())
     return;
-  QAccessibleValueChangeEvent event(plotter, plotter->readOut());
+  QAccessibleValueChangeEvent event(q, q->readOut());
   QAccessible::updateAccessibility(&event);
 }
 
 #else
 
-void PlotterAccessibility::install() {}
-void PlotterAccessibility::readOutChanged(Plotter*) {}
+void Plotter::Private::installAccessibility() {}
+void Plotter::Private::announceReadOut() const {}
 
 #endif

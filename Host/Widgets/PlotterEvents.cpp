@@ -1,4 +1,3 @@
-#include "PlotterAccessibility.h"
 #include "PlotterPrivate.h"
 
 #include <QKeyEvent>
@@ -63,7 +62,7 @@ void Plotter::Private::setCursor(const std::optional<QPointF>& position) {
   constexpr double none = std::numeric_limits<double>::quiet_NaN();
   const QPointF value = cursor ? valueAt(*cursor) : QPointF(none, none);
   emit q->cursorMoved(value.x(), value.y());
-  PlotterAccessibility::readOutChanged(q);
+  announceReadOut();
 }
 
 void Plotter::mousePressEvent(QMouseEvent* event) {

@@ -57,6 +57,10 @@ public:
   void drawBand(QPainter* painter) const;
   void drawCursor(QPainter* painter) const;
 
+  // What assistive technology sees of it: a chart whose value is the read-out.
+  static void installAccessibility(); ///< once in a process
+  void announceReadOut() const;       ///< if somebody listens
+
   // Mouse and keyboard.
   QRect band() const; ///< that a drag zooms to
   void zoomToBand();

@@ -2,7 +2,6 @@
 
 #include "HostSupport/Numbers.h"
 #include "HostSupportQt/Text.h"
-#include "SpinnerAccessibility.h"
 #include "SpinnerPrivate.h"
 #include "SpinnerSteps.h"
 
@@ -124,7 +123,7 @@ void Spinner::Private::textChanged(const QString& text) {
   }
   showKind();
   q->update(); // the arrows show whether a step is possible
-  SpinnerAccessibility::valueChanged(q);
+  announceValue();
   emit q->textChanged(text);
 }
 
@@ -224,7 +223,7 @@ void Spinner::Private::step(bool up, int count, Span span) {
 Spinner::Spinner(QWidget* parent, const char* objectName)
     : QWidget(parent), d(std::make_unique<Private>(this)) {
   setObjectName(QLatin1String(objectName));
-  SpinnerAccessibility::install();
+  Private::installAccessibility();
   setFocusPolicy(Qt::StrongFocus);
   setFocusProxy(d->edit);
   setSizePolicy(QSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed, QSizePolicy::SpinBox));

@@ -1,6 +1,4 @@
-#include "SpinnerAccessibility.h"
-
-#include "HostWidgets/Spinner.h"
+#include "SpinnerPrivate.h"
 
 #include <QAccessibleWidget>
 #include <QLineEdit>
@@ -137,21 +135,21 @@ QAccessibleInterface* makeSpinButton(const QString& className, QObject* object) 
 
 } // namespace
 
-void SpinnerAccessibility::install() {
+void Spinner::Private::installAccessibility() {
   static const bool installed = (QAccessible::installFactory(makeSpinButton), true);
   Q_UNUSED(installed)
 }
 
-void SpinnerAccessibility::valueChanged(Spinner* spinner) {
+void Spinner::Private::announceValue() const {
   if (!QAccessible::isActive())
     return;
-  QAccessibleValueChangeEvent event(spinner, spinner->value());
+  QAccessibleValueChangeEvent event(q, q->value());
   QAccessible::updateAccessibility(&event);
 }
 
 #else
 
-void SpinnerAccessibility::install() {}
-void SpinnerAccessibility::valueChanged(Spinner*) {}
+void Spinner::Private::installAccessibility() {}
+void Spinner::Private::announceValue() const {}
 
 #endif

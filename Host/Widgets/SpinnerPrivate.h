@@ -38,6 +38,10 @@ public:
   QString stepText(double from, double to) const;
   void writeStep(double from, double to);
 
+  // What assistive technology sees of it.
+  static void installAccessibility(); ///< once in a process
+  void announceValue() const;         ///< if somebody listens
+
   // Mouse, keyboard and painting.
   void initStyleOption(QStyleOptionSpinBox* option) const;
   void placeEdit();
