@@ -1,15 +1,16 @@
 #include "Workbench/LineNumbers.h"
 
 #include "Palettes.h"
-#include "Workbench/ScriptEditor.h"
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QTextBlock>
 
 static constexpr int sidePadding = 8;
 
-LineNumbers::LineNumbers(ScriptEditor* editor) : QWidget(editor), m_editor(editor) {}
+LineNumbers::LineNumbers(QPlainTextEdit* editor, VisibleLines visibleLines)
+    : QWidget(editor), m_editor(editor), m_visibleLines(std::move(visibleLines)) {}
 
 QSize LineNumbers::sizeHint() const {
   // Room for three digits at least, so that the text does not jump at the tenth line.
@@ -24,13 +25,12 @@ void LineNumbers::paintEvent(QPaintEvent* event) {
   painter.fillRect(event->rect(), colours.color(QPalette::AlternateBase));
   painter.setFont(m_editor->font());
   const int current = m_editor->textCursor().blockNumber();
-  for (const auto& line : m_editor->visibleLines()) {
-    const bool isError = line.number == m_editor->errorLine();
-    if (isError)
+  for (const Line& line : m_visibleLines()) {
+    if (line.isError)
       painter.fillRect(0, line.top, width(), line.height, inkColours(colours).error);
     QColor ink =
         colours.color(line.number == current + 1 ? QPalette::Text : QPalette::PlaceholderText);
-    if (isError)
+    if (line.isError)
       ink = colours.color(QPalette::Base);
     painter.setPen(ink);
     painter.drawText(0, line.top, width() - sidePadding, line.height, Qt::AlignRight,
@@ -39,7 +39,7 @@ void LineNumbers::paintEvent(QPaintEvent* event) {
 }
 
 void LineNumbers::mousePressEvent(QMouseEvent* event) {
-  for (const auto& line : m_editor->visibleLines())
+  for (const Line& line : m_visibleLines())
     if (event->y() >= line.top && event->y() < line.top + line.height)
-      m_editor->goToLine(line.number);
+      emit clicked(line.number);
 }

@@ -1,7 +1,6 @@
 #include "Workbench/ScriptEditor.h"
 
 #include "Palettes.h"
-#include "Workbench/LineNumbers.h"
 #include "Workbench/ScriptHighlighter.h"
 
 #include <QKeyEvent>
@@ -35,7 +34,7 @@ QString leadingBlanks(const QString& line) {
 } // namespace
 
 ScriptEditor::ScriptEditor(QWidget* parent)
-    : QPlainTextEdit(parent), m_numbers(new LineNumbers(this)),
+    : QPlainTextEdit(parent), m_numbers(new LineNumbers(this, [this] { return visibleLines(); })),
       m_highlighter(new ScriptHighlighter(this)) {
   setAccessibleName(tr("Script"));
   setLineWrapMode(NoWrap);
@@ -47,6 +46,7 @@ ScriptEditor::ScriptEditor(QWidget* parent)
     else
       m_numbers->update(0, area.y(), m_numbers->width(), area.height());
   });
+  connect(m_numbers, &LineNumbers::clicked, this, &ScriptEditor::goToLine);
   connect(this, &QPlainTextEdit::cursorPositionChanged, this, &ScriptEditor::updateMarks);
   connect(this, &QPlainTextEdit::textChanged, this, [this] {
     if (m_errorLine)
@@ -98,14 +98,15 @@ double ScriptEditor::fontSize() const {
   return font().pointSizeF();
 }
 
-QVector<ScriptEditor::VisibleLine> ScriptEditor::visibleLines() const {
-  QVector<VisibleLine> lines;
+QVector<LineNumbers::Line> ScriptEditor::visibleLines() const {
+  QVector<LineNumbers::Line> lines;
   QTextBlock block = firstVisibleBlock();
   double top = blockBoundingGeometry(block).translated(contentOffset()).top();
   while (block.isValid() && top <= viewport()->height()) {
     const double height = blockBoundingRect(block).height();
+    const int number = block.blockNumber() + 1;
     if (block.isVisible())
-      lines.append({block.blockNumber() + 1, int(std::round(top)), int(std::ceil(height))});
+      lines.append({number, int(std::round(top)), int(std::ceil(height)), number == m_errorLine});
     block = block.next();
     top += height;
   }

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "Workbench/LineNumbers.h"
+
 #include <QPlainTextEdit>
 
-class LineNumbers;
 class ScriptHighlighter;
 
 /// The editor of scripts: line numbers, colours, matching brackets, indentation by blanks, the mark
@@ -16,19 +17,10 @@ public:
   /// Shows another script with its own history of changes; null is not allowed.
   void showDocument(QTextDocument* document);
   void setFunctions(const QStringList& names); ///< to be coloured
-  int errorLine() const { return m_errorLine; }
-  void setErrorLine(int line); ///< counted from 1; 0 for none
+  void setErrorLine(int line);                 ///< counted from 1; 0 for none
   void goToLine(int line);
   void setFontSize(double points); ///< within what can be read
   double fontSize() const;
-
-  /// A line that can be seen, in pixels of the viewport.
-  struct VisibleLine {
-    int number = 0;
-    int top = 0;
-    int height = 0;
-  };
-  QVector<VisibleLine> visibleLines() const;
 
   static constexpr double defaultFontSize = 10;
 
@@ -42,6 +34,7 @@ protected:
   void changeEvent(QEvent* event) override;
 
 private:
+  QVector<LineNumbers::Line> visibleLines() const;
   void applyPaletteColours();
   void updateMargin();
   void updateMarks();
