@@ -18,7 +18,6 @@
 #include "Workbench/ScriptEditor.h"
 #include "Workbench/ScriptSession.h"
 #include "Workbench/Settings.h"
-#include "Workbench/WorkbenchMenus.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -81,7 +80,6 @@ Workbench::Workbench(FunctionTable* table, DialogDriver* driver) : m_table(table
   m_parts.functions = new FunctionTree(table, samples);
   m_parts.session = new ScriptSession(table, driver, this);
   build();
-  m_menus = new WorkbenchMenus(this);
   connectParts();
   restoreState();
 }
@@ -158,7 +156,6 @@ void Workbench::connectParts() {
     m_parts.editor->setFocus(Qt::OtherFocusReason);
   });
   connect(p.documents, &ScriptDocuments::shown, this, &Workbench::updateTitle);
-  connect(p.documents, &ScriptDocuments::fileUsed, m_menus, &WorkbenchMenus::noteFile);
   connect(p.editor, &ScriptEditor::fontSizeChanged, this,
           [](double points) { setSetting(section, "fontSize", scriptNumber(points)); });
   connect(p.history, &HistoryView::recalled, this, [this](const QString& script) {
@@ -176,7 +173,6 @@ void Workbench::connectParts() {
   });
 
   connect(p.session, &ScriptSession::runningChanged, this, [this](bool isRunning) {
-    m_menus->setRunning(isRunning);
     if (isRunning)
       m_state->setText(tr("Running…"));
   });

@@ -22,7 +22,6 @@ class ResultView;
 class ScriptDocuments;
 class ScriptEditor;
 class ScriptSession;
-class WorkbenchMenus;
 struct CallRecord;
 struct CallResult;
 
@@ -81,7 +80,6 @@ private:
   FunctionTable* m_table;
   QHash<QString, Sample> m_samples;
   WorkbenchParts m_parts;
-  WorkbenchMenus* m_menus = nullptr;
   QTabWidget* m_tabs = nullptr;
   QSplitter* m_columns = nullptr; ///< functions, editor and tabs, side
   QSplitter* m_rows = nullptr;    ///< editor, tabs

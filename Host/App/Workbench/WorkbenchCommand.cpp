@@ -12,6 +12,7 @@
 #include "Workbench/ScriptSession.h"
 #include "Workbench/Settings.h"
 #include "Workbench/Workbench.h"
+#include "Workbench/WorkbenchMenus.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -59,6 +60,7 @@ int runWorkbench(const CommandLine& line) {
   driver.setInteractive(true);
   HelpWindow::install();
   Workbench workbench(&table, &driver);
+  const WorkbenchMenus menus(&workbench);
   workbench.show();
   if (!line.screenshot.isEmpty())
     return takeScreenshot(&workbench, &driver, line.screenshot);

@@ -50,6 +50,8 @@ WorkbenchMenus::WorkbenchMenus(Workbench* workbench)
   addHelpMenu();
   addToolBar();
   setRunning(false);
+  connect(m_parts.session, &ScriptSession::runningChanged, this, &WorkbenchMenus::setRunning);
+  connect(m_parts.documents, &ScriptDocuments::fileUsed, this, &WorkbenchMenus::noteFile);
 }
 
 void WorkbenchMenus::addFileMenu() {

@@ -16,9 +16,6 @@ class WorkbenchMenus : public QObject {
 public:
   explicit WorkbenchMenus(Workbench* workbench);
 
-  void setRunning(bool isRunning);
-  void noteFile(const QString& path); ///< opened or saved
-
 private:
   void addFileMenu();
   void addEditMenu();
@@ -27,6 +24,8 @@ private:
   void addGoMenu();
   void addHelpMenu();
   void addToolBar();
+  void setRunning(bool isRunning);
+  void noteFile(const QString& path); ///< opened or saved
   void fillRecentMenu();
   void goToLine();
   void goToNextPane(int step);
