@@ -5,6 +5,7 @@
 
 #include "AsciiText.h"
 #include "FileAccess.h"
+#include "Locked.h"
 #include "Platform.h"
 
 #include <QDir>
@@ -14,7 +15,6 @@
 #include <cerrno>
 #include <charconv>
 #include <cstring>
-#include <mutex>
 
 namespace fs = std::filesystem;
 
@@ -376,25 +376,18 @@ struct SettingsFolder {
   YString path;
 };
 
-SettingsFolder& settingsFolder() {
-  static SettingsFolder* const folder = new SettingsFolder; // settings are written to the last
-  return *folder;
-}
-
 } // namespace
 
 YString sp_GetSettingsDir() {
-  SettingsFolder& folder = settingsFolder();
-  const std::lock_guard<std::mutex> lock(folder.mutex);
-  if (folder.path.isEmpty())
-    folder.path =
+  const Locked<SettingsFolder> folder;
+  if (folder->path.isEmpty())
+    folder->path =
         joined(textOf(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)),
                "Kelvarin");
-  return folder.path;
+  return folder->path;
 }
 
 void sp_SetSettingsDir(const YString& path) {
-  SettingsFolder& folder = settingsFolder();
-  const std::lock_guard<std::mutex> lock(folder.mutex);
-  folder.path = sp_GetFullPath(path);
+  const Locked<SettingsFolder> folder;
+  folder->path = sp_GetFullPath(path);
 }

@@ -4,12 +4,13 @@
 #include "HostSupport/Registry.h"
 #include "HostSupport/System.h"
 
+#include "Locked.h"
 #include "SettingsFile.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cstring>
-#include <mutex>
+#include <optional>
 
 namespace {
 
@@ -19,21 +20,14 @@ struct Store {
   SettingsFile settings{"settings.json", true};
 };
 
-/// Never destroyed: static objects of modules may still store something as the process ends.
-Store& store() {
-  static Store* const instance = new Store;
-  return *instance;
-}
-
 /// Runs `action` on one of the files, then tells the user what it had to say: without the lock,
 /// since whoever shows messages may ask for options.
 template <class Action> auto withFile(SettingsFile Store::*file, Action action) {
-  Store& all = store();
-  std::unique_lock<std::mutex> lock(all.mutex);
-  SettingsFile& settings = all.*file;
+  std::optional<Locked<Store>> all(std::in_place);
+  SettingsFile& settings = (**all).*file;
   const auto result = action(settings);
   const std::vector<std::string> messages = settings.takeMessages();
-  lock.unlock();
+  all.reset();
   for (const std::string& message : messages)
     sp_ReportMessage(message.c_str());
   return result;

@@ -1,8 +1,9 @@
 #include "HostSupport/Registry.h"
 
+#include "Locked.h"
+
 #include <algorithm>
 #include <map>
-#include <mutex>
 
 namespace {
 
@@ -23,15 +24,6 @@ struct Registry {
   std::vector<AutoFuncRecord> autoFuncs;
 };
 
-/// Made by the first registration, whichever library that is in, and never destroyed: static
-/// objects of modules deregister while the process ends.
-Registry& registry() {
-  static Registry* const instance = new Registry;
-  return *instance;
-}
-
-using Lock = std::lock_guard<std::mutex>;
-
 std::string textOf(const char* text) {
   return text ? text : "";
 }
@@ -45,9 +37,8 @@ template <class Record, class Fits> void removeLast(std::vector<Record>* records
 }
 
 template <class Record> std::vector<Record> snapshot(const std::vector<Record> Registry::*records) {
-  Registry& all = registry();
-  const Lock lock(all.mutex);
-  return all.*records;
+  const Locked<Registry> all;
+  return (*all).*records;
 }
 
 void* findEntry(const Registry& all, std::string_view name) {
@@ -80,12 +71,11 @@ OptionRecord* findOption(Registry& all, std::string_view name) {
 
 void declareOption(const char* file, int line, const YString& name,
                    const OptionValue& defaultValue) {
-  Registry& all = registry();
-  const Lock lock(all.mutex);
+  const Locked<Registry> all;
   OptionRecord record{textOf(name), textOf(file), line, defaultValue};
-  OptionRecord* const found = findOption(all, record.name);
+  OptionRecord* const found = findOption(*all, record.name);
   if (!found)
-    all.options.push_back(std::move(record));
+    all->options.push_back(std::move(record));
   else if (defaultValue.kind() != OptionValue::Kind::None)
     *found = std::move(record);
 }
@@ -98,22 +88,19 @@ FuncConstruct::FuncConstruct(const char* name, ArgTypeList<argType> types, ArgTy
   std::vector<ArgType> typeList;
   for (int i = 0; i < types.count(); ++i)
     typeList.push_back(types[i]);
-  Registry& all = registry();
-  const Lock lock(all.mutex);
-  all.functions.push_back(
+  const Locked<Registry> all;
+  all->functions.push_back(
       {this, textOf(name), std::move(typeList), minArgs, maxArgs, handler, result});
 }
 
 FuncConstruct::~FuncConstruct() {
-  Registry& all = registry();
-  const Lock lock(all.mutex);
-  removeLast(&all.functions, [this](const auto& record) { return record.owner == this; });
+  const Locked<Registry> all;
+  removeLast(&all->functions, [this](const auto& record) { return record.owner == this; });
 }
 
 ComConstruct::ComConstruct(const char* name, CommandHandler handler, int, const char*) {
-  Registry& all = registry();
-  const Lock lock(all.mutex);
-  all.commands.push_back({textOf(name), handler});
+  const Locked<Registry> all;
+  all->commands.push_back({textOf(name), handler});
 }
 
 RegisterDynFuncCall::RegisterDynFuncCall(void** slot, const char* name, bool required,
@@ -121,18 +108,16 @@ RegisterDynFuncCall::RegisterDynFuncCall(void** slot, const char* name, bool req
     : m_slot(slot) {
   if (!slot)
     return;
-  Registry& all = registry();
-  const Lock lock(all.mutex);
-  all.calls.push_back({slot, *slot, textOf(name), required, textOf(file), line});
-  fillSlot(all.calls.back(), findEntry(all, all.calls.back().name));
+  const Locked<Registry> all;
+  all->calls.push_back({slot, *slot, textOf(name), required, textOf(file), line});
+  fillSlot(all->calls.back(), findEntry(*all, all->calls.back().name));
 }
 
 RegisterDynFuncCall::~RegisterDynFuncCall() {
   if (!m_slot)
     return;
-  Registry& all = registry();
-  const Lock lock(all.mutex);
-  removeLast(&all.calls, [this](const DynFuncCallRecord& call) {
+  const Locked<Registry> all;
+  removeLast(&all->calls, [this](const DynFuncCallRecord& call) {
     if (call.slot != m_slot)
       return false;
     fillSlot(call, nullptr); // nobody will tell the slot any more when its provider goes
@@ -141,23 +126,21 @@ RegisterDynFuncCall::~RegisterDynFuncCall() {
 }
 
 RegisterDynFuncDef::RegisterDynFuncDef(const char* name, void* entry, const char* file, int line) {
-  Registry& all = registry();
-  const Lock lock(all.mutex);
-  all.definitions.push_back({this, textOf(name), entry, textOf(file), line});
-  resolve(all, all.definitions.back().name);
+  const Locked<Registry> all;
+  all->definitions.push_back({this, textOf(name), entry, textOf(file), line});
+  resolve(*all, all->definitions.back().name);
 }
 
 RegisterDynFuncDef::~RegisterDynFuncDef() {
-  Registry& all = registry();
-  const Lock lock(all.mutex);
+  const Locked<Registry> all;
   std::string name;
-  removeLast(&all.definitions, [&](DynFuncDefRecord& record) {
+  removeLast(&all->definitions, [&](DynFuncDefRecord& record) {
     if (record.owner != this)
       return false;
     name = std::move(record.name);
     return true;
   });
-  resolve(all, name);
+  resolve(*all, name);
 }
 
 MakeOption::MakeOption(const char* file, int line, const YString& name, bool, OptionCacheStatus,
@@ -175,15 +158,13 @@ void sp_MakeColourOption(const char* file, int line, const YString& key, const c
 }
 
 AutoFunc::AutoFunc(const char* event, void (*function)(void*), const char*) {
-  Registry& all = registry();
-  const Lock lock(all.mutex);
-  all.autoFuncs.push_back({this, textOf(event), function});
+  const Locked<Registry> all;
+  all->autoFuncs.push_back({this, textOf(event), function});
 }
 
 AutoFunc::~AutoFunc() {
-  Registry& all = registry();
-  const Lock lock(all.mutex);
-  removeLast(&all.autoFuncs, [this](const auto& record) { return record.owner == this; });
+  const Locked<Registry> all;
+  removeLast(&all->autoFuncs, [this](const auto& record) { return record.owner == this; });
 }
 
 std::vector<TypedFunctionRecord> sp_RegisteredFunctions() {
@@ -207,32 +188,28 @@ std::vector<OptionRecord> sp_RegisteredOptions() {
 }
 
 bool sp_FindOption(const char* name, OptionValue* defaultValue) {
-  Registry& all = registry();
-  const Lock lock(all.mutex);
-  const OptionRecord* const found = findOption(all, name ? name : "");
+  const Locked<Registry> all;
+  const OptionRecord* const found = findOption(*all, name ? name : "");
   if (found)
     *defaultValue = found->defaultValue;
   return found != nullptr;
 }
 
 void* sp_FindDynFunc(const char* name) {
-  Registry& all = registry();
-  const Lock lock(all.mutex);
-  return findEntry(all, name ? name : "");
+  const Locked<Registry> all;
+  return findEntry(*all, name ? name : "");
 }
 
 void sp_OverrideDynFunc(const char* name, void* entry) {
-  Registry& all = registry();
-  const Lock lock(all.mutex);
-  all.overrides[textOf(name)] = entry;
-  resolve(all, name ? name : "");
+  const Locked<Registry> all;
+  all->overrides[textOf(name)] = entry;
+  resolve(*all, name ? name : "");
 }
 
 void sp_RestoreDynFunc(const char* name) {
-  Registry& all = registry();
-  const Lock lock(all.mutex);
-  all.overrides.erase(textOf(name));
-  resolve(all, name ? name : "");
+  const Locked<Registry> all;
+  all->overrides.erase(textOf(name));
+  resolve(*all, name ? name : "");
 }
 
 void sp_RunAutoFuncs(const char* event, void* argument) {

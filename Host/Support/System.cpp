@@ -2,6 +2,7 @@
 
 #include "HostSupport/Numbers.h"
 
+#include "Locked.h"
 #include "Platform.h"
 
 #include <QLibrary>
@@ -11,7 +12,6 @@
 #include <cstdio>
 #include <map>
 #include <memory>
-#include <mutex>
 
 namespace {
 
@@ -21,14 +21,6 @@ struct SystemState {
   std::map<std::string, std::unique_ptr<QLibrary>, std::less<>> libraries;
 };
 
-/// Never destroyed: modules ask and unload to the end of the process.
-SystemState& state() {
-  static SystemState* const instance = new SystemState;
-  return *instance;
-}
-
-using Lock = std::lock_guard<std::mutex>;
-
 std::string keyOf(const YString& key) {
   YString lower = key;
   lower.tolower();
@@ -37,10 +29,9 @@ std::string keyOf(const YString& key) {
 
 /// What the host tells instead of the machine, if it does.
 bool findOverride(const YString& key, YString* value) {
-  SystemState& system = state();
-  const Lock lock(system.mutex);
-  const auto found = system.values.find(keyOf(key));
-  if (found == system.values.end())
+  const Locked<SystemState> system;
+  const auto found = system->values.find(keyOf(key));
+  if (found == system->values.end())
     return false;
   *value = YString(found->second);
   return true;
@@ -112,26 +103,24 @@ YString sp_GetSystemValue(const YString& key, bool* found) {
 }
 
 void sp_SetSystemValue(const YString& key, const char* value) {
-  SystemState& system = state();
-  const Lock lock(system.mutex);
+  const Locked<SystemState> system;
   if (value)
-    system.values[keyOf(key)] = value;
+    system->values[keyOf(key)] = value;
   else
-    system.values.erase(keyOf(key));
+    system->values.erase(keyOf(key));
 }
 
 void* sp_GetLibraryFunction(const char* library, const char* function, bool, const char* message,
                             bool) {
   QFunctionPointer entry = nullptr;
   if (library && *library && function && *function) {
-    SystemState& system = state();
-    const Lock lock(system.mutex);
-    std::unique_ptr<QLibrary>& loaded = system.libraries[library];
+    const Locked<SystemState> system;
+    std::unique_ptr<QLibrary>& loaded = system->libraries[library];
     if (!loaded)
       loaded = std::make_unique<QLibrary>(QString::fromUtf8(library));
     entry = loaded->resolve(function);
     if (!loaded->isLoaded())
-      system.libraries.erase(library);
+      system->libraries.erase(library);
   }
   if (!entry && message && *message)
     sp_ReportMessage(message);
@@ -139,13 +128,12 @@ void* sp_GetLibraryFunction(const char* library, const char* function, bool, con
 }
 
 bool sp_UnloadLibrary(const char* library) {
-  SystemState& system = state();
-  const Lock lock(system.mutex);
-  const auto found = system.libraries.find(library ? library : "");
-  if (found == system.libraries.end())
+  const Locked<SystemState> system;
+  const auto found = system->libraries.find(library ? library : "");
+  if (found == system->libraries.end())
     return false;
   const bool unloaded = found->second->unload();
-  system.libraries.erase(found);
+  system->libraries.erase(found);
   return unloaded;
 }
 

@@ -8,43 +8,34 @@
 #include <utility>
 #include <vector>
 
-/// A resizable array, as the host's entries pass it.
-template <class T> class YArray {
+/// What the containers below have in common.
+template <class Items> class YContainer {
 public:
-  YArray() = default;
   int count() const { return static_cast<int>(m_items.size()); }
   bool isEmpty() const { return m_items.empty(); }
-  void append(T item) { m_items.push_back(std::move(item)); }
+  void append(typename Items::value_type item) { m_items.push_back(std::move(item)); }
   void clear() { m_items.clear(); }
-  void reserve(int count) { m_items.reserve(static_cast<std::size_t>(count)); }
-  T& operator[](int index) { return m_items[static_cast<std::size_t>(index)]; }
-  const T& operator[](int index) const { return m_items[static_cast<std::size_t>(index)]; }
-  /// The element, or a default value where there is none.
-  T value(int index) const { return index >= 0 && index < count() ? (*this)[index] : T(); }
   auto begin() { return m_items.begin(); }
   auto end() { return m_items.end(); }
   auto begin() const { return m_items.begin(); }
   auto end() const { return m_items.end(); }
 
-private:
-  std::vector<T> m_items;
+protected:
+  Items m_items;
+};
+
+/// A resizable array, as the host's entries pass it.
+template <class T> class YArray : public YContainer<std::vector<T>> {
+public:
+  void reserve(int count) { this->m_items.reserve(static_cast<std::size_t>(count)); }
+  T& operator[](int index) { return this->m_items[static_cast<std::size_t>(index)]; }
+  const T& operator[](int index) const { return this->m_items[static_cast<std::size_t>(index)]; }
+  /// The element, or a default value where there is none.
+  T value(int index) const { return index >= 0 && index < this->count() ? (*this)[index] : T(); }
 };
 
 /// A linked list, as the host's entries pass it.
-template <class T> class YList {
-public:
-  int count() const { return static_cast<int>(m_items.size()); }
-  bool isEmpty() const { return m_items.empty(); }
-  void append(T item) { m_items.push_back(std::move(item)); }
-  void clear() { m_items.clear(); }
-  auto begin() { return m_items.begin(); }
-  auto end() { return m_items.end(); }
-  auto begin() const { return m_items.begin(); }
-  auto end() const { return m_items.end(); }
-
-private:
-  std::list<T> m_items;
-};
+template <class T> class YList : public YContainer<std::list<T>> {};
 
 /// A shared reference with an atomic count; the last release deletes the object through `T`.
 template <class T> class YRef {
@@ -83,25 +74,17 @@ private:
 };
 
 /// A vector that grows, filled with zeros, when an element beyond its end is accessed.
-template <class T> class YVector {
+template <class T> class YVector : public YContainer<std::vector<T>> {
 public:
-  int count() const { return static_cast<int>(m_items.size()); }
   /// Raises `KelvarinException` for a negative index.
   T& operator[](int index) {
     if (index < 0)
       throw KelvarinException("YVector index negative");
     const auto position = static_cast<std::size_t>(index);
-    if (position >= m_items.size())
-      m_items.resize(position + 1);
-    return m_items[position];
+    if (position >= this->m_items.size())
+      this->m_items.resize(position + 1);
+    return this->m_items[position];
   }
-  auto begin() { return m_items.begin(); }
-  auto end() { return m_items.end(); }
-  auto begin() const { return m_items.begin(); }
-  auto end() const { return m_items.end(); }
-
-private:
-  std::vector<T> m_items;
 };
 
 /// What the host's real vectors and those of a module have in common.
