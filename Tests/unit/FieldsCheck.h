@@ -18,20 +18,25 @@ inline std::set<Place> boundPlaces(const Fields& fields) {
   return places;
 }
 
-/// A table over the elements of a vector; `texts` are texts that each bound element can show.
-inline void checkElements(const Fields& fields, const std::vector<YString>& texts) {
+/// A table over the elements of a vector that stores these texts, and no others.
+inline void checkElementsAsShown(const Fields& fields, const std::vector<YString>& texts) {
   const std::set<Place> places = boundPlaces(fields);
-  std::vector<const char*> raw;
-  for (const YString& text : texts)
-    raw.push_back(text.c_str());
-  fields.load(Elements(Texts(raw.data(), static_cast<unsigned>(raw.size()))));
   TextVector result(static_cast<unsigned>(texts.size()));
   Elements elements(&result);
   fields.store(&elements);
   ASSERT_EQ(result.count(), texts.size()) << "a place lies beyond the vector";
   for (unsigned place = 0; place < result.count(); ++place)
-    EXPECT_STREQ(result[place].c_str(), places.count(place) ? raw[place] : "")
+    EXPECT_STREQ(result[place].c_str(), places.count(place) ? texts[place].c_str() : "")
         << "element " << place;
+}
+
+/// The same for texts that each bound element can show, once they are loaded.
+inline void checkElements(const Fields& fields, const std::vector<YString>& texts) {
+  std::vector<const char*> raw;
+  for (const YString& text : texts)
+    raw.push_back(text.c_str());
+  fields.load(Elements(Texts(raw.data(), static_cast<unsigned>(raw.size()))));
+  checkElementsAsShown(fields, texts);
 }
 
 /// A table over the bits of a word.

@@ -10,7 +10,8 @@
 static const ScriptFunction declaration("DefineRipperDialog", 2, "SS", StringVectorResult,
                                         runDialogFunction<DefineRipperDialog, UserString>);
 
-static constexpr unsigned styleElement = 3;
+enum Argument { Ripper, Styles };
+static constexpr unsigned styleElement = 3; // of the ripper
 
 DefineRipperDialog::DefineRipperDialog() : KelvarinDialog(nullptr, "DefineRipperDialog", true, {}) {
   form.setupUi(this);
@@ -27,10 +28,10 @@ void DefineRipperDialog::initialiseDialog() {
   form.spinner4->checkMaxMin();
   form.spinner5->checkMaxMin();
 
-  QStringList styles = texts(1).all();
+  QStringList styles = texts(Styles).all();
   std::transform(styles.cbegin(), styles.cend(), styles.begin(), rowText);
   showNames(form.styleCombo, styles);
-  const Texts ripper = texts(0);
+  const Texts ripper = texts(Ripper);
   if (ripper.has(styleElement))
     form.styleCombo->setValue(ripper.number(styleElement));
 }

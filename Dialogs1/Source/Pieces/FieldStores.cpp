@@ -45,6 +45,18 @@ void Elements::write(const Place& place, const FieldValue& value) {
   m_to->set(elementOf(place), value.asText());
 }
 
+bool Reals::read(const Place& place, FieldValue::Kind, FieldValue* value) const {
+  Q_ASSERT(place.number >= 0);
+  if (static_cast<unsigned>(place.number) >= m_count)
+    return false;
+  *value = FieldValue::number(m_reals[place.number]);
+  return true;
+}
+
+void Reals::write(const Place&, const FieldValue&) {
+  Q_ASSERT(false);
+}
+
 bool Bits::read(const Place& place, FieldValue::Kind, FieldValue* value) const {
   Q_ASSERT(place.number >= 0 && place.number < 32);
   *value = FieldValue::flag((m_word >> place.number & 1U) != 0);

@@ -84,6 +84,20 @@ private:
   unsigned m_first;
 };
 
+/// Numbers that a script has passed, to load from; a flag is any but 0. What was not passed leaves
+/// its field as the form has it.
+class Reals : public FieldStore {
+public:
+  Reals(const double* reals, unsigned count) : m_reals(reals), m_count(count) {}
+
+  bool read(const Place& place, FieldValue::Kind kind, FieldValue* value) const override;
+  void write(const Place& place, const FieldValue& value) override;
+
+private:
+  const double* m_reals;
+  unsigned m_count;
+};
+
 /// Bits of a word, each a flag.
 class Bits : public FieldStore {
 public:

@@ -95,8 +95,7 @@ void AddPropertyDialog::loadFontStyles(const PropertyRecord& property) {
 }
 
 void AddPropertyDialog::letOnlyLook() {
-  form.textLocationGroupBox->setEnabled(false);
-  form.propertyAttributesGroupBox->setEnabled(false);
+  setEnabled({form.textLocationGroupBox, form.propertyAttributesGroupBox}, false);
   form.nameEdit->setReadOnly(true);
   form.valueEdit->setReadOnly(true);
   form.okButton->hide();
@@ -106,8 +105,7 @@ void AddPropertyDialog::letOnlyLook() {
 }
 
 void AddPropertyDialog::fixName() {
-  form.textLabel1->setEnabled(false);
-  form.nameEdit->setEnabled(false);
+  setEnabled({form.textLabel1, form.nameEdit}, false);
   form.valueEdit->setFocus(Qt::TabFocusReason);
 }
 

@@ -90,8 +90,7 @@ ConvertPassiveToBRENNIXDialog::ConvertPassiveToBRENNIXDialog(QWidget* parent,
   loadInput();
   loadOutput();
   if (!inputText.isEmpty() && !outputText.isEmpty()) {
-    form.okButton->setEnabled(true);
-    form.plotButton->setEnabled(true);
+    setEnabled({form.okButton, form.plotButton}, true);
     if (isConvertible())
       recompute();
   }
@@ -101,8 +100,7 @@ ConvertPassiveToBRENNIXDialog::ConvertPassiveToBRENNIXDialog(QWidget* parent,
 void ConvertPassiveToBRENNIXDialog::prepareForm() {
   form.setupUi(this);
   form.RAW_DATA->hide();
-  form.okButton->setEnabled(false);
-  form.plotButton->setEnabled(false);
+  setEnabled({form.okButton, form.plotButton}, false);
   for (PointTable* table : {form.inputTable, form.outputPWLTable}) {
     table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     table->setLimits({maximumPoints, minimumCount, tooManyText(), tr("Minimum segments"),
@@ -248,8 +246,7 @@ void ConvertPassiveToBRENNIXDialog::convert() {
     QMessageBox::warning(this, tr("Cannot convert step-wise data"),
                          tr("Converting step-wise data is not allowed."));
   } else if (recompute()) {
-    form.plotButton->setEnabled(true);
-    form.okButton->setEnabled(true);
+    setEnabled({form.okButton, form.plotButton}, true);
   }
 }
 
@@ -276,8 +273,7 @@ void ConvertPassiveToBRENNIXDialog::revert() {
     return;
   }
   form.inputTable->setPoints(engTextOfCurve(differentiate(curveOfEngText(output))), 0);
-  form.plotButton->setEnabled(true);
-  form.okButton->setEnabled(true);
+  setEnabled({form.okButton, form.plotButton}, true);
   showComputed(form.integralDataTable, {PwlPoint()});
   showComputed(form.inputInterpDataTable, {PwlPoint()});
 }

@@ -5,7 +5,6 @@
 #include "HostSupport/HostSupport.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "Pieces/Captions.h"
-#include "Pieces/Fields.h"
 #include "Pwl/ConvertPassiveToBRENNIXDialog.h"
 
 #include <QMessageBox>
@@ -51,6 +50,8 @@ void append(TextVector* result, const Fields& fields) {
 
 PWLDialog::PWLDialog() : KelvarinDialog(nullptr, "PWLDialog", true, {}) {
   form.setupUi(this);
+  initialCondition = {{form.groupBoxInitialCondition, UsesCondition},
+                      {form.initialConditionEdit, Condition}};
   form.pwlGrid->setLimits({options.mostRows, options.leastPoints, tooManyText(),
                            tr("Minimum segments"), tr("You must have at least %1 segments")});
   form.pwlGrid->addRowActions(this);
@@ -151,9 +152,9 @@ void PWLDialog::loadNumbers() {
     form.repetionPeriodEdit->setValue(cycles);
   } else {
     const bool hasInitialCondition = count > Condition;
-    form.groupBoxInitialCondition->setChecked(hasInitialCondition && numbers[UsesCondition] != 0);
+    form.groupBoxInitialCondition->setChecked(false);
     if (hasInitialCondition)
-      form.initialConditionEdit->setValue(numbers[Condition]);
+      initialCondition.load(Reals(numbers, count));
     hasSourceIdle = count > SourceIdle;
     form.cbSourceIdle->setVisible(hasSourceIdle);
     form.cbSourceIdle->setChecked(!hasSourceIdle || numbers[SourceIdle] != 0);
@@ -190,8 +191,7 @@ void PWLDialog::readDialog(UserDataType, bool accepted) {
     result.append(form.rbRepeatForever->isChecked() ? QStringLiteral("0")
                                                     : form.repetionPeriodEdit->text());
   if (options.initialCondition != InitialCondition::None)
-    append(&result, {{form.groupBoxInitialCondition, UsesCondition},
-                     {form.initialConditionEdit, Condition}});
+    append(&result, initialCondition);
   if (hasSourceIdle)
     result.append(flagWord(form.cbSourceIdle->isChecked()));
   if (options.converter != EnergyStorage::None)

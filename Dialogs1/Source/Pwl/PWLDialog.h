@@ -4,6 +4,7 @@
 #include "Core/Pwl/PwlOptions.h"
 #include "Core/Pwl/PwlPoints.h"
 #include "Frame/KelvarinDialog.h"
+#include "Pieces/Fields.h"
 #include "Pwl/ui_BasePWLDialog.h"
 
 /// A piecewise-linear definition: a source over time, a non-linear inductor or capacitor, or any
@@ -32,6 +33,9 @@ public slots:
   virtual void groupBoxInitialCondition_clicked() {} ///< the group enables what is in it
   virtual void open_converter_tool();
   void showMenu(int, int) {} ///< the table has its operations in its context menu
+
+protected:
+  Fields initialCondition; ///< by `Number` of the call, and so from its place in the result on
 
 private:
   void showOptions();
