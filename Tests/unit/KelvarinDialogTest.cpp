@@ -11,9 +11,11 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -318,6 +320,53 @@ TEST(KelvarinDialog, OkFinishesTheCellThatIsOpen) {
   dialog.addButton("okButton");
   EXPECT_TRUE(dialog.runDialog(call.block(), UserReal));
   EXPECT_EQ(cell, QStringLiteral("typed"));
+}
+
+TEST(KelvarinDialog, AnyWayToAcceptFinishesTheOpenField) {
+  FakeCall call;
+  double taken = 0;
+  int changes = 0;
+  TestDialog dialog([&](TestDialog* d) {
+    auto* edit = d->findChild<Spinner*>();
+    d->activateWindow();
+    edit->setFocus();
+    QApplication::processEvents();
+    edit->findChild<QLineEdit*>()->setText(QStringLiteral("500"));
+    QObject::connect(edit, &Spinner::changed, edit, [&] { ++changes; });
+    d->okClicked();
+    taken = edit->value();
+  });
+  auto* edit = new Spinner(&dialog);
+  edit->setMax(10);
+  dialog.layout()->addWidget(edit);
+  EXPECT_TRUE(dialog.runDialog(call.block(), UserReal));
+  EXPECT_EQ(taken, 10);
+  EXPECT_EQ(changes, 1);
+}
+
+/// Raised by a slot that a button of a dialog calls.
+struct SlotFault : std::exception {};
+
+TEST(KelvarinDialog, AnExceptionOfASlotLeavesTheCallAndTakesTheDialogAlong) {
+  // Qt warns of an exception that passes through its event loop; here that is what is asked for.
+  const QtMessageHandler before =
+      qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+  FakeCall call;
+  QPointer<TestDialog> seen;
+  const auto run = [&] {
+    TestDialog dialog([](TestDialog*) {});
+    seen = &dialog;
+    QPushButton* button = dialog.addButton("faultyButton");
+    QObject::connect(button, &QPushButton::clicked, button, [] { throw SlotFault(); });
+    QTimer::singleShot(0, button, [button] { QTest::mouseClick(button, Qt::LeftButton); });
+    dialog.runDialog(call.block(), UserReal);
+  };
+  EXPECT_THROW(run(), SlotFault);
+  EXPECT_TRUE(seen.isNull());
+  // Another dialog runs as if nothing had been.
+  TestDialog next([](TestDialog* d) { d->accept(); });
+  EXPECT_TRUE(next.runDialog(call.block(), UserReal));
+  qInstallMessageHandler(before);
 }
 
 TEST(KelvarinDialog, FlagsSayWhatKindOfWindowItIs) {

@@ -3,6 +3,8 @@
 #include "HostSupport/Arguments.h"
 #include "HostSupportQt/HostSupportQt.h"
 
+#include <QEventLoop>
+#include <QPointer>
 #include <QPushButton>
 
 #include <algorithm>
@@ -78,6 +80,31 @@ bool KelvarinDialog::runDialog(UserFunctionInterface* args, UserDataType type) {
   readDialog(type, accepted);
   scriptArgs = nullptr;
   return accepted;
+}
+
+int KelvarinDialog::exec() {
+  // QDialog's own waiting leaves its loop behind in the dialog when an exception passes through,
+  // and the destructor would end that loop. Ours goes before the dialog does.
+  const QPointer<KelvarinDialog> self(this);
+  const bool wasModal = testAttribute(Qt::WA_ShowModal);
+  setAttribute(Qt::WA_ShowModal);
+  setResult(Rejected);
+  QEventLoop loop;
+  connect(this, &QDialog::finished, &loop, &QEventLoop::quit);
+  connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
+  show();
+  if (isVisible()) // a slot may have closed it already
+    loop.exec(QEventLoop::DialogExec);
+  if (!self)
+    return Rejected;
+  setAttribute(Qt::WA_ShowModal, wasModal);
+  return result();
+}
+
+void KelvarinDialog::accept() {
+  if (QWidget* field = focusWidget())
+    field->clearFocus();
+  QDialog::accept();
 }
 
 void KelvarinDialog::commitAndAccept(QWidget* okButton) {

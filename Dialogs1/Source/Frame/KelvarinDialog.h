@@ -33,6 +33,11 @@ public:
   virtual void okClicked();
   virtual void cancelClicked();
 
+  /// Shows the dialog and waits for it. An exception that leaves a slot passes through.
+  int exec() override;
+  /// Finishes the field that the user is in, whoever accepts, before the dialog closes.
+  void accept() override;
+
   /// Prepares, loads, runs and reads the dialog. `type` is what the result is made of. Returns
   /// whether the user accepted.
   bool runDialog(UserFunctionInterface* args, UserDataType type);
