@@ -167,14 +167,14 @@ void di_ReadDialog(UserFunctionInterface* args, UserReturnData* result, QWidget*
   std::vector<bool> filled(static_cast<std::size_t>(count));
   for (const BoundWidget& widget : bound) {
     const int size = widget.binding->vectorSize();
-    UserReturnData slot{vector.at(widget.outElement), type, static_cast<std::uint32_t>(size)};
-    if (widget.binding->hasReadWidget()) {
-      if (!widget.binding->readWidget(&slot, args))
-        continue;
-    } else {
-      vector.store(widget);
+    if (!widget.binding->hasReadWidget()) {
+      vector.store(widget); // its first element; it knows of no other
+      filled[static_cast<std::size_t>(widget.outElement)] = true;
+      continue;
     }
-    std::fill_n(filled.begin() + widget.outElement, size, true);
+    UserReturnData slot{vector.at(widget.outElement), type, static_cast<std::uint32_t>(size)};
+    if (widget.binding->readWidget(&slot, args))
+      std::fill_n(filled.begin() + widget.outElement, size, true);
   }
   vector.fillEmpty(filled);
 }

@@ -6,6 +6,7 @@
 #include "SpinnerSteps.h"
 
 #include <QMetaMethod>
+#include <QRegularExpression>
 #include <QScopedValueRollback>
 
 #include <algorithm>
@@ -16,8 +17,36 @@ namespace {
 
 constexpr double largest = std::numeric_limits<double>::max();
 constexpr int coarseCount = 10;
-constexpr int exactDigits = 15; ///< every whole number of this size is shown in full
-constexpr int shownDigits = 12; ///< a number that needs more is shown rounded
+constexpr int exactDigits = 15;   ///< every whole number of this size is shown in full
+constexpr int shownDigits = 12;   ///< a number that needs more is shown rounded
+constexpr int mostDigits = 17;    ///< that a double can need
+constexpr int largestSuffix = 12; ///< power of ten of "T"
+constexpr std::size_t mostRewritings = 100;
+
+/// Digits left of the point, as the number is written.
+int wholeDigits(double value, bool engMode) {
+  if (!std::isfinite(value) || value == 0)
+    return 1;
+  const int power = static_cast<int>(std::floor(std::log10(std::fabs(value))));
+  const int suffix = engMode ? std::min(power - ((power % 3) + 3) % 3, largestSuffix) : 0;
+  return std::clamp(power - suffix + 1, 1, mostDigits);
+}
+
+/// The ways to write a number that engineers have and the simulator has not: "10 k" and "10 kHz"
+/// for "10k" and "10kHz", "4k7" for "4.7k". Any other text is given back as it is.
+QString simulatorText(const QString& text) {
+  static const QRegularExpression spaced(
+      QStringLiteral("^\\s*[+-]?(\\d+\\.?\\d*|\\.\\d+)(e[+-]?\\d+)?(\\s*[^\\W\\d_]+){1,2}\\s*$"),
+      QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
+  static const QRegularExpression inner(
+      QStringLiteral("^\\s*([+-]?\\d+)(Meg|[afpnumkgt])(\\d+)\\s*$"),
+      QRegularExpression::CaseInsensitiveOption);
+  if (const auto match = inner.match(text); match.hasMatch())
+    return match.captured(1) + QLatin1Char('.') + match.captured(3) + match.captured(2);
+  if (spaced.match(text).hasMatch())
+    return QString(text).remove(QRegularExpression(QStringLiteral("\\s")));
+  return text;
+}
 
 /// A limit may have been written directly: one that says nothing is the end of the range.
 double limit(double value, double unlimited) {
@@ -44,7 +73,7 @@ Spinner::Private::Kind Spinner::Private::kindOf(const QString& text, double* val
       trimmed.endsWith(QLatin1Char('}')))
     return Kind::Expression;
   double read = 0;
-  if (!sp_IsEngNumber(text, &read))
+  if (!sp_IsEngNumber(text, &read) && !sp_IsEngNumber(simulatorText(text), &read))
     return Kind::Bad;
   *value = limit(read, read);
   return Kind::Number;
@@ -68,27 +97,69 @@ double Spinner::Private::taken(double value) const {
 QString Spinner::Private::format(double value, int digits) const {
   if (q->wholeNumber)
     digits = std::max(digits, exactDigits);
+  digits = std::max(digits, wholeDigits(value, q->engMode));
   return toQs(q->engMode ? sp_ConvertRealToJSEng(value, digits)
                          : sp_ConvertRealToPlain(value, digits));
 }
 
-void Spinner::Private::replaceText(const QString& text, bool undoable) {
-  if (text == edit->text())
-    return;
-  if (undoable) {
-    edit->selectAll();
-    edit->insert(text);
-  } else {
-    edit->setText(text);
+QString Spinner::Private::exactText() const {
+  const QString shown = edit->text();
+  double read = 0;
+  if (kind != Kind::Number || (sp_IsEngNumber(shown, &read) && read == number))
+    return shown;
+  if (!ownText)
+    return simulatorText(shown);
+  QString text = shown;
+  for (int digits = precision + 1; digits <= mostDigits && read != number; ++digits) {
+    text = format(number, digits);
+    sp_IsEngNumber(text, &read);
   }
+  return text;
 }
 
 void Spinner::Private::write(double value) {
   number = value;
   kind = Kind::Number;
   ownText = true;
+  writtenEngMode = q->engMode;
   const QScopedValueRollback<bool> guard(writing, true);
-  replaceText(format(value, precision), false);
+  if (const QString text = format(value, precision); text != edit->text()) {
+    edit->setText(text);
+    rewritings.clear();
+  }
+}
+
+void Spinner::Private::rewrite(double value, const QString& text) {
+  const Rewriting rewriting{{edit->text(), number, ownText}, {text, value, true}};
+  const bool undoable = kind == Kind::Number;
+  number = value;
+  kind = Kind::Number;
+  ownText = true;
+  writtenEngMode = q->engMode;
+  if (text == edit->text())
+    return;
+  const QScopedValueRollback<bool> guard(writing, true);
+  edit->selectAll();
+  edit->insert(text);
+  if (!undoable)
+    return;
+  rewritings.push_back(rewriting);
+  if (rewritings.size() > mostRewritings)
+    rewritings.pop_front();
+}
+
+bool Spinner::Private::undone(const QString& text) {
+  for (auto each = rewritings.rbegin(); each != rewritings.rend(); ++each) {
+    const bool back = each->after.text == lastText && each->before.text == text;
+    if (!back && !(each->before.text == lastText && each->after.text == text))
+      continue;
+    const Written& written = back ? each->before : each->after;
+    number = written.number;
+    ownText = written.isOwn;
+    kind = Kind::Number;
+    return true;
+  }
+  return false;
 }
 
 QString Spinner::Private::stepText(double from, double to) const {
@@ -107,42 +178,43 @@ QString Spinner::Private::stepText(double from, double to) const {
   return format(to, digits);
 }
 
-void Spinner::Private::writeStep(double from, double to) {
-  const QString text = stepText(from, to);
-  number = to;
-  kind = Kind::Number;
-  ownText = true;
-  const QScopedValueRollback<bool> guard(writing, true);
-  replaceText(text, true);
-}
-
 void Spinner::Private::textChanged(const QString& text) {
-  if (!writing) {
+  if (!writing && !undone(text)) {
     ownText = false;
     kind = kindOf(text, &number);
   }
+  lastText = text;
   showKind();
   q->update(); // the arrows show whether a step is possible
   announceValue();
   emit q->textChanged(text);
 }
 
-bool Spinner::Private::applyLimits() {
+bool Spinner::Private::applyLimits(bool undoable) {
   if (kind == Kind::Expression)
     return false;
   double& held = kind == Kind::Number ? number : finished;
   const double value = taken(held);
   if (value == held)
     return false;
-  if (kind == Kind::Number)
-    write(value);
-  else
+  if (kind != Kind::Number)
     held = value;
+  else if (undoable)
+    rewrite(value, format(value, precision));
+  else
+    write(value);
+  showKind();
   return true;
 }
 
 void Spinner::Private::finish() {
-  applyLimits();
+  // The field shows the text that it gives.
+  if (const QString text = simulatorText(edit->text());
+      kind == Kind::Number && !ownText && text != edit->text() && !sp_IsEngNumber(edit->text())) {
+    rewrite(number, text);
+    ownText = false;
+  }
+  applyLimits(true);
   report();
 }
 
@@ -156,6 +228,11 @@ void Spinner::Private::report() {
   reportedText = text;
   reportedValue = value;
   emit q->changed(text);
+}
+
+void Spinner::Private::keepNotation() {
+  if (writtenEngMode != q->engMode)
+    notation();
 }
 
 void Spinner::Private::notation() {
@@ -214,7 +291,7 @@ void Spinner::Private::step(bool up, int count, Span span) {
   }
   to = std::isnan(to) ? from : taken(to);
   if (kind != Kind::Number || number != to)
-    writeStep(from, to);
+    rewrite(to, stepText(from, to));
   if (edit->hasFocus())
     edit->selectAll();
   report();
@@ -252,7 +329,13 @@ std::optional<double> Spinner::number() const {
 }
 
 QString Spinner::text() const {
+  d->keepNotation();
   return d->edit->text();
+}
+
+QString Spinner::stringValue() const {
+  d->keepNotation();
+  return d->exactText();
 }
 
 bool Spinner::isExpression() const {
@@ -260,7 +343,7 @@ bool Spinner::isExpression() const {
 }
 
 bool Spinner::isAcceptable() const {
-  return d->kind == Private::Kind::Number || d->kind == Private::Kind::Expression;
+  return d->kind == Private::Kind::Number || (isExpression() && !numbersOnly);
 }
 
 int Spinner::precision() const {
@@ -306,13 +389,18 @@ void Spinner::setPrecision(int digits) {
   d->notation();
 }
 
+void Spinner::setNumbersOnly(bool on) {
+  numbersOnly = on;
+  d->showKind();
+}
+
 void Spinner::setPlaceholderText(const QString& text) {
   d->edit->setPlaceholderText(text);
 }
 
 void Spinner::checkMaxMin() {
   update();
-  if (d->applyLimits())
+  if (d->applyLimits(false))
     d->report();
 }
 
@@ -323,6 +411,7 @@ void Spinner::selectAll() {
 void Spinner::setValue(double value) {
   if (std::isnan(value))
     return;
+  d->keepNotation();
   value = d->taken(value);
   if (d->kind == Private::Kind::Number && d->number == value)
     return;
@@ -331,8 +420,10 @@ void Spinner::setValue(double value) {
 }
 
 void Spinner::setText(const QString& text) {
-  if (text != d->edit->text())
+  if (text != d->edit->text()) {
+    d->rewritings.clear(); // the edit forgets what could be undone
     d->edit->setText(text);
+  }
   d->report();
 }
 

@@ -65,23 +65,32 @@ void Spinner::Private::placeEdit() {
       q->style()->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxEditField, q));
 }
 
+QString Spinner::Private::objection() const {
+  const QString counting = format(q->value(), precision);
+  const QString shown = edit->fontMetrics().elidedText(
+      edit->text().left(100).simplified(), Qt::ElideRight, 40 * edit->fontMetrics().xHeight());
+  if (kind == Kind::Bad)
+    return Spinner::tr("“%1” is not a number. The value is %2.").arg(shown, counting);
+  if (kind == Kind::Expression && q->numbersOnly)
+    return Spinner::tr("“%1” does not count: this field takes no expressions. The value is %2.")
+        .arg(shown, counting);
+  if (kind == Kind::Empty && q->numbersOnly)
+    return Spinner::tr("The field is empty. The value is %1.").arg(counting);
+  return {};
+}
+
 void Spinner::Private::showKind() {
-  const bool bad = kind == Kind::Bad;
-  if (!bad && !markedBad)
+  const QString message = objection();
+  if (message.isEmpty() && !markedBad)
     return;
-  markedBad = bad;
+  markedBad = !message.isEmpty();
   QPalette palette;
-  QString message;
-  if (bad) {
+  if (markedBad)
     for (QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
       palette.setColor(group, QPalette::Text, badTextColour(q->palette(), group));
-    const QString shown = edit->fontMetrics().elidedText(
-        edit->text().left(100).simplified(), Qt::ElideRight, 40 * edit->fontMetrics().xHeight());
-    message = Spinner::tr("“%1” is not a number.").arg(shown);
-  }
   edit->setPalette(palette);
   // Marked up here, so that a text that looks like markup is shown as it is.
-  edit->setToolTip(bad ? QStringLiteral("<p>%1</p>").arg(message.toHtmlEscaped()) : message);
+  edit->setToolTip(markedBad ? QStringLiteral("<p>%1</p>").arg(message.toHtmlEscaped()) : message);
   edit->setAccessibleDescription(message);
 }
 
@@ -221,6 +230,9 @@ bool Spinner::event(QEvent* event) {
     break;
   case QEvent::Hide:
     d->release();
+    break;
+  case QEvent::Show:
+    d->keepNotation();
     break;
   default:
     break;

@@ -6,6 +6,8 @@
 #include <QLineEdit>
 #include <QStyle>
 
+#include <deque>
+
 class QStyleOptionSpinBox;
 
 class Spinner::Private {
@@ -21,14 +23,18 @@ public:
   double highest() const;
   double taken(double value) const; ///< whole where asked for, and within the limits
   QString format(double value, int digits) const;
-  void write(double value);
-  void replaceText(const QString& text, bool undoable);
-  bool applyLimits(); ///< whether the value moved
+  QString exactText() const;                       ///< that reads as exactly the number
+  void write(double value);                        ///< for the program: there is nothing to undo
+  void rewrite(double value, const QString& text); ///< for the user, who can undo it
+  bool undone(const QString& text); ///< whether `text` is back, or again, by undo or redo
+  bool applyLimits(bool undoable);  ///< whether the value moved
   void finish();
   void report();
   void notation();
+  void keepNotation(); ///< `engMode` may have been written directly
   void textChanged(const QString& text);
   void showKind();
+  QString objection() const; ///< why the text does not count, and what does; empty if it counts
 
   // Stepping.
   bool isOwned(bool up) const;
@@ -36,7 +42,6 @@ public:
   double stepped(double from, bool up, int count, Span span) const;
   void step(bool up, int count, Span span);
   QString stepText(double from, double to) const;
-  void writeStep(double from, double to);
 
   // What assistive technology sees of it.
   static void installAccessibility(); ///< once in a process
@@ -53,6 +58,17 @@ public:
   bool editKeyPress(QKeyEvent* event);
   void contextMenu(const QPoint& globalPosition);
 
+  /// A text beside the number that it stands for, to more digits than it shows.
+  struct Written {
+    QString text;
+    double number;
+    bool isOwn;
+  };
+  struct Rewriting {
+    Written before;
+    Written after;
+  };
+
   Spinner* q;
   QLineEdit* edit;
 
@@ -61,9 +77,12 @@ public:
   double finished = 0; ///< the last number that was reported
   QString reportedText;
   double reportedValue = 0;
-  int precision = 6;
-  bool writing = false; ///< the text being set is a writing of `number`
-  bool ownText = true;  ///< the text is a writing of ours, not one that was given
+  int precision = 12;
+  bool writing = false;             ///< the text being set is a writing of `number`
+  bool ownText = true;              ///< the text is a writing of ours, not one that was given
+  bool writtenEngMode = true;       ///< notation of the last writing
+  std::deque<Rewriting> rewritings; ///< that the edit can undo
+  QString lastText = QStringLiteral("0");
   bool markedBad = false;
 
   QStyle::SubControl hovered = QStyle::SC_None;

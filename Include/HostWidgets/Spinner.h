@@ -12,9 +12,9 @@
 ///
 /// Holds a double, shown with an engineering suffix or plain, and keeps a text as typed until the
 /// value changes by stepping or by program. A text in braces is an expression: it stands as it is,
-/// steps and limits leave it alone, and the value is 0. A text that is neither number nor
-/// expression is marked while it stands; then, and while the field is empty, `value()` keeps the
-/// last number that was finished.
+/// steps and limits leave it alone, and the value is 0. "10 k" and "4k7" are taken as 10k and 4.7k.
+/// A text that is neither number nor expression is marked while it stands; then, and while the
+/// field is empty, `value()` keeps the last number that was finished, and the tool tip says which.
 ///
 /// The limits hold when the user finishes (Return, leaving the field, a step) and at once where a
 /// program sets a value or a limit; where `min` is above `max`, `max` counts. `increment`, the
@@ -28,9 +28,10 @@ class HOSTWIDGETS_EXPORT Spinner : public QWidget, public KV_FunctionDef {
   Q_PROPERTY(bool engMode READ isEngMode WRITE setEngMode)
   Q_PROPERTY(bool step125 READ isStep125 WRITE setStep125)
   Q_PROPERTY(bool wholeNumber READ isWholeNumber WRITE setWholeNumber)
+  Q_PROPERTY(bool numbersOnly READ isNumbersOnly WRITE setNumbersOnly)
   Q_PROPERTY(int precision READ precision WRITE setPrecision)
   Q_PROPERTY(double realValue READ value WRITE setValue STORED false)
-  Q_PROPERTY(QString stringValue READ text WRITE setText USER true NOTIFY changed)
+  Q_PROPERTY(QString stringValue READ stringValue WRITE setText USER true NOTIFY changed)
   Q_PROPERTY(QString text READ text WRITE setText DESIGNABLE false STORED false)
   Q_PROPERTY(QString placeholderText READ placeholderText WRITE setPlaceholderText)
 
@@ -46,6 +47,9 @@ public:
   bool step125 = true;       ///< step through 1, 2, 5 in each decade
   bool wholeNumber = false;  ///< a number is rounded to a whole one when it is taken
   bool selectOnEntry = true; ///< Tab into the field selects all of it
+  /// What the field gives is a number, so that an expression, though it may stand, is marked as a
+  /// text that does not count.
+  bool numbersOnly = false;
 
   /// As set, not as rounded for display; 0 for an expression.
   double value() const;
@@ -53,8 +57,11 @@ public:
   /// knows.
   std::optional<double> number() const;
   QString text() const; ///< as typed
+  /// The text as others read it: what was typed, but "10 k" and "4k7" as "10k" and "4.7k"; a number
+  /// that nobody typed to its last digit, however many are shown.
+  QString stringValue() const;
   bool isExpression() const;
-  bool isAcceptable() const; ///< whether the text is a number or an expression
+  bool isAcceptable() const; ///< whether the text is a number, or an expression that counts
   int precision() const;
   QString placeholderText() const;
   double maximum() const { return max; }
@@ -62,6 +69,7 @@ public:
   bool isEngMode() const { return engMode; }
   bool isStep125() const { return step125; }
   bool isWholeNumber() const { return wholeNumber; }
+  bool isNumbersOnly() const { return numbersOnly; }
 
   void setMin(double value);       ///< moves the value where it is below
   void setMax(double value);       ///< moves the value where it is above
@@ -69,8 +77,9 @@ public:
   void setEngMode(bool on);
   void setStep125(bool on);
   void setWholeNumber(bool on);
-  /// Significant digits shown, 1 to 17. A whole number is shown in full, and a step shows as many
-  /// as it needs to be seen.
+  void setNumbersOnly(bool on);
+  /// Significant digits shown, 1 to 17. Digits left of the point are never rounded, a whole number
+  /// is shown in full, and a step shows as many as it needs to be seen.
   void setPrecision(int digits);
   void setPlaceholderText(const QString& text);
   void checkMaxMin(); ///< brings a number into the limits; an expression stands

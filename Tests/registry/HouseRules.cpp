@@ -258,6 +258,40 @@ void expectPictures(const QWidget* dialog) {
       }
 }
 
+/// What a field holds shows in its name. In a field of the 1-2-5 series the increment is the first
+/// step away from 0; where nothing else is said, that step is 1, and so are those of a count.
+void expectSteps(const QWidget* dialog) {
+  static const QRegularExpression time(
+      QStringLiteral(
+          "\\b(time|delay|width|period|start|end|hold|setup|shift)\\b|^at$|minimum clock"),
+      QRegularExpression::CaseInsensitiveOption);
+  static const QRegularExpression capacitance(QStringLiteral("capacitance"),
+                                              QRegularExpression::CaseInsensitiveOption);
+  static const QRegularExpression count(
+      QStringLiteral("#|\\b(number of|size|bits|count|cycles|inputs|segments)\\b"),
+      QRegularExpression::CaseInsensitiveOption);
+  static const QRegularExpression scriptRow(QStringLiteral("^Spinner\\d+$"));
+  for (QWidget* widget : dialog->findChildren<QWidget*>()) {
+    // What a script asks for by itself is the script's, name and steps.
+    if (!widget->inherits("Spinner") || scriptRow.match(widget->objectName()).hasMatch())
+      continue;
+    const QString name = QAccessible::queryAccessibleInterface(widget)
+                             ->text(QAccessible::Name)
+                             .remove(QLatin1Char('&'));
+    const bool isSeries = widget->property("step125").toBool();
+    const double increment = widget->property("increment").toDouble();
+    SCOPED_TRACE(nameOf(widget) + " \"" + name.toStdString() + "\"");
+    if (count.match(name).hasMatch()) {
+      EXPECT_FALSE(isSeries);
+      EXPECT_EQ(increment, 1);
+    } else if (isSeries) {
+      EXPECT_EQ(increment, capacitance.match(name).hasMatch() ? 1e-12
+                           : time.match(name).hasMatch()      ? 1e-9
+                                                              : 1);
+    }
+  }
+}
+
 /// A class without a meta-object goes by the name of its base, and no text of it can be translated.
 void expectOwnClassName(const QWidget* dialog) {
   int status = 0;
@@ -423,6 +457,7 @@ TEST_P(HouseRules, LooksAndReadsAsItShould) {
     }
     expectOwnClassName(actions.dialog());
     expectPictures(actions.dialog());
+    expectSteps(actions.dialog());
     EXPECT_TRUE(actions.dialog()->focusWidget()) << "nothing has the focus on opening";
     onEveryPage(actions, [&](const std::string& page) {
       SCOPED_TRACE(page);

@@ -210,6 +210,37 @@ TEST(KelvarinDialog, AWidgetThatLoadsItselfIsLeftAlone) {
   EXPECT_EQ(call.texts(), std::vector<std::string>{"own"});
 }
 
+TEST(KelvarinDialog, AWidgetThatIsWiderThanItKnowsFillsItsFirstElement) {
+  class Wide : public DummyWidget {
+  public:
+    explicit Wide(QWidget* parent) : DummyWidget(parent, 0) { outElementIndex = 1; }
+    int vectorSize() override { return 3; }
+  };
+  FakeCall call;
+  TestDialog dialog;
+  Wide widget(&dialog);
+  widget.stringValue = QStringLiteral("one");
+  dialog.runDialog(call.block(), UserString);
+  EXPECT_EQ(call.texts(), (std::vector<std::string>{"", "one", "", ""}));
+}
+
+TEST(KelvarinDialog, AnExpressionDoesNotCountInAResultOfReals) {
+  for (const UserDataType type : {UserReal, UserString}) {
+    FakeCall call;
+    bool counted = false;
+    TestDialog dialog([&](TestDialog* self) {
+      counted = self->findChild<Spinner*>(QStringLiteral("widget"))->isAcceptable();
+      EXPECT_TRUE(self->findChild<Spinner*>(QStringLiteral("unbound"))->isAcceptable());
+      self->okClicked();
+    });
+    dialog.add<Spinner>(-1, -1, 0)->setText(QStringLiteral("{2*tpd}"));
+    Spinner unbound(&dialog, "unbound");
+    unbound.setText(QStringLiteral("{2*tpd}"));
+    dialog.runDialog(call.block(), type);
+    EXPECT_EQ(counted, type == UserString);
+  }
+}
+
 TEST(KelvarinDialog, CancelMakesNoResult) {
   FakeCall call;
   TestDialog dialog([](TestDialog* d) { d->cancelClicked(); });

@@ -200,6 +200,7 @@ TEST_F(SpinnerTest, LinkedLimitsSettle) {
 }
 
 TEST_F(SpinnerTest, ProgramTextsAndValues) {
+  spinner->setPrecision(6);
   spinner->setValue(1.23456789);
   EXPECT_EQ(spinner->text(), QStringLiteral("1.23457"));
   EXPECT_EQ(spinner->value(), 1.23456789) << "as set, not as shown";
@@ -226,13 +227,153 @@ TEST_F(SpinnerTest, ProgramTextsAndValues) {
   spinner->setEngMode(false);
   EXPECT_EQ(spinner->text(), QStringLiteral("47000"));
   spinner->setPrecision(1);
-  EXPECT_EQ(spinner->text(), QStringLiteral("50000"));
-  EXPECT_EQ(spinner->value(), 47000);
+  EXPECT_EQ(spinner->text(), QStringLiteral("47000")) << "left of the point nothing is rounded";
   EXPECT_EQ(taken(), list({"47k"})) << "another notation is no change";
 
   const QString longText = QLatin1Char('{') + QString(100000, QLatin1Char('x')) + QLatin1Char('}');
   spinner->setText(longText);
   EXPECT_EQ(spinner->text(), longText);
+}
+
+TEST_F(SpinnerTest, NumbersThatNobodyTypedComeBackToTheLastDigit) {
+  const struct {
+    double value;
+    const char* shownAsEng;
+    const char* eng;
+    const char* shownAsPlain;
+    const char* plain;
+  } cases[] = {
+      {5.123456789e-12, "5.12346p", "5.123456789p", "5.12346e-12", "5.123456789e-12"},
+      {123456789, "123.457Meg", "123.456789Meg", "123456789", "123456789"},
+      {1099511627776, "1.09951T", "1.099511627776T", "1099511627776", "1099511627776"},
+      {-123456.7891, "-123.457k", "-123.4567891k", "-123457", "-123456.7891"},
+      {0.1 + 0.2, "300m", "300.00000000000004m", "0.3", "3.0000000000000004e-1"},
+      {1e15, "1e15", "1e15", "1e15", "1e15"},
+      {9999995, "10Meg", "9.999995Meg", "9999995", "9999995"},
+      {1.7e99, "1.7e99", "1.7e99", "1.7e99", "1.7e99"},
+  };
+  spinner->setPrecision(6);
+  for (const auto& row : cases)
+    for (const bool eng : {true, false}) {
+      spinner->setEngMode(eng);
+      spinner->setValue(0);
+      spinner->setValue(row.value);
+      EXPECT_EQ(spinner->text(), QLatin1String(eng ? row.shownAsEng : row.shownAsPlain));
+      EXPECT_EQ(spinner->stringValue(), QLatin1String(eng ? row.eng : row.plain));
+      enter();
+      leave();
+      EXPECT_EQ(spinner->value(), row.value) << row.eng;
+    }
+  type(QStringLiteral("0300m"));
+  EXPECT_EQ(spinner->stringValue(), QStringLiteral("0300m")) << "as typed";
+}
+
+TEST_F(SpinnerTest, WaysToWriteANumberThatEngineersHave) {
+  const struct {
+    const char* typed;
+    double value;
+    const char* left;
+  } cases[] = {
+      {"10 k", 1e4, "10k"},        {" 10  kHz ", 1e4, "10kHz"},
+      {"20k Hz", 2e4, "20kHz"},    {"10 Ohm", 10, "10Ohm"},
+      {"-4k7", -4700, "-4.7k"},    {"4K7", 4700, "4.7K"},
+      {"1Meg5", 1.5e6, "1.5Meg"},  {"2n2", 2.2e-9, "2.2n"},
+      {"1.5e3 V", 1500, "1.5e3V"}, {"3 \xc2\xb5", 3e-6, "3\xc2\xb5"},
+  };
+  for (const auto& row : cases) {
+    type(QString::fromUtf8(row.typed));
+    EXPECT_DOUBLE_EQ(spinner->value(), row.value) << row.typed;
+    EXPECT_EQ(spinner->stringValue(), QString::fromUtf8(row.left)) << "before it is left";
+    leave();
+    EXPECT_EQ(spinner->text(), QString::fromUtf8(row.left));
+    EXPECT_EQ(taken(), QStringList(QString::fromUtf8(row.left)));
+  }
+  spinner->setValue(7);
+  for (const char* bad :
+       {"4,7", "10 20", "k 10", "4k7k", "4.5k7", "1 0k", "10 k 5", "- 5", "4 k7"}) {
+    type(QLatin1String(bad));
+    leave();
+    EXPECT_EQ(spinner->value(), 7) << bad;
+    EXPECT_FALSE(spinner->isAcceptable()) << bad;
+    EXPECT_EQ(spinner->text(), QLatin1String(bad));
+  }
+}
+
+TEST_F(SpinnerTest, WhatDoesNotCountSaysWhatDoes) {
+  const QColor good = edit->palette().color(QPalette::Text);
+  spinner->setValue(4700);
+  const struct {
+    const char* typed;
+    bool numbersOnly;
+    const char* counting; ///< nothing where the text counts
+  } cases[] = {{"4,7", false, "4.7k"}, {"4,7", true, "4.7k"},   {"{2*tpd}", false, nullptr},
+               {"{2*tpd}", true, "0"}, {"4.7k", true, nullptr}, {"", false, nullptr},
+               {"", true, "4.7k"}};
+  for (const auto& row : cases) {
+    spinner->setNumbersOnly(row.numbersOnly);
+    type(QLatin1String(row.typed));
+    leave();
+    const QString said =
+        QAccessible::queryAccessibleInterface(spinner)->text(QAccessible::Description);
+    EXPECT_EQ(edit->palette().color(QPalette::Text) != good, row.counting != nullptr) << row.typed;
+    EXPECT_EQ(edit->toolTip().isEmpty(), !row.counting);
+    if (!row.counting)
+      EXPECT_EQ(said, QString());
+    else
+      EXPECT_TRUE(said.endsWith(QLatin1String(row.counting) + QLatin1Char('.'))) << row.typed;
+    spinner->setNumbersOnly(false);
+    spinner->setValue(4700);
+  }
+  type(QStringLiteral("x"));
+  spinner->setMax(10);
+  EXPECT_TRUE(edit->toolTip().contains(QStringLiteral("10."))) << "the limit moved what counts";
+}
+
+TEST_F(SpinnerTest, UndoBringsBackTheNumberToItsLastDigit) {
+  const double exact = 1.2345678901234567;
+  const auto undo = [this] { key(Qt::Key_Z, Qt::ControlModifier, QStringLiteral("\x1a")); };
+  const auto redo = [this] {
+    key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, QStringLiteral("\x1a"));
+  };
+  spinner->setValue(exact);
+  enter();
+  key(Qt::Key_Up);
+  key(Qt::Key_Up);
+  EXPECT_EQ(spinner->value(), 5);
+  undo();
+  undo();
+  EXPECT_EQ(spinner->value(), exact);
+  redo();
+  EXPECT_EQ(spinner->value(), 2);
+  undo();
+  leave();
+  EXPECT_EQ(spinner->value(), exact);
+  EXPECT_EQ(spinner->stringValue(), QStringLiteral("1.2345678901234567"));
+
+  type(spinner->text());
+  EXPECT_EQ(spinner->value(), 1.23456789012) << "what is typed is what it says";
+  spinner->max = 10;
+  type(QStringLiteral("500"));
+  leave();
+  EXPECT_EQ(spinner->value(), 10);
+  enter();
+  undo();
+  EXPECT_EQ(spinner->text(), QStringLiteral("500")) << "a clamp can be undone";
+  leave();
+  EXPECT_EQ(spinner->value(), 10) << "and holds again";
+}
+
+TEST_F(SpinnerTest, NotationMayBeSetBehindTheValue) {
+  spinner->setValue(47000);
+  spinner->engMode = false;
+  EXPECT_EQ(spinner->text(), QStringLiteral("47000"));
+  spinner->engMode = true;
+  dialog.hide();
+  dialog.show();
+  EXPECT_EQ(edit->text(), QStringLiteral("47k"));
+  spinner->setText(QStringLiteral("1000m"));
+  spinner->engMode = false;
+  EXPECT_EQ(spinner->text(), QStringLiteral("1000m")) << "as typed";
 }
 
 TEST_F(SpinnerTest, WholeNumbers) {
@@ -311,7 +452,7 @@ TEST_F(SpinnerTest, StepsFinishWhatWasTyped) {
   enter();
   key(Qt::Key_Z, Qt::ControlModifier, QStringLiteral("\x1a"));
   EXPECT_EQ(spinner->text(), QStringLiteral("x")) << "a step can be undone";
-  spinner->setValue(4.9999999);
+  spinner->setValue(4.9999999999999);
   key(Qt::Key_Up);
   EXPECT_EQ(spinner->text(), QStringLiteral("10")) << "every step is seen";
 }

@@ -79,7 +79,7 @@ bool LogicAnalogInterfaceSheet::readWidget(UserReturnData* result,
     texts[Interface::Input] = call->hostString(YString(input));
     texts[Interface::Output] = call->hostString(YString(output));
     for (const auto& [element, edit] : edits)
-      texts[element] = call->hostString(Tocs(edit->text()));
+      texts[element] = call->hostString(Tocs(edit->stringValue()));
   }
   return true;
 }

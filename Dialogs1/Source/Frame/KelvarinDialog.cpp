@@ -2,12 +2,35 @@
 
 #include "HostSupport/Arguments.h"
 #include "HostSupportQt/HostSupportQt.h"
+#include "HostWidgets/Spinner.h"
 
 #include <QEventLoop>
 #include <QPointer>
 #include <QPushButton>
+#include <QVariant>
 
 #include <algorithm>
+
+namespace {
+
+/// Whether a field ends up in the result, by itself or as a part of a composite.
+bool fillsResult(const QWidget* field, const QWidget* dialog) {
+  for (const QWidget* each = field; each && each != dialog; each = each->parentWidget()) {
+    const QVariant element = each->property("outElementIndex");
+    if (element.isValid() && element.toInt() >= 0)
+      return true;
+  }
+  return false;
+}
+
+/// In a result of reals an expression has no place: the fields that fill it say so.
+void takeNumbersOnly(const QWidget* dialog) {
+  for (auto* spinner : dialog->findChildren<Spinner*>())
+    if (fillsResult(spinner, dialog))
+      spinner->setNumbersOnly(true);
+}
+
+} // namespace
 
 KelvarinDialog::KelvarinDialog(QWidget* parent, const char* objectName, bool modal,
                                Qt::WindowFlags extraFlags)
@@ -76,6 +99,8 @@ bool KelvarinDialog::runDialog(UserFunctionInterface* args, UserDataType type) {
   scriptArgs = args;
   prepareDialog(args, type);
   initialiseDialog();
+  if (type == UserReal)
+    takeNumbersOnly(this);
   const bool accepted = exec() == QDialog::Accepted;
   readDialog(type, accepted);
   scriptArgs = nullptr;
@@ -102,9 +127,13 @@ int KelvarinDialog::exec() {
 }
 
 void KelvarinDialog::accept() {
+  finishField();
+  QDialog::accept();
+}
+
+void KelvarinDialog::finishField() {
   if (QWidget* field = focusWidget())
     field->clearFocus();
-  QDialog::accept();
 }
 
 void KelvarinDialog::commitAndAccept(QWidget* okButton) {

@@ -66,6 +66,10 @@ public:
   using QDialog::setEnabled;
 
 protected:
+  /// Finishes what the user is typing, be it a number or a table cell that is still open. `accept`
+  /// does so; who looks at the fields before it, does it himself.
+  void finishField();
+
   static void setEnabled(std::initializer_list<QWidget*> widgets, bool enabled) {
     ::setEnabled(widgets, enabled);
   }

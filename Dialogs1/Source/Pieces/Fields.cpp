@@ -62,7 +62,7 @@ Field::Field(QPlainTextEdit* edit, Place place)
 Field::Field(Spinner* edit, Place place)
     : Field(
           edit, place, Kind::Number, [edit](const FieldValue& value) { showNumber(edit, value); },
-          [edit] { return FieldValue::number(edit->value(), edit->text()); }) {}
+          [edit] { return FieldValue::number(edit->value(), edit->stringValue()); }) {}
 
 Field::Field(QComboBox* combo, Place place)
     : Field(

@@ -186,53 +186,56 @@ bool ConvertPassiveToBRENNIXDialog::isConvertible() const {
   return points.size() > 1 && !isStepWise(points);
 }
 
-PwlPoints ConvertPassiveToBRENNIXDialog::resampleInput() const {
+HostAnswer<PwlPoints> ConvertPassiveToBRENNIXDialog::resampleInput() const {
   const Curve input = curveOfEngText(form.inputTable->rows().points());
-  const Curve samples = host.resampled(input);
+  const auto [samples, fault] = host.resampled(input);
+  if (!fault.isEmpty())
+    return {{}, fault};
   const double limit =
       form.limitGroupBox->isChecked() ? form.limitValueSpinner->value() : samples.x.back();
   const Curve kept = upTo(limit, samples);
   PwlPoints points = exactTextOfCurve(kept);
   const bool endsAtLimit = kept.size() > 0 && kept.x.back() == limit;
-  if (samples.x.back() > limit && !endsAtLimit) {
-    // The curve ends at the limit itself, not at the last sample before it. Where it has no value
-    // there, the row stays blank.
-    const std::optional<double> y = host.valueAt(limit, input);
-    points.append(y ? PwlPoint{QString::number(limit, 'g', 6), exactText(*y)} : PwlPoint());
-  }
-  return points;
+  if (samples.x.back() <= limit || endsAtLimit)
+    return {points, {}};
+  // The curve ends at the limit itself, not at the last sample before it. Where it has no value
+  // there, the row stays blank.
+  const HostAnswer<std::optional<double>> y = host.valueAt(limit, input);
+  points.append(y.value ? PwlPoint{QString::number(limit, 'g', 6), exactText(*y.value)}
+                        : PwlPoint());
+  return {points, y.fault};
 }
 
-PwlPoints ConvertPassiveToBRENNIXDialog::integrate(const PwlPoints& samples) const {
-  return exactTextOfCurve(host.integral(curveOfExactText(samples)));
+HostAnswer<PwlPoints> ConvertPassiveToBRENNIXDialog::integrate(const PwlPoints& samples) const {
+  const HostAnswer<Curve> integral = host.integral(curveOfExactText(samples));
+  return {exactTextOfCurve(integral.value), integral.fault};
 }
 
-PwlPoints ConvertPassiveToBRENNIXDialog::fitCurve(const PwlPoints& integral) const {
-  return engTextOfCurve(host.fitted(curveOfExactText(integral), numSegments, kind));
+HostAnswer<PwlPoints> ConvertPassiveToBRENNIXDialog::fitCurve(const PwlPoints& integral) const {
+  const HostAnswer<Curve> fit = host.fitted(curveOfExactText(integral), numSegments, kind);
+  return {engTextOfCurve(fit.value), fit.fault};
 }
 
-/// Runs what calls the host; says what went wrong where the host gives no answer.
-template <class Action> bool ConvertPassiveToBRENNIXDialog::attempt(Action action) {
-  try {
-    action();
-    return true;
-  } catch (const KelvarinException& fault) {
-    QMessageBox::warning(isVisible() ? this : parentWidget(), tr("Cannot convert"),
-                         QString::fromUtf8(fault.message()));
-    return false;
-  }
+bool ConvertPassiveToBRENNIXDialog::refuse(const QString& fault) {
+  QMessageBox::warning(isVisible() ? this : parentWidget(), tr("Cannot convert"), fault);
+  return false;
 }
 
 bool ConvertPassiveToBRENNIXDialog::recompute() {
-  return attempt([this] {
-    // All steps are made before the first table is written: one that fails changes none.
-    const PwlPoints samples = resampleInput();
-    const PwlPoints integral = integrate(samples);
-    const PwlPoints output = fitCurve(integral);
-    showComputed(form.inputInterpDataTable, samples);
-    showComputed(form.integralDataTable, integral);
-    showComputed(form.outputPWLTable, output);
-  });
+  // All steps are made before the first table is written: one that fails changes none.
+  const HostAnswer<PwlPoints> samples = resampleInput();
+  if (!samples)
+    return refuse(samples.fault);
+  const HostAnswer<PwlPoints> integral = integrate(samples.value);
+  if (!integral)
+    return refuse(integral.fault);
+  const HostAnswer<PwlPoints> output = fitCurve(integral.value);
+  if (!output)
+    return refuse(output.fault);
+  showComputed(form.inputInterpDataTable, samples.value);
+  showComputed(form.integralDataTable, integral.value);
+  showComputed(form.outputPWLTable, output.value);
+  return true;
 }
 
 void ConvertPassiveToBRENNIXDialog::convert() {
@@ -255,8 +258,13 @@ void ConvertPassiveToBRENNIXDialog::num_segs_changed() {
   // The table shows at once how many points there will be, also where they cannot be computed.
   form.outputPWLTable->setRowCount(static_cast<int>(numSegments + 1));
   const PwlPoints integral = form.integralDataTable->rows().points();
-  if (integral.size() > 1 && !isStepWise(form.inputTable->rows().points()))
-    attempt([&] { showComputed(form.outputPWLTable, fitCurve(integral)); });
+  if (integral.size() < 2 || isStepWise(form.inputTable->rows().points()))
+    return;
+  const HostAnswer<PwlPoints> output = fitCurve(integral);
+  if (output)
+    showComputed(form.outputPWLTable, output.value);
+  else
+    refuse(output.fault);
 }
 
 void ConvertPassiveToBRENNIXDialog::output_limit_changed() {
@@ -303,13 +311,9 @@ void ConvertPassiveToBRENNIXDialog::DigitizeData() {
       this, tr("Open Image"), QDir::currentPath(), tr("Images (*.png *.jpg *.jpeg *.bmp *.gif)")));
   if (picture.picture.isEmpty())
     return;
-  try {
-    if (graphImageCapture(picture, &settled, &x, &y)) {
-      y.resize(x.size());
-      form.inputTable->setPoints(engTextOfCurve({x.values(), y.values()}), 0);
-    }
-  } catch (const KelvarinException&) {
-    // Who has no points to show for it has given up, and knows.
+  if (graphImageCapture(picture, &settled, &x, &y)) {
+    y.resize(x.size());
+    form.inputTable->setPoints(engTextOfCurve({x.values(), y.values()}), 0);
   }
 }
 

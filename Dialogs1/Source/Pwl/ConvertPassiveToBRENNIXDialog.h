@@ -51,11 +51,11 @@ private:
   void loadOutput();
   bool isInductor() const { return kind == EnergyStorage::Inductor; }
   bool isConvertible() const;
+  HostAnswer<PwlPoints> resampleInput() const;
+  HostAnswer<PwlPoints> integrate(const PwlPoints& samples) const;
+  HostAnswer<PwlPoints> fitCurve(const PwlPoints& integral) const;
   bool recompute();
-  template <class Action> bool attempt(Action action);
-  PwlPoints resampleInput() const;
-  PwlPoints integrate(const PwlPoints& samples) const;
-  PwlPoints fitCurve(const PwlPoints& integral) const;
+  bool refuse(const QString& fault);
 
   Ui::ConvertPassiveToBRENNIXDialog form;
   HostCurves host;

@@ -274,12 +274,7 @@ int EditFileDefinedPWLDialog::countDataPoints(bool fromTable) const {
 void EditFileDefinedPWLDialog::validate_clicked() {
   syntaxStatus = SyntaxStatus::Passed;
   readLinesFromTable();
-  try {
-    syntaxStatus = checkSyntax(tempDirectory, deviceName, lines, &messages);
-  } catch (const KelvarinException& exception) {
-    QMessageBox::warning(this, tr("Syntax Check"), QString::fromUtf8(exception.message()));
-    return;
-  }
+  syntaxStatus = checkSyntax(tempDirectory, deviceName, lines, &messages);
   if (syntaxStatus == SyntaxStatus::NotRun)
     return;
   populateDialogFromData();
@@ -341,7 +336,7 @@ void EditFileDefinedPWLDialog::readDialog(UserDataType, bool accepted) {
   if (!accepted)
     return;
   FileSourceOptions options;
-  options.delay = form.spinnerDelay->text();
+  options.delay = form.spinnerDelay->stringValue();
   options.isPeriodic = form.checkboxPeriodic->isChecked();
   options.isIdleBeforePop = form.checkboxActiveDuringTranAfterPOP->isChecked();
   options.fileName = fileName();

@@ -1,15 +1,8 @@
 #include "Pwl/HostCurves.h"
 
-#include "HostSupport/KelvarinException.h"
-#include "HostSupportQt/Text.h"
-
 namespace {
 
 constexpr double sampleCount = 1000;
-
-[[noreturn]] void raise(const QString& message) {
-  throw KelvarinException(Tocs(message));
-}
 
 /// The host reads operands only, although the records are not const.
 UserArgument operand(const std::vector<double>& values, const double* reference = nullptr) {
@@ -33,54 +26,58 @@ UserArgument operand(char** text) {
   return argument;
 }
 
-UserArgument resultOf(UserFunctionInterface* call, const char* function,
-                      std::vector<UserArgument>* operands) {
-  UserArgument result{};
-  const bool isServed = call && call->callFunction;
-  if (!isServed || call->callFunction(call, function, operands->data(),
-                                      static_cast<int>(operands->size()), &result, nullptr) != 0)
-    raise(HostCurves::tr("The function \"%1\" has failed, or is not available.")
-              .arg(QLatin1String(function)));
-  return result;
-}
-
 } // namespace
 
-Curve HostCurves::curveFrom(const char* function, std::vector<UserArgument> operands) const {
-  const UserArgument result = resultOf(call, function, &operands);
-  if (result.type != UserReal || result.count == 0 || !result.data || !result.reference)
-    raise(
-        HostCurves::tr("The function \"%1\" has not given a curve.").arg(QLatin1String(function)));
-  const auto* y = static_cast<const double*>(result.data);
-  const auto* x = static_cast<const double*>(result.reference);
-  return {{x, x + result.count}, {y, y + result.count}};
+HostAnswer<UserArgument> HostCurves::resultOf(const char* function,
+                                              std::vector<UserArgument> operands) const {
+  UserArgument result{};
+  const bool isServed = call && call->callFunction;
+  if (!isServed || call->callFunction(call, function, operands.data(),
+                                      static_cast<int>(operands.size()), &result, nullptr) != 0)
+    return {
+        {},
+        tr("The function \"%1\" has failed, or is not available.").arg(QLatin1String(function))};
+  return {result, {}};
 }
 
-Curve HostCurves::resampled(const Curve& curve) const {
+HostAnswer<Curve> HostCurves::curveFrom(const char* function,
+                                        std::vector<UserArgument> operands) const {
+  const auto [result, fault] = resultOf(function, std::move(operands));
+  if (!fault.isEmpty())
+    return {{}, fault};
+  if (result.type != UserReal || result.count == 0 || !result.data || !result.reference)
+    return {{}, tr("The function \"%1\" has not given a curve.").arg(QLatin1String(function))};
+  const auto* y = static_cast<const double*>(result.data);
+  const auto* x = static_cast<const double*>(result.reference);
+  return {{{x, x + result.count}, {y, y + result.count}}, {}};
+}
+
+HostAnswer<Curve> HostCurves::resampled(const Curve& curve) const {
   const std::vector<double> count{sampleCount};
   const std::vector<double> order{1.0};
   const std::vector<double> grid{(curve.x.back() - curve.x.front()) / sampleCount, 0.0};
   return curveFrom("interp", {operand(curve), operand(count), operand(order), operand(grid)});
 }
 
-std::optional<double> HostCurves::valueAt(double x, const Curve& curve) const {
+HostAnswer<std::optional<double>> HostCurves::valueAt(double x, const Curve& curve) const {
   const std::vector<double> place{x};
   const std::vector<double> order{1.0};
-  std::vector<UserArgument> operands{operand(curve), operand(place), operand(order)};
-  const UserArgument result = resultOf(call, "YFromX", &operands);
+  const auto [result, fault] = resultOf("YFromX", {operand(curve), operand(place), operand(order)});
+  if (!fault.isEmpty())
+    return {{}, fault};
   if (result.type != UserReal)
-    raise(
-        HostCurves::tr("The function \"%1\" has not given a number.").arg(QLatin1String("YFromX")));
+    return {{}, tr("The function \"%1\" has not given a number.").arg(QLatin1String("YFromX"))};
   if (result.count == 0 || !result.data)
-    return std::nullopt;
-  return *static_cast<const double*>(result.data);
+    return {std::nullopt, {}};
+  return {*static_cast<const double*>(result.data), {}};
 }
 
-Curve HostCurves::integral(const Curve& curve) const {
+HostAnswer<Curve> HostCurves::integral(const Curve& curve) const {
   return curveFrom("integ", {operand(curve)});
 }
 
-Curve HostCurves::fitted(const Curve& curve, double segments, EnergyStorage kind) const {
+HostAnswer<Curve> HostCurves::fitted(const Curve& curve, double segments,
+                                     EnergyStorage kind) const {
   const std::vector<double> count{segments};
   QByteArray text = energyStorages.word(kind);
   char* word = text.data();

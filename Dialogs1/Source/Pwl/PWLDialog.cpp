@@ -189,7 +189,7 @@ void PWLDialog::readDialog(UserDataType, bool accepted) {
   }
   if (options.offersRepeat)
     result.append(form.rbRepeatForever->isChecked() ? QStringLiteral("0")
-                                                    : form.repetionPeriodEdit->text());
+                                                    : form.repetionPeriodEdit->stringValue());
   if (options.initialCondition != InitialCondition::None)
     append(&result, initialCondition);
   if (hasSourceIdle)
@@ -200,6 +200,7 @@ void PWLDialog::readDialog(UserDataType, bool accepted) {
 }
 
 void PWLDialog::accept() {
+  finishField();
   const PwlPoints typed = normalisedPoints(0);
   for (int row = 0; row < typed.size(); ++row) {
     const bool isValidX = validate(typed.at(row).x);
