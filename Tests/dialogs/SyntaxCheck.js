@@ -90,7 +90,7 @@ for (const [program, words] of [
   let raised = "";
   try {
     host.onDialog(d => d.click("toolButtonCheckSyntax"));
-    EditFileDefinedPWLDialog(["0 1", "x 2"], settings);
+    EditFileDefinedPWLDialog(["0 1", "x 2"], ["0", "0", "0", "scope.txt", "Disk"]);
   } catch (error) { raised = error.message; }
   check(raised.includes("RunBRENNIX: ") && raised.includes(words), words + ": " + raised);
   check(host.now() - began < 5000, words);

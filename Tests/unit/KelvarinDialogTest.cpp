@@ -134,7 +134,11 @@ private:
 
 TEST(KelvarinDialog, AccessorsAreSafeForWhatIsMissing) {
   FakeCall call;
-  call.reals({1.5, 2.5}).strings({"text", nullptr}).reals({}).strings({});
+  call.reals({1.5, 2.5})
+      .strings({"text", nullptr})
+      .reals({})
+      .strings({})
+      .strings({"4.7k", nullptr});
   TestDialog dialog([](TestDialog* d) {
     const double* reals = nullptr;
     const char* const* strings = nullptr;
@@ -148,7 +152,7 @@ TEST(KelvarinDialog, AccessorsAreSafeForWhatIsMissing) {
     EXPECT_TRUE(d->getRealVector(0, &reals, &count) && count == 2 && reals[1] == 2.5);
     EXPECT_TRUE(d->getStringVector(1, &strings, &count) && count == 2);
 
-    for (const int missing : {2, 3, 4, 31, 32, 1000, -1}) {
+    for (const int missing : {2, 3, 5, 31, 32, 1000, -1}) {
       real = 9;
       EXPECT_EQ(d->getReal(missing), 0.0) << missing;
       EXPECT_FALSE(d->getReal(missing, &real)) << missing;
@@ -163,8 +167,12 @@ TEST(KelvarinDialog, AccessorsAreSafeForWhatIsMissing) {
     EXPECT_TRUE(strings == nullptr && count == 0);
     EXPECT_FALSE(d->getRealVector(1, &reals, &count));
     EXPECT_TRUE(reals == nullptr && count == 0);
-    // A number is never followed as the address of a text.
-    EXPECT_EQ(d->getString(0), "");
+    // One value is taken as what it reads as.
+    EXPECT_EQ(d->getString(0), "1.5");
+    EXPECT_EQ(d->getReal(4), 4700);
+    double read[2] = {9, 9};
+    EXPECT_EQ(d->copyReals(4, read, sizeof read), 2U);
+    EXPECT_TRUE(read[0] == 4700 && read[1] == 0);
 
     double copied[3] = {-1, -1, -1};
     EXPECT_EQ(d->copyReals(0, copied, 7), 0U);

@@ -1,6 +1,7 @@
 #include "Frame/KelvarinDialog.h"
 
 #include "HostSupport/Arguments.h"
+#include "HostSupport/Numbers.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "HostWidgets/Spinner.h"
 
@@ -12,6 +13,15 @@
 #include <algorithm>
 
 namespace {
+
+constexpr int allDigits = 17;
+
+/// An element as a number, whatever the script has passed: of a text the number that it stands for.
+double realOf(const UserArgument& argument, std::size_t element = 0) {
+  return argument.type == UserReal
+             ? static_cast<const double*>(argument.data)[element]
+             : sp_ConvertEngToReal(static_cast<const char* const*>(argument.data)[element]);
+}
 
 /// Whether a field ends up in the result, by itself or as a part of a composite.
 bool fillsResult(const QWidget* field, const QWidget* dialog) {
@@ -159,7 +169,7 @@ double KelvarinDialog::getReal(int index) const {
 bool KelvarinDialog::getReal(int index, double* out) const {
   const UserArgument* found = argument(index);
   if (found)
-    *out = *static_cast<const double*>(found->data);
+    *out = realOf(*found);
   return found;
 }
 
@@ -171,10 +181,10 @@ YString KelvarinDialog::getString(int index) const {
 
 bool KelvarinDialog::getString(int index, YString* out) const {
   const UserArgument* found = argument(index);
-  // The type is the caller's business, but a number must never be followed as an address.
-  if (!found || found->type == UserReal)
+  if (!found)
     return false;
-  *out = YString(*static_cast<const char* const*>(found->data));
+  *out = found->type == UserReal ? sp_ConvertRealToPlain(realOf(*found), allDigits)
+                                 : YString(*static_cast<const char* const*>(found->data));
   return true;
 }
 
@@ -192,7 +202,8 @@ unsigned KelvarinDialog::copyReals(int index, double* out, unsigned byteSize) co
   if (!found)
     return 0;
   const unsigned count = std::min<unsigned>(byteSize / sizeof(double), found->count);
-  std::copy_n(static_cast<const double*>(found->data), count, out);
+  for (unsigned element = 0; element < count; ++element)
+    out[element] = realOf(*found, element);
   return count;
 }
 

@@ -42,6 +42,8 @@ public:
   /// whether the user accepted.
   bool runDialog(UserFunctionInterface* args, UserDataType type);
 
+  // Of an argument of the other kind the accessors of one value, and `copyReals`, give what it
+  // reads as: of "4.7k" the number, of a number its text.
   double getReal(int index) const;            ///< first element, or 0
   bool getReal(int index, double* out) const; ///< false, `*out` untouched, if missing or empty
   YString getString(int index) const;         ///< first element, or empty
