@@ -109,6 +109,11 @@ TEST(Integers, BeyondTheRange) {
   EXPECT_EQ(leadingInteger(" -12ms"), -12);
   EXPECT_EQ(leadingInteger("99999999999999999999"), most);
   EXPECT_EQ(leadingInteger(nullptr), 0);
+  EXPECT_EQ(leadingWord("4294967173"), -123) << "each bit of a word counts";
+  EXPECT_EQ(leadingWord(" -123;"), -123);
+  EXPECT_EQ(leadingWord("+36893488147419103237"), 5) << "2^65 + 5";
+  EXPECT_EQ(leadingWord("-"), 0);
+  EXPECT_EQ(leadingWord(nullptr), 0);
   EXPECT_EQ(truncatedToInt(-2.9), -2);
   EXPECT_EQ(truncatedToInt(1e300), most);
   EXPECT_EQ(truncatedToInt(std::numeric_limits<double>::quiet_NaN()), 0);

@@ -26,7 +26,7 @@ PropertyValue readPropertyValue(const char* passed, PropertyKind kind) {
   const char* mark = passed && kind == PropertyKind::Flagged ? std::strrchr(passed, ';') : nullptr;
   if (!mark)
     return {QString::fromUtf8(passed), std::nullopt};
-  return {QString::fromUtf8(passed, static_cast<int>(mark - passed)), leadingInteger(mark + 1)};
+  return {QString::fromUtf8(passed, static_cast<int>(mark - passed)), leadingWord(mark + 1)};
 }
 
 YString writePropertyValue(const PropertyValue& value, const char* passed, PropertyKind kind) {

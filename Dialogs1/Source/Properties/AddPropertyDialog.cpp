@@ -45,7 +45,7 @@ void AddPropertyDialog::showPinParts(bool shown) {
 
 void AddPropertyDialog::gatherArguments() {
   record.name = getString(NameText);
-  record.flags = leadingInteger(getString(FlagsText));
+  record.flags = leadingWord(getString(FlagsText));
   record.fontStyle = getString(StyleName);
   record.fontStyles = texts(StyleNames).all();
 }

@@ -35,7 +35,7 @@ void editFont(QWidget* over, Property* property) {
 }
 
 void editColour(QWidget* over, Property* property) {
-  if (const auto colour = askForColour(over, leadingInteger(toYs(property->value.text))))
+  if (const auto colour = askForColour(over, leadingWord(toYs(property->value.text))))
     property->value.text = QString::number(*colour);
 }
 
