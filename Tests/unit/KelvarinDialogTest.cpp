@@ -249,6 +249,13 @@ TEST(KelvarinDialog, AnExpressionDoesNotCountInAResultOfReals) {
   }
 }
 
+TEST(KelvarinDialog, HidingEndsTheCall) {
+  FakeCall call;
+  TestDialog dialog([](TestDialog* self) { QTimer::singleShot(0, self, &QWidget::hide); });
+  EXPECT_FALSE(dialog.runDialog(call.block(), UserReal));
+  EXPECT_FALSE(dialog.isVisible());
+}
+
 TEST(KelvarinDialog, CancelMakesNoResult) {
   FakeCall call;
   TestDialog dialog([](TestDialog* d) { d->cancelClicked(); });

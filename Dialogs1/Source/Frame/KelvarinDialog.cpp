@@ -5,8 +5,6 @@
 #include "HostSupportQt/HostSupportQt.h"
 #include "HostWidgets/Spinner.h"
 
-#include <QEventLoop>
-#include <QPointer>
 #include <QPushButton>
 #include <QVariant>
 
@@ -125,7 +123,7 @@ int KelvarinDialog::exec() {
   setAttribute(Qt::WA_ShowModal);
   setResult(Rejected);
   QEventLoop loop;
-  connect(this, &QDialog::finished, &loop, &QEventLoop::quit);
+  waiting = &loop;
   connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
   show();
   if (isVisible()) // a slot may have closed it already
@@ -134,6 +132,12 @@ int KelvarinDialog::exec() {
     return Rejected;
   setAttribute(Qt::WA_ShowModal, wasModal);
   return result();
+}
+
+void KelvarinDialog::setVisible(bool visible) {
+  QDialog::setVisible(visible);
+  if (!visible && waiting)
+    waiting->quit();
 }
 
 void KelvarinDialog::accept() {

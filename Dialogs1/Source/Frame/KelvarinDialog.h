@@ -7,6 +7,8 @@
 #include "UserFunction.h"
 
 #include <QDialog>
+#include <QEventLoop>
+#include <QPointer>
 
 #include <cstdint>
 #include <memory>
@@ -35,6 +37,7 @@ public:
 
   /// Shows the dialog and waits for it. An exception that leaves a slot passes through.
   int exec() override;
+  void setVisible(bool visible) override; ///< hiding it ends the waiting
   /// Finishes the field that the user is in, whoever accepts, before the dialog closes.
   void accept() override;
 
@@ -102,6 +105,8 @@ protected:
   std::unique_ptr<KelvarinDialogData> dialogData;
 
 private:
+  QPointer<QEventLoop> waiting; ///< the loop of `exec`
+
   const UserArgument* argument(int index) const;
   void commitAndAccept(QWidget* okButton);
 };
