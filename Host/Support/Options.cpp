@@ -85,6 +85,12 @@ bool readColour(const YString& text, int* colour) {
   return true;
 }
 
+/// The words that a flag is stored as. Others that count as true or false are, where no kind is
+/// declared, texts: "on" and "off" may stand among further choices.
+bool isFlagWord(const YString& text) {
+  return sp_CompareNoCase(text, "true") == 0 || sp_CompareNoCase(text, "false") == 0;
+}
+
 /// What is stored, as a value of the declared kind.
 OptionValue readAs(const OptionValue& declared, const OptionValue& stored) {
   switch (declared.kind()) {
@@ -95,6 +101,7 @@ OptionValue readAs(const OptionValue& declared, const OptionValue& stored) {
   case OptionValue::Kind::Real:
     return sp_IsEngNumber(stored.toText()) ? stored.toReal() : declared;
   case OptionValue::Kind::None:
+    return isFlagWord(stored.toText()) ? OptionValue(stored.toBool()) : stored;
   case OptionValue::Kind::Text:
     break;
   }
@@ -134,10 +141,6 @@ bool sp_WriteOption(const YString& key, const YString& value) {
 }
 
 bool sp_WriteOption(const YString& key, const char* value) {
-  return sp_WriteOption(key, OptionValue(value));
-}
-
-bool sp_WriteOption(const YString& key, bool value) {
   return sp_WriteOption(key, OptionValue(value));
 }
 

@@ -86,7 +86,7 @@ YString sp_GetSystemValue(const YString& key, bool* found) {
     if (sp_CompareNoCase(key, "memory") == 0) {
       SystemMemoryInfo info;
       known = platformMemory(&info);
-      value = YString(static_cast<std::int64_t>(info.total));
+      value = YString(info.total);
     } else if (sp_CompareNoCase(key, "cores") == 0) {
       value = YString(sp_GetNumCores());
     } else if (sp_CompareNoCase(key, "version") == 0) {

@@ -69,13 +69,26 @@ YString::YString(const char* text, std::size_t length) : d(Data::make(text, text
 
 YString::YString(const std::string& text) : d(Data::make(text.data(), text.size())) {}
 
-YString::YString(int value) : YString(static_cast<std::int64_t>(value)) {}
+namespace {
 
-YString::YString(std::int64_t value) {
+template <class Integer> std::string digitsOf(Integer value) {
   char digits[24];
-  const char* end = std::to_chars(digits, digits + sizeof digits, value).ptr;
-  d = Data::make(digits, static_cast<std::size_t>(end - digits));
+  return std::string(digits, std::to_chars(digits, digits + sizeof digits, value).ptr);
 }
+
+} // namespace
+
+YString::YString(int value) : YString(digitsOf(value)) {}
+
+YString::YString(unsigned value) : YString(digitsOf(value)) {}
+
+YString::YString(long value) : YString(digitsOf(value)) {}
+
+YString::YString(unsigned long value) : YString(digitsOf(value)) {}
+
+YString::YString(long long value) : YString(digitsOf(value)) {}
+
+YString::YString(unsigned long long value) : YString(digitsOf(value)) {}
 
 YString::YString(double value) {
   char text[numberTextCapacity];

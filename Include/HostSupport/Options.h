@@ -4,6 +4,7 @@
 #include "HostSupport/OptionValue.h"
 #include "HostSupport/YString.h"
 
+#include <type_traits>
 #include <vector>
 
 // Options are plain keys without a section; settings ("configuration") have a section and a key.
@@ -23,8 +24,12 @@ HOSTSUPPORT_EXPORT int sp_GetColourOption(const char* key, int defaultColour);
 /// `None` removes the key.
 HOSTSUPPORT_EXPORT bool sp_WriteOption(const YString& key, const YString& value);
 HOSTSUPPORT_EXPORT bool sp_WriteOption(const YString& key, const char* value);
-HOSTSUPPORT_EXPORT bool sp_WriteOption(const YString& key, bool value);
 HOSTSUPPORT_EXPORT bool sp_WriteOption(const YString& key, const OptionValue& value);
+/// A `bool` is stored as "true" or "false", a number as its digits.
+template <class Number, std::enable_if_t<std::is_arithmetic_v<Number>, int> = 0>
+bool sp_WriteOption(const YString& key, Number value) {
+  return sp_WriteOption(key, OptionValue(value));
+}
 HOSTSUPPORT_EXPORT bool sp_RemoveOption(const YString& key);
 
 /// A key with what it is to be set to, as `sp_WriteOption` takes it.
@@ -38,8 +43,9 @@ HOSTSUPPORT_EXPORT bool sp_WriteOptions(const std::vector<OptionSetting>& settin
 
 /// Current value (the default, where the key is not set) and default of a key; either pointer may
 /// be null. Where the declaration has a default, the current value is of its kind: it is the
-/// default if what is stored cannot be read as a number. Else it is a text. False for a key that is
-/// neither set nor declared.
+/// default if what is stored cannot be read as a number. Else it is a `bool` where "true" or
+/// "false" is stored, in any letter case, and otherwise a text. False for a key that is neither set
+/// nor declared.
 HOSTSUPPORT_EXPORT bool sp_ReadOptionsInfo(const char* key, OptionValue* current,
                                            OptionValue* defaultValue);
 

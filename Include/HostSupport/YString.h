@@ -20,8 +20,13 @@ public:
   YString(const char* text); ///< null counts as empty
   YString(const char* text, std::size_t length);
   explicit YString(const std::string& text);
+  // Each type of the language, since which of them has 64 bits depends on the platform.
   YString(int value);
-  YString(std::int64_t value);
+  YString(unsigned value);
+  YString(long value);
+  YString(unsigned long value);
+  YString(long long value);
+  YString(unsigned long long value);
   YString(double value); ///< shortest text that reads back to the same value, no suffix
   YString(TempString&& text);
   YString(const YString& other) noexcept;
