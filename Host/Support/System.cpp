@@ -5,20 +5,17 @@
 #include "Locked.h"
 #include "Platform.h"
 
-#include <QLibrary>
-
 #include <algorithm>
 #include <atomic>
 #include <cstdio>
 #include <map>
-#include <memory>
 
 namespace {
 
 struct SystemState {
   std::mutex mutex;
   std::map<std::string, std::string, std::less<>> values; // what the host tells instead
-  std::map<std::string, std::unique_ptr<QLibrary>, std::less<>> libraries;
+  std::map<std::string, void*, std::less<>> libraries;    // a reference to each
 };
 
 std::string keyOf(const YString& key) {
@@ -110,31 +107,47 @@ void sp_SetSystemValue(const YString& key, const char* value) {
     system->values.erase(keyOf(key));
 }
 
-void* sp_GetLibraryFunction(const char* library, const char* function, bool, const char* message,
-                            bool) {
-  QFunctionPointer entry = nullptr;
-  if (library && *library && function && *function) {
-    const Locked<SystemState> system;
-    std::unique_ptr<QLibrary>& loaded = system->libraries[library];
-    if (!loaded)
-      loaded = std::make_unique<QLibrary>(QString::fromUtf8(library));
-    entry = loaded->resolve(function);
-    if (!loaded->isLoaded())
-      system->libraries.erase(library);
-  }
-  if (!entry && message && *message)
-    sp_ReportMessage(message);
-  return reinterpret_cast<void*>(entry);
+// No lock is held while a library comes or goes, since its initialisers may call all of this.
+
+/// Keeps a reference to a library until `sp_UnloadLibrary`; false where there is one already.
+static bool keepLibrary(const char* library, void* handle) {
+  const Locked<SystemState> system;
+  return system->libraries.try_emplace(library, handle).second;
 }
 
-bool sp_UnloadLibrary(const char* library) {
+static void* findLibraryFunction(const char* library, const char* function) {
+  // The reference is this call's own, so that no other thread can take the library away from it.
+  void* const handle = platformLoadLibrary(library);
+  if (!handle)
+    return nullptr;
+  void* const entry = platformLibraryFunction(handle, function);
+  if (!keepLibrary(library, handle))
+    platformUnloadLibrary(handle);
+  return entry;
+}
+
+void* sp_GetLibraryFunction(const char* library, const char* function, bool, const char* message,
+                            bool) {
+  const bool isNamed = library && *library && function && *function;
+  void* const entry = isNamed ? findLibraryFunction(library, function) : nullptr;
+  if (!entry && message && *message)
+    sp_ReportMessage(message);
+  return entry;
+}
+
+static void* takeLibrary(const char* library) {
   const Locked<SystemState> system;
   const auto found = system->libraries.find(library ? library : "");
   if (found == system->libraries.end())
-    return false;
-  const bool unloaded = found->second->unload();
+    return nullptr;
+  void* const handle = found->second;
   system->libraries.erase(found);
-  return unloaded;
+  return handle;
+}
+
+bool sp_UnloadLibrary(const char* library) {
+  void* const handle = takeLibrary(library);
+  return handle && platformUnloadLibrary(handle);
 }
 
 namespace {
