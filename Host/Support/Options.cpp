@@ -1,5 +1,6 @@
 #include "HostSupport/Options.h"
 
+#include "HostSupport/Colours.h"
 #include "HostSupport/Numbers.h"
 #include "HostSupport/Registry.h"
 #include "HostSupport/System.h"
@@ -8,7 +9,6 @@
 #include "SettingsFile.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstring>
 #include <optional>
 
@@ -66,25 +66,6 @@ bool findOption(const char* key, YString* value) {
   return find(&Store::options, noSection, key, value);
 }
 
-/// Reads "#rrggbb", or the packed number itself, with red in the low byte.
-bool readColour(const YString& text, int* colour) {
-  const char* const start = text;
-  const char* const end = start + text.length();
-  if (*start == '#') {
-    unsigned value = 0;
-    const auto [stop, error] = std::from_chars(start + 1, end, value, 16);
-    if (error != std::errc() || stop != end || text.length() != 7)
-      return false;
-    *colour = static_cast<int>(value >> 16 | (value & 0xFF00) | (value & 0xFF) << 16);
-    return true;
-  }
-  double value = 0;
-  if (!sp_IsEngNumber(text, &value) || !(value >= 0 && value <= 0xFFFFFF))
-    return false;
-  *colour = static_cast<int>(value);
-  return true;
-}
-
 /// The words that a flag is stored as. Others that count as true or false are, where no kind is
 /// declared, texts: "on" and "off" may stand among further choices.
 bool isFlagWord(const YString& text) {
@@ -132,7 +113,7 @@ int sp_GetColourOption(const char* key, int defaultColour) {
   OptionValue current;
   int colour = defaultColour;
   if (sp_ReadOptionsInfo(key, &current, nullptr))
-    readColour(current.toText(), &colour);
+    sp_ReadColour(current.toText(), &colour);
   return colour;
 }
 

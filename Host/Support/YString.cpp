@@ -224,14 +224,14 @@ std::uint32_t sp_HashValue(const char* text) noexcept {
   return text ? fnv1a(text, std::strlen(text)) : fnv1a("", 0);
 }
 
-char YString::operator[](int index) const noexcept {
+char YString::operator[](std::ptrdiff_t index) const noexcept {
   return index >= 0 && static_cast<std::size_t>(index) < length() ? c_str()[index] : '\0';
 }
 
-char& YString::operator[](int index) {
+void YString::put(std::ptrdiff_t index, char c) {
   if (index < 0 || static_cast<std::size_t>(index) >= length())
     throw KelvarinException("YString index outside the text");
-  return detach()[index];
+  detach()[index] = c;
 }
 
 bool operator==(const YString& a, const YString& b) noexcept {

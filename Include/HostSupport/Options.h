@@ -17,8 +17,8 @@ HOSTSUPPORT_EXPORT YString sp_GetStringOption(const char* key); ///< empty if no
 /// text are false. `exists`, which may be null, tells whether it is set.
 HOSTSUPPORT_EXPORT bool sp_GetBoolOption(const char* key, bool* exists = nullptr);
 HOSTSUPPORT_EXPORT int sp_GetIntOption(const char* key); ///< 0 if not set
-/// A colour packed with red in the low byte (0xBBGGRR), from "#rrggbb" or the packed number; of a
-/// key that is not set, the declared default. `defaultColour` where neither can be read.
+/// A colour packed with red in the low byte (0xBBGGRR), from any text that `sp_ReadColour` takes;
+/// of a key that is not set, the declared default. `defaultColour` where that can not be read.
 HOSTSUPPORT_EXPORT int sp_GetColourOption(const char* key, int defaultColour);
 /// False when it could not be stored; the value then stands as it was. An `OptionValue` of kind
 /// `None` removes the key.

@@ -16,6 +16,24 @@ class TempString;
 /// buffer until one of them is changed; the count is atomic, so copies may live in other threads.
 class HOSTSUPPORT_EXPORT YString {
 public:
+  /// One byte of a text: read, it is 0 outside the text; written, it detaches the text and raises
+  /// `KelvarinException` outside it.
+  class Character {
+  public:
+    Character(YString* text, std::ptrdiff_t index) noexcept : m_text(text), m_index(index) {}
+    Character(const Character&) = default;
+    operator char() const noexcept { return std::as_const(*m_text)[m_index]; }
+    Character& operator=(char c) {
+      m_text->put(m_index, c);
+      return *this;
+    }
+    Character& operator=(const Character& other) { return *this = char{other}; }
+
+  private:
+    YString* m_text;
+    std::ptrdiff_t m_index;
+  };
+
   YString() noexcept;
   YString(const char* text); ///< null counts as empty
   YString(const char* text, std::size_t length);
@@ -66,8 +84,8 @@ public:
   /// depends on it.
   std::uint32_t hashValue() const noexcept;
 
-  char operator[](int index) const noexcept; ///< 0 outside the text
-  char& operator[](int index);               ///< detaches; `KelvarinException` outside the text
+  char operator[](std::ptrdiff_t index) const noexcept; ///< 0 outside the text
+  Character operator[](std::ptrdiff_t index) noexcept { return {this, index}; }
 
   friend HOSTSUPPORT_EXPORT bool operator==(const YString& a, const YString& b) noexcept;
   friend HOSTSUPPORT_EXPORT bool operator==(const YString& a, const char* b) noexcept;
@@ -76,6 +94,7 @@ public:
   friend bool operator!=(const YString& a, const char* b) noexcept { return !(a == b); }
 
 private:
+  void put(std::ptrdiff_t index, char c);
   struct Data;
   friend class TempString;
   explicit YString(Data* data) noexcept : d(data) {}

@@ -172,7 +172,8 @@ TEST_F(Options, ColoursAndDeclaredDefaults) {
   EXPECT_STREQ(defaultValue.toText(), "#a0B1c2");
   ASSERT_TRUE(sp_WriteOption("Colour", "255"));
   EXPECT_EQ(sp_GetColourOption("Colour", 0), 255);
-  for (const char* bad : {"#12345", "#1234567", "#12345g", "#-12345", "blue", "-1", "1e9", ""}) {
+  for (const char* bad :
+       {"#12345", "#1234567", "#12345g", "#-12345", "bluish", "-1", "1e9", "#", ""}) {
     ASSERT_TRUE(sp_WriteOption("Colour", bad));
     EXPECT_EQ(sp_GetColourOption("Colour", 7), 7) << bad;
   }
