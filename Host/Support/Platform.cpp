@@ -156,6 +156,10 @@ bool PlatformLock::tryAcquire(const char* path) {
   return true;
 }
 
+bool platformIsLibraryName(const std::string& name) {
+  return QString::fromStdString(name).endsWith(QLatin1String(".dll"), Qt::CaseInsensitive);
+}
+
 void* platformLoadLibrary(const char* name) {
   // No box where a disk or another library is missing; what stands beside the library is found.
   DWORD previous = 0;
@@ -249,6 +253,12 @@ bool PlatformLock::tryAcquire(const char* path) {
   if (m_handle == -1)
     m_handle = ::open(path, O_RDWR | O_CREAT | O_CLOEXEC, 0666);
   return m_handle != -1 && ::flock(static_cast<int>(m_handle), LOCK_EX | LOCK_NB) == 0;
+}
+
+bool platformIsLibraryName(const std::string& name) {
+  const std::size_t suffix = name.rfind(".so");
+  return suffix != std::string::npos &&
+         name.find_first_not_of(".0123456789", suffix + 3) == std::string::npos;
 }
 
 void* platformLoadLibrary(const char* name) {

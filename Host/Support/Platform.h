@@ -45,6 +45,7 @@ private:
   std::intptr_t m_handle = -1;
 };
 
+bool platformIsLibraryName(const std::string& name);
 /// One more reference to a library, which is loaded where it is not yet; null where there is none
 /// of that name, with or without what the platform's libraries have around it.
 void* platformLoadLibrary(const char* name);

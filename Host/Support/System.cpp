@@ -1,5 +1,6 @@
 #include "HostSupport/System.h"
 
+#include "HostSupport/Files.h"
 #include "HostSupport/Numbers.h"
 
 #include "Locked.h"
@@ -9,13 +10,14 @@
 #include <atomic>
 #include <cstdio>
 #include <map>
+#include <string>
+#include <utility>
 
 namespace {
 
 struct SystemState {
   std::mutex mutex;
   std::map<std::string, std::string, std::less<>> values; // what the host tells instead
-  std::map<std::string, void*, std::less<>> libraries;    // a reference to each
 };
 
 std::string keyOf(const YString& key) {
@@ -99,55 +101,22 @@ YString sp_GetSystemValue(const YString& key, bool* found) {
   return value;
 }
 
+bool sp_GetVersionValues(int* major, int* minor, int* patch) {
+  FileVersion version;
+  const bool isKnown = sp_GetFileVersion(YString(), &version);
+  for (const auto& [out, value] :
+       {std::pair(major, version.major), {minor, version.minor}, {patch, version.patch}})
+    if (out)
+      *out = value;
+  return isKnown;
+}
+
 void sp_SetSystemValue(const YString& key, const char* value) {
   const Locked<SystemState> system;
   if (value)
     system->values[keyOf(key)] = value;
   else
     system->values.erase(keyOf(key));
-}
-
-// No lock is held while a library comes or goes, since its initialisers may call all of this.
-
-/// Keeps a reference to a library until `sp_UnloadLibrary`; false where there is one already.
-static bool keepLibrary(const char* library, void* handle) {
-  const Locked<SystemState> system;
-  return system->libraries.try_emplace(library, handle).second;
-}
-
-static void* findLibraryFunction(const char* library, const char* function) {
-  // The reference is this call's own, so that no other thread can take the library away from it.
-  void* const handle = platformLoadLibrary(library);
-  if (!handle)
-    return nullptr;
-  void* const entry = platformLibraryFunction(handle, function);
-  if (!keepLibrary(library, handle))
-    platformUnloadLibrary(handle);
-  return entry;
-}
-
-void* sp_GetLibraryFunction(const char* library, const char* function, bool, const char* message,
-                            bool) {
-  const bool isNamed = library && *library && function && *function;
-  void* const entry = isNamed ? findLibraryFunction(library, function) : nullptr;
-  if (!entry && message && *message)
-    sp_ReportMessage(message);
-  return entry;
-}
-
-static void* takeLibrary(const char* library) {
-  const Locked<SystemState> system;
-  const auto found = system->libraries.find(library ? library : "");
-  if (found == system->libraries.end())
-    return nullptr;
-  void* const handle = found->second;
-  system->libraries.erase(found);
-  return handle;
-}
-
-bool sp_UnloadLibrary(const char* library) {
-  void* const handle = takeLibrary(library);
-  return handle && platformUnloadLibrary(handle);
 }
 
 namespace {

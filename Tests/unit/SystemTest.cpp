@@ -10,6 +10,7 @@
 #include <random>
 #include <string>
 #include <thread>
+#include <tuple>
 #include <vector>
 
 #include <dlfcn.h>
@@ -51,6 +52,14 @@ TEST(System, TheHostMayTellOtherwise) {
   EXPECT_EQ(own.major, 9);
   EXPECT_EQ(own.minor, 5);
   EXPECT_TRUE(sp_GetFileVersion(sp_GetExeFileName(), &own));
+  int major = 0;
+  int minor = 0;
+  int patch = 7;
+  EXPECT_TRUE(sp_GetVersionValues(&major, &minor, &patch));
+  EXPECT_EQ(std::make_tuple(major, minor, patch), std::make_tuple(9, 5, 0));
+  sp_SetSystemValue("version", "of the day");
+  EXPECT_FALSE(sp_GetVersionValues(&major, nullptr));
+  EXPECT_EQ(major, 0);
 
   sp_SetSystemValue("cores", "nonsense");
   EXPECT_EQ(sp_GetNumCores(), cores);
