@@ -243,8 +243,12 @@ bool operator==(const YString& a, const char* b) noexcept {
   return std::string_view(a.c_str(), a.length()) == (b ? b : "");
 }
 
-bool operator<(const YString& a, const YString& b) noexcept {
-  return std::string_view(a.c_str(), a.length()) < std::string_view(b.c_str(), b.length());
+int YString::compare(const YString& other) const noexcept {
+  return std::string_view(c_str(), length()).compare({other.c_str(), other.length()});
+}
+
+int YString::compare(const char* other) const noexcept {
+  return std::string_view(c_str(), length()).compare(other ? other : "");
 }
 
 TempString&& TempString::concat(const char* text) && {

@@ -89,12 +89,29 @@ public:
 
   friend HOSTSUPPORT_EXPORT bool operator==(const YString& a, const YString& b) noexcept;
   friend HOSTSUPPORT_EXPORT bool operator==(const YString& a, const char* b) noexcept;
-  friend HOSTSUPPORT_EXPORT bool operator<(const YString& a, const YString& b) noexcept;
+  friend bool operator==(const char* a, const YString& b) noexcept { return b == a; }
   friend bool operator!=(const YString& a, const YString& b) noexcept { return !(a == b); }
   friend bool operator!=(const YString& a, const char* b) noexcept { return !(a == b); }
+  friend bool operator!=(const char* a, const YString& b) noexcept { return !(b == a); }
+
+  // By their bytes. All of them, since else the addresses of two texts would be compared.
+  friend bool operator<(const YString& a, const YString& b) noexcept { return a.compare(b) < 0; }
+  friend bool operator<(const YString& a, const char* b) noexcept { return a.compare(b) < 0; }
+  friend bool operator<(const char* a, const YString& b) noexcept { return b.compare(a) > 0; }
+  friend bool operator>(const YString& a, const YString& b) noexcept { return a.compare(b) > 0; }
+  friend bool operator>(const YString& a, const char* b) noexcept { return a.compare(b) > 0; }
+  friend bool operator>(const char* a, const YString& b) noexcept { return b.compare(a) < 0; }
+  friend bool operator<=(const YString& a, const YString& b) noexcept { return a.compare(b) <= 0; }
+  friend bool operator<=(const YString& a, const char* b) noexcept { return a.compare(b) <= 0; }
+  friend bool operator<=(const char* a, const YString& b) noexcept { return b.compare(a) >= 0; }
+  friend bool operator>=(const YString& a, const YString& b) noexcept { return a.compare(b) >= 0; }
+  friend bool operator>=(const YString& a, const char* b) noexcept { return a.compare(b) >= 0; }
+  friend bool operator>=(const char* a, const YString& b) noexcept { return b.compare(a) <= 0; }
 
 private:
   void put(std::ptrdiff_t index, char c);
+  int compare(const YString& other) const noexcept;
+  int compare(const char* other) const noexcept; ///< null counts as empty
   struct Data;
   friend class TempString;
   explicit YString(Data* data) noexcept : d(data) {}

@@ -154,6 +154,12 @@ TEST(YString, Compares) {
   EXPECT_TRUE(YString("a") < YString("ab"));
   EXPECT_TRUE(YString("z") < YString("\u00e4")); // by bytes, unsigned
   EXPECT_TRUE(YString() == nullptr);
+  const YString shorter("a");
+  const YString longer("ab");
+  EXPECT_TRUE("ab" == longer && "a" != longer && longer == "ab" && longer != "a");
+  EXPECT_TRUE(longer > shorter && longer >= longer && shorter <= longer);
+  EXPECT_FALSE(shorter > longer || shorter >= longer || longer <= shorter);
+  EXPECT_TRUE(shorter < "ab" && "ab" > shorter && "a" <= shorter && longer >= "a");
   EXPECT_EQ(sp_CompareNoCase("ABC", "abc"), 0);
   EXPECT_EQ(sp_CompareNoCase(nullptr, ""), 0);
   EXPECT_LT(sp_CompareNoCase("abc", "ABD"), 0);
