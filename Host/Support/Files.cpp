@@ -1,6 +1,6 @@
 #include "HostSupport/Files.h"
 
-#include "HostSupport/Parsing.h"
+#include "HostSupport/Options.h"
 #include "HostSupport/System.h"
 
 #include "AsciiText.h"
@@ -165,11 +165,81 @@ YString sp_GetCwd() {
   return YString(textOf(fs::current_path(error)));
 }
 
-YString sp_GetTempPath() {
+namespace {
+
+struct TempFolder {
+  std::mutex mutex;
+  YString path; // of this process, where the host has said so
+};
+
+YString platformTempPath() {
   std::error_code error;
   const fs::path path = fs::temp_directory_path(error);
-  const std::string text = error ? QDir::tempPath().toStdString() : textOf(path);
+  const std::string text = error ? QDir::tempPath().toStdString() : ::textOf(path);
   return YString(std::string(withoutTrailingSeparators(text)));
+}
+
+YString usualTempPath() {
+  const YString path = Locked<TempFolder>()->path;
+  return sp_MakeTree(path) ? path : platformTempPath();
+}
+
+using GetFolder = YString (*)();
+
+YString knownFolderPath(const YString& folder, GetFolder tempPath) {
+  if (sp_CompareNoCase(folder, "AppData") == 0)
+    return sp_GetSettingsDir();
+  if (sp_CompareNoCase(folder, "Temp") == 0)
+    return tempPath();
+  static constexpr struct {
+    const char* name;
+    QStandardPaths::StandardLocation location;
+  } folders[] = {{"Documents", QStandardPaths::DocumentsLocation},
+                 {"Desktop", QStandardPaths::DesktopLocation},
+                 {"Home", QStandardPaths::HomeLocation}};
+  for (const auto& known : folders)
+    if (sp_CompareNoCase(folder, known.name) == 0)
+      return textOf(QStandardPaths::writableLocation(known.location));
+  return YString();
+}
+
+bool translatePath(const char* path, GetFolder tempPath, YString* out) {
+  *out = YString(path);
+  const YString given = *out;
+  const char* text = given;
+  const char* end = *text == '%' ? std::strchr(text + 1, '%') : nullptr;
+  if (!end)
+    return true;
+  const YString word(text + 1, static_cast<std::size_t>(end - text - 1));
+  const YString folder =
+      sp_CompareNoCase(word, "EXEPATH") == 0 ? sp_GetExeDir() : knownFolderPath(word, tempPath);
+  if (folder.isEmpty())
+    return false;
+  const char* rest = end + 1;
+  while (isPathSeparator(*rest))
+    ++rest;
+  *out = *rest ? joined(folder, rest) : folder;
+  return true;
+}
+
+/// What an option holds as a path; empty where it is not set, or starts with an unknown prefix.
+YString pathOption(const char* key) {
+  YString path = sp_GetStringOption(key);
+  path.stripLeading(" \t").stripTrailing(" \t");
+  // The option of the temporary folder may itself be told from the usual one.
+  return translatePath(path, usualTempPath, &path) ? sp_GetFullPath(path) : YString();
+}
+
+} // namespace
+
+YString sp_GetTempPath() {
+  const YString chosen = pathOption("TempDataDir");
+  return sp_MakeTree(chosen) ? chosen : usualTempPath();
+}
+
+void sp_SetTempPath(const YString& path) {
+  const YString full = sp_GetFullPath(path);
+  Locked<TempFolder>()->path = full;
 }
 
 YString sp_GetTempFile() {
@@ -185,20 +255,7 @@ YString sp_GetExeDir() {
 }
 
 YString sp_GetKnownFolderPath(const YString& folder) {
-  if (sp_CompareNoCase(folder, "AppData") == 0)
-    return sp_GetSettingsDir();
-  if (sp_CompareNoCase(folder, "Temp") == 0)
-    return sp_GetTempPath();
-  static constexpr struct {
-    const char* name;
-    QStandardPaths::StandardLocation location;
-  } folders[] = {{"Documents", QStandardPaths::DocumentsLocation},
-                 {"Desktop", QStandardPaths::DesktopLocation},
-                 {"Home", QStandardPaths::HomeLocation}};
-  for (const auto& known : folders)
-    if (sp_CompareNoCase(folder, known.name) == 0)
-      return textOf(QStandardPaths::writableLocation(known.location));
-  return YString();
+  return knownFolderPath(folder, sp_GetTempPath);
 }
 
 bool sp_GetFileVersion(const YString& path, FileVersion* version) {
@@ -226,22 +283,7 @@ YString sp_ConvertUnixToLocal(const YString& path) {
 }
 
 bool sp_TranslateSystemPath(const char* path, YString* out) {
-  *out = YString(path);
-  const YString given = *out;
-  const char* text = given;
-  const char* end = *text == '%' ? std::strchr(text + 1, '%') : nullptr;
-  if (!end)
-    return true;
-  const YString word(text + 1, static_cast<std::size_t>(end - text - 1));
-  const YString folder =
-      sp_CompareNoCase(word, "EXEPATH") == 0 ? sp_GetExeDir() : sp_GetKnownFolderPath(word);
-  if (folder.isEmpty())
-    return false;
-  const char* rest = end + 1;
-  while (isPathSeparator(*rest))
-    ++rest;
-  *out = *rest ? joined(folder, rest) : folder;
-  return true;
+  return translatePath(path, sp_GetTempPath, out);
 }
 
 bool sp_CaseSensitiveFiles() {
@@ -262,6 +304,20 @@ int YString::comparePath(const YString& other) const {
     ++b;
   }
   return key(*a) - key(*b);
+}
+
+bool sp_IsSystemSymbolLib(const YString& path) {
+  YString folder = pathOption("SymbolsDir");
+  if (folder.isEmpty())
+    folder = sp_GetExeDir().concat("/../share/kelvarin-dialogs/symbols");
+  const auto resolved = [](const YString& place) {
+    std::error_code error;
+    return textOf(fs::weakly_canonical(folderPath(sp_GetFullPath(place)), error));
+  };
+  const std::string system = resolved(folder);
+  const std::string file = path.isEmpty() ? std::string() : resolved(path);
+  return file.size() > system.size() && isPathSeparator(file[system.size()]) &&
+         YString(file.substr(0, system.size())).comparePath(YString(system)) == 0;
 }
 
 std::FILE* fopen_utf8(const char* path, const char* mode) {
@@ -285,88 +341,6 @@ bool sp_ReadNextLine(std::FILE* file, YString* line) {
   const bool found = file && fileOperationMayRun() && platformReadLine(file, &text);
   *line = YString(text);
   return found;
-}
-
-namespace {
-
-struct FileKind {
-  const char* name;
-  const char* extensions;
-};
-
-constexpr FileKind fileKinds[] = {
-    {"Schematic", "kvsch"}, {"Symbol", "kvsym"},      {"Component", "kvcmp"}, {"Graph", "kvgraph"},
-    {"Script", "js"},       {"Model", "lib;mod;mdl"}, {"Data", "kvdat;csv"},  {"Text", "txt;log"},
-};
-
-} // namespace
-
-bool sp_GetKelvarinFileExtension(const char* kind, YList<YString>* extensions) {
-  extensions->clear();
-  for (const FileKind& known : fileKinds) {
-    if (sp_CompareNoCase(known.name, kind) != 0)
-      continue;
-    YArray<YString> fields;
-    sp_SplitLine(known.extensions, ';', &fields, allFields);
-    for (const YString& field : fields)
-      extensions->append(field);
-    return true;
-  }
-  return false;
-}
-
-YString sp_GetKelvarinDefaultExtension(const char* fileKind) {
-  YList<YString> extensions;
-  return sp_GetKelvarinFileExtension(fileKind, &extensions) ? *extensions.begin() : YString();
-}
-
-namespace {
-
-/// "txt", ".txt" and "*.txt" are "*.txt"; "*" and "*.*" are all files.
-YString filterPattern(YString extension) {
-  if (extension == "*.*")
-    return "*";
-  if (std::strpbrk(extension, "*?"))
-    return extension;
-  extension.stripLeading(".");
-  return YString("*.").concat(extension);
-}
-
-YString filterEntry(const YString& title, const YString& extensions, const char* separator) {
-  YArray<YString> fields;
-  sp_ScanLine(extensions, "; \t", &fields, allFields);
-  YString patterns;
-  for (const YString& field : fields)
-    patterns = patterns.concat(patterns.isEmpty() ? "" : separator).concat(filterPattern(field));
-  if (patterns.isEmpty())
-    return patterns;
-  return title.concat(" (").concat(patterns).concat(")");
-}
-
-} // namespace
-
-bool sp_CompileFilter(const char* spec, YArray<YString>* out, const char* separator) {
-  out->clear();
-  if (!spec)
-    return false;
-  if (std::strchr(spec, '|')) {
-    YArray<YString> fields;
-    sp_SplitLine(spec, '|', &fields, allFields);
-    for (int i = 0; i + 1 < fields.count(); i += 2) {
-      const YString entry = filterEntry(fields[i], fields[i + 1], separator ? separator : " ");
-      if (!entry.isEmpty())
-        out->append(entry);
-    }
-    return !out->isEmpty();
-  }
-  for (std::string_view rest = spec; !rest.empty();) {
-    const std::size_t end = std::min(rest.find(";;"), rest.size());
-    const std::string_view entry = rest.substr(0, end);
-    if (entry.find_first_of("*?(") != std::string_view::npos)
-      out->append(YString(entry.data(), entry.size()));
-    rest.remove_prefix(std::min(end + 2, rest.size()));
-  }
-  return !out->isEmpty();
 }
 
 namespace {

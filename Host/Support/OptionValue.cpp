@@ -35,24 +35,3 @@ double OptionValue::toReal() const {
     sp_IsEngNumber(m_text, &value);
   return value;
 }
-
-YString OptionValue::toText() const {
-  switch (m_kind) {
-  case Kind::None:
-    return YString();
-  case Kind::Bool:
-    return m_number != 0 ? "true" : "false";
-  case Kind::Integer:
-  case Kind::Real:
-    return YString(m_number);
-  case Kind::Text:
-    break;
-  }
-  return m_text;
-}
-
-// Whatever was stored comes back as a text, so values count as equal if they are stored alike.
-bool operator==(const OptionValue& a, const OptionValue& b) {
-  const bool isNone = a.m_kind == OptionValue::Kind::None;
-  return isNone == (b.m_kind == OptionValue::Kind::None) && a.toText() == b.toText();
-}

@@ -1,5 +1,6 @@
 #include "HostSupport/Options.h"
 
+#include "HostSupport/Colours.h"
 #include "HostSupport/Numbers.h"
 #include "HostSupport/Registry.h"
 #include "HostSupport/System.h"
@@ -8,7 +9,6 @@
 #include "SettingsFile.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstring>
 #include <optional>
 
@@ -66,23 +66,10 @@ bool findOption(const char* key, YString* value) {
   return find(&Store::options, noSection, key, value);
 }
 
-/// Reads "#rrggbb", or the packed number itself, with red in the low byte.
-bool readColour(const YString& text, int* colour) {
-  const char* const start = text;
-  const char* const end = start + text.length();
-  if (*start == '#') {
-    unsigned value = 0;
-    const auto [stop, error] = std::from_chars(start + 1, end, value, 16);
-    if (error != std::errc() || stop != end || text.length() != 7)
-      return false;
-    *colour = static_cast<int>(value >> 16 | (value & 0xFF00) | (value & 0xFF) << 16);
-    return true;
-  }
-  double value = 0;
-  if (!sp_IsEngNumber(text, &value) || !(value >= 0 && value <= 0xFFFFFF))
-    return false;
-  *colour = static_cast<int>(value);
-  return true;
+/// The words that a flag is stored as. Others that count as true or false are, where no kind is
+/// declared, texts: "on" and "off" may stand among further choices.
+bool isFlagWord(const YString& text) {
+  return sp_CompareNoCase(text, "true") == 0 || sp_CompareNoCase(text, "false") == 0;
 }
 
 /// What is stored, as a value of the declared kind.
@@ -95,6 +82,7 @@ OptionValue readAs(const OptionValue& declared, const OptionValue& stored) {
   case OptionValue::Kind::Real:
     return sp_IsEngNumber(stored.toText()) ? stored.toReal() : declared;
   case OptionValue::Kind::None:
+    return isFlagWord(stored.toText()) ? OptionValue(stored.toBool()) : stored;
   case OptionValue::Kind::Text:
     break;
   }
@@ -125,7 +113,7 @@ int sp_GetColourOption(const char* key, int defaultColour) {
   OptionValue current;
   int colour = defaultColour;
   if (sp_ReadOptionsInfo(key, &current, nullptr))
-    readColour(current.toText(), &colour);
+    sp_ReadColour(current.toText(), &colour);
   return colour;
 }
 
@@ -134,10 +122,6 @@ bool sp_WriteOption(const YString& key, const YString& value) {
 }
 
 bool sp_WriteOption(const YString& key, const char* value) {
-  return sp_WriteOption(key, OptionValue(value));
-}
-
-bool sp_WriteOption(const YString& key, bool value) {
   return sp_WriteOption(key, OptionValue(value));
 }
 

@@ -22,6 +22,7 @@
 #include <share.h>
 #include <sys/stat.h>
 #else
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <sched.h>
 #include <sys/file.h>
@@ -155,6 +156,30 @@ bool PlatformLock::tryAcquire(const char* path) {
   return true;
 }
 
+bool platformIsLibraryName(const std::string& name) {
+  return QString::fromStdString(name).endsWith(QLatin1String(".dll"), Qt::CaseInsensitive);
+}
+
+void* platformLoadLibrary(const char* name) {
+  // No box where a disk or another library is missing; what stands beside the library is found.
+  DWORD previous = 0;
+  SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &previous);
+  const std::wstring path = wide(name);
+  const bool isAbsolute = std::filesystem::path(path).is_absolute();
+  HMODULE library =
+      LoadLibraryExW(path.c_str(), nullptr, isAbsolute ? LOAD_WITH_ALTERED_SEARCH_PATH : 0);
+  SetThreadErrorMode(previous, nullptr);
+  return library;
+}
+
+void* platformLibraryFunction(void* library, const char* function) {
+  return reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(library), function));
+}
+
+bool platformUnloadLibrary(void* library) {
+  return FreeLibrary(static_cast<HMODULE>(library)) != 0;
+}
+
 OperatingSystem platformOperatingSystem() {
   return OperatingSystem::Windows;
 }
@@ -228,6 +253,32 @@ bool PlatformLock::tryAcquire(const char* path) {
   if (m_handle == -1)
     m_handle = ::open(path, O_RDWR | O_CREAT | O_CLOEXEC, 0666);
   return m_handle != -1 && ::flock(static_cast<int>(m_handle), LOCK_EX | LOCK_NB) == 0;
+}
+
+bool platformIsLibraryName(const std::string& name) {
+  const std::size_t suffix = name.rfind(".so");
+  return suffix != std::string::npos &&
+         name.find_first_not_of(".0123456789", suffix + 3) == std::string::npos;
+}
+
+void* platformLoadLibrary(const char* name) {
+  if (void* library = ::dlopen(name, RTLD_LAZY))
+    return library;
+  const std::string path = name;
+  const std::size_t file = path.rfind('/') + 1;
+  for (const char* prefix : {"lib", ""})
+    if (void* library = ::dlopen(
+            (path.substr(0, file) + prefix + path.substr(file) + ".so").c_str(), RTLD_LAZY))
+      return library;
+  return nullptr;
+}
+
+void* platformLibraryFunction(void* library, const char* function) {
+  return ::dlsym(library, function);
+}
+
+bool platformUnloadLibrary(void* library) {
+  return ::dlclose(library) == 0;
 }
 
 OperatingSystem platformOperatingSystem() {

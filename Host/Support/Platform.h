@@ -45,6 +45,14 @@ private:
   std::intptr_t m_handle = -1;
 };
 
+bool platformIsLibraryName(const std::string& name);
+/// One more reference to a library, which is loaded where it is not yet; null where there is none
+/// of that name, with or without what the platform's libraries have around it.
+void* platformLoadLibrary(const char* name);
+void* platformLibraryFunction(void* library, const char* function);
+/// Gives a reference back.
+bool platformUnloadLibrary(void* library);
+
 OperatingSystem platformOperatingSystem();
 bool platformFilesAreCaseSensitive();
 /// Whether paths start with a drive, and folders may be told apart by "\\" as well.

@@ -51,6 +51,7 @@ struct Conversion {
   bool zeros = false;
   std::size_t width = 0;
   int precision = -1;
+  int bits = 0; // 0: those of the value's type
   char kind = 0;
 };
 
@@ -60,6 +61,17 @@ int readCount(const char** format, int limit) {
   for (; isAsciiDigit(**format); ++*format)
     count = count < limit ? count * 10 + (**format - '0') : limit;
   return std::min(count, limit);
+}
+
+/// Reads what a format says of an integer's size, 0 where it leaves that to the value.
+int readBits(const char** format) {
+  const char first = **format;
+  int letters = 0;
+  for (; **format && std::strchr("hlLjztq", **format); ++*format)
+    ++letters;
+  if (letters == 0 || (first == 'l' && letters == 1))
+    return 0;
+  return first != 'h' ? 64 : letters == 1 ? 16 : 8;
 }
 
 /// Reads what follows a percent sign; false where that is no conversion.
@@ -84,9 +96,8 @@ bool readConversion(const char** format, int limit, Conversion* conversion) {
     ++next;
     conversion->precision = readCount(&next, limit);
   }
-  while (*next && std::strchr("hlLjztq", *next))
-    ++next;
-  if (!*next || !std::strchr("diuxXcfFeEgGs", *next))
+  conversion->bits = readBits(&next);
+  if (!*next || !std::strchr("diuoxXcfFeEgGs", *next))
     return false;
   conversion->kind = *next;
   *format = next + 1;
@@ -97,6 +108,8 @@ double realOf(const PrintfArg& argument) {
   switch (argument.kind) {
   case PrintfArg::Kind::Integer:
     return static_cast<double>(argument.integer);
+  case PrintfArg::Kind::Unsigned:
+    return static_cast<double>(static_cast<std::uint64_t>(argument.integer));
   case PrintfArg::Kind::Real:
     return argument.real;
   case PrintfArg::Kind::Text:
@@ -108,7 +121,7 @@ double realOf(const PrintfArg& argument) {
 }
 
 std::int64_t integerOf(const PrintfArg& argument) {
-  if (argument.kind == PrintfArg::Kind::Integer)
+  if (argument.kind == PrintfArg::Kind::Integer || argument.kind == PrintfArg::Kind::Unsigned)
     return argument.integer;
   const double value = realOf(argument);
   if (std::isnan(value))
@@ -124,6 +137,8 @@ YString textOf(const PrintfArg& argument) {
   switch (argument.kind) {
   case PrintfArg::Kind::Integer:
     return YString(argument.integer);
+  case PrintfArg::Kind::Unsigned:
+    return YString(static_cast<std::uint64_t>(argument.integer));
   case PrintfArg::Kind::Real:
     return YString(argument.real);
   case PrintfArg::Kind::Text:
@@ -150,24 +165,40 @@ const char* signOf(const Conversion& conversion, bool negative) {
   return negative ? "-" : conversion.plus ? "+" : conversion.space ? " " : "";
 }
 
-NumberText textOfInteger(const Conversion& conversion, std::int64_t value) {
+int baseOf(char kind) {
+  return asciiLower(kind) == 'x' ? 16 : kind == 'o' ? 8 : 10;
+}
+
+/// The lowest `bits` of a word, extended by zeros or by their sign.
+std::uint64_t lowBits(std::uint64_t word, int bits, bool isSigned) {
+  const int rest = 64 - bits;
+  const std::uint64_t high = word << rest;
+  return isSigned ? static_cast<std::uint64_t>(static_cast<std::int64_t>(high) >> rest)
+                  : high >> rest;
+}
+
+NumberText textOfInteger(const Conversion& conversion, const PrintfArg& argument) {
   const bool isSigned = conversion.kind == 'd' || conversion.kind == 'i';
-  const bool isHex = asciiLower(conversion.kind) == 'x';
-  const bool negative = isSigned && value < 0;
-  const auto bits = static_cast<std::uint64_t>(value);
+  const int base = baseOf(conversion.kind);
+  // With a sign all of a value is shown unless the format makes it smaller.
+  const int bits = conversion.bits ? conversion.bits : isSigned ? 64 : argument.bits;
+  const std::uint64_t word =
+      lowBits(static_cast<std::uint64_t>(integerOf(argument)), bits, isSigned);
+  const bool negative = isSigned && static_cast<std::int64_t>(word) < 0;
   NumberText text;
   if (isSigned)
     text.prefix = signOf(conversion, negative);
-  else if (isHex && conversion.alternative && value != 0)
+  else if (base == 16 && conversion.alternative && word != 0)
     text.prefix = "0x";
   char digits[24];
   const char* end =
-      std::to_chars(digits, digits + sizeof digits, negative ? 0 - bits : bits, isHex ? 16 : 10)
-          .ptr;
+      std::to_chars(digits, digits + sizeof digits, negative ? 0 - word : word, base).ptr;
   text.digits.assign(digits, static_cast<std::size_t>(end - digits));
   const auto wanted = static_cast<std::size_t>(std::max(conversion.precision, 0));
   if (text.digits.size() < wanted)
     text.digits.insert(0, wanted - text.digits.size(), '0');
+  if (base == 8 && conversion.alternative && text.digits[0] != '0')
+    text.digits.insert(0, 1, '0');
   return text;
 }
 
@@ -207,9 +238,9 @@ void printText(const Conversion& conversion, const PrintfArg& argument, BoundedT
 }
 
 void printNumber(const Conversion& conversion, const PrintfArg& argument, BoundedText* out) {
-  const bool isInteger = std::strchr("diuxX", conversion.kind) != nullptr;
-  NumberText text = isInteger ? textOfInteger(conversion, integerOf(argument))
-                              : textOfReal(conversion, realOf(argument));
+  const bool isInteger = std::strchr("diuoxX", conversion.kind) != nullptr;
+  NumberText text =
+      isInteger ? textOfInteger(conversion, argument) : textOfReal(conversion, realOf(argument));
   if (conversion.kind >= 'A' && conversion.kind <= 'Z') {
     toUpper(&text.prefix);
     toUpper(&text.digits);

@@ -1,24 +1,23 @@
 #include "HostSupport/System.h"
 
+#include "HostSupport/Files.h"
 #include "HostSupport/Numbers.h"
 
 #include "Locked.h"
 #include "Platform.h"
 
-#include <QLibrary>
-
 #include <algorithm>
 #include <atomic>
 #include <cstdio>
 #include <map>
-#include <memory>
+#include <string>
+#include <utility>
 
 namespace {
 
 struct SystemState {
   std::mutex mutex;
   std::map<std::string, std::string, std::less<>> values; // what the host tells instead
-  std::map<std::string, std::unique_ptr<QLibrary>, std::less<>> libraries;
 };
 
 std::string keyOf(const YString& key) {
@@ -86,7 +85,7 @@ YString sp_GetSystemValue(const YString& key, bool* found) {
     if (sp_CompareNoCase(key, "memory") == 0) {
       SystemMemoryInfo info;
       known = platformMemory(&info);
-      value = YString(static_cast<std::int64_t>(info.total));
+      value = YString(info.total);
     } else if (sp_CompareNoCase(key, "cores") == 0) {
       value = YString(sp_GetNumCores());
     } else if (sp_CompareNoCase(key, "version") == 0) {
@@ -102,39 +101,22 @@ YString sp_GetSystemValue(const YString& key, bool* found) {
   return value;
 }
 
+bool sp_GetVersionValues(int* major, int* minor, int* patch) {
+  FileVersion version;
+  const bool isKnown = sp_GetFileVersion(YString(), &version);
+  for (const auto& [out, value] :
+       {std::pair(major, version.major), {minor, version.minor}, {patch, version.patch}})
+    if (out)
+      *out = value;
+  return isKnown;
+}
+
 void sp_SetSystemValue(const YString& key, const char* value) {
   const Locked<SystemState> system;
   if (value)
     system->values[keyOf(key)] = value;
   else
     system->values.erase(keyOf(key));
-}
-
-void* sp_GetLibraryFunction(const char* library, const char* function, bool, const char* message,
-                            bool) {
-  QFunctionPointer entry = nullptr;
-  if (library && *library && function && *function) {
-    const Locked<SystemState> system;
-    std::unique_ptr<QLibrary>& loaded = system->libraries[library];
-    if (!loaded)
-      loaded = std::make_unique<QLibrary>(QString::fromUtf8(library));
-    entry = loaded->resolve(function);
-    if (!loaded->isLoaded())
-      system->libraries.erase(library);
-  }
-  if (!entry && message && *message)
-    sp_ReportMessage(message);
-  return reinterpret_cast<void*>(entry);
-}
-
-bool sp_UnloadLibrary(const char* library) {
-  const Locked<SystemState> system;
-  const auto found = system->libraries.find(library ? library : "");
-  if (found == system->libraries.end())
-    return false;
-  const bool unloaded = found->second->unload();
-  system->libraries.erase(found);
-  return unloaded;
 }
 
 namespace {

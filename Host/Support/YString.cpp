@@ -69,13 +69,26 @@ YString::YString(const char* text, std::size_t length) : d(Data::make(text, text
 
 YString::YString(const std::string& text) : d(Data::make(text.data(), text.size())) {}
 
-YString::YString(int value) : YString(static_cast<std::int64_t>(value)) {}
+namespace {
 
-YString::YString(std::int64_t value) {
+template <class Integer> std::string digitsOf(Integer value) {
   char digits[24];
-  const char* end = std::to_chars(digits, digits + sizeof digits, value).ptr;
-  d = Data::make(digits, static_cast<std::size_t>(end - digits));
+  return std::string(digits, std::to_chars(digits, digits + sizeof digits, value).ptr);
 }
+
+} // namespace
+
+YString::YString(int value) : YString(digitsOf(value)) {}
+
+YString::YString(unsigned value) : YString(digitsOf(value)) {}
+
+YString::YString(long value) : YString(digitsOf(value)) {}
+
+YString::YString(unsigned long value) : YString(digitsOf(value)) {}
+
+YString::YString(long long value) : YString(digitsOf(value)) {}
+
+YString::YString(unsigned long long value) : YString(digitsOf(value)) {}
 
 YString::YString(double value) {
   char text[numberTextCapacity];
@@ -211,14 +224,14 @@ std::uint32_t sp_HashValue(const char* text) noexcept {
   return text ? fnv1a(text, std::strlen(text)) : fnv1a("", 0);
 }
 
-char YString::operator[](int index) const noexcept {
+char YString::operator[](std::ptrdiff_t index) const noexcept {
   return index >= 0 && static_cast<std::size_t>(index) < length() ? c_str()[index] : '\0';
 }
 
-char& YString::operator[](int index) {
+void YString::put(std::ptrdiff_t index, char c) {
   if (index < 0 || static_cast<std::size_t>(index) >= length())
     throw KelvarinException("YString index outside the text");
-  return detach()[index];
+  detach()[index] = c;
 }
 
 bool operator==(const YString& a, const YString& b) noexcept {
@@ -230,8 +243,12 @@ bool operator==(const YString& a, const char* b) noexcept {
   return std::string_view(a.c_str(), a.length()) == (b ? b : "");
 }
 
-bool operator<(const YString& a, const YString& b) noexcept {
-  return std::string_view(a.c_str(), a.length()) < std::string_view(b.c_str(), b.length());
+int YString::compare(const YString& other) const noexcept {
+  return std::string_view(c_str(), length()).compare({other.c_str(), other.length()});
+}
+
+int YString::compare(const char* other) const noexcept {
+  return std::string_view(c_str(), length()).compare(other ? other : "");
 }
 
 TempString&& TempString::concat(const char* text) && {

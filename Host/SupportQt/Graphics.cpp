@@ -1,5 +1,6 @@
 #include "HostSupportQt/Graphics.h"
 
+#include "HostSupport/Colours.h"
 #include "HostSupport/Files.h"
 #include "HostSupport/Options.h"
 #include "HostSupportQt/Text.h"
@@ -84,10 +85,17 @@ static YString fontSpec(const QFont& font) {
                   .arg(font.family()));
 }
 
+/// What is stored under a key, if it is a font: an option of a font's name may hold anything.
+static YString storedFontSpec(const YString& key) {
+  const YString stored = sp_GetStringOption(key);
+  const char first = stored[0];
+  return first == '-' || (first >= '0' && first <= '9') ? stored : YString();
+}
+
 YString sp_GetFontSpec(const YString& name) {
-  const YString stored = sp_GetStringOption(YString(YString("Font").concat(name)));
-  if (!stored.isEmpty())
-    return stored;
+  for (const YString& key : {name, YString(YString("Font").concat(name))})
+    if (const YString stored = storedFontSpec(key); !stored.isEmpty())
+      return stored;
   QFont font;
   if (sp_CompareNoCase(name, "Standard") == 0)
     font = QApplication::font();
@@ -118,8 +126,9 @@ void sp_CvtToHyperlink(QLabel* label, QObject* receiver) {
 }
 
 int sp_ConvertHTMLcolourToRGB(const YString& colour) {
-  const QColor parsed(toQs(colour));
-  return parsed.isValid() ? parsed.red() | parsed.green() << 8 | parsed.blue() << 16 : 0;
+  int parsed = 0;
+  sp_ReadColour(colour, &parsed);
+  return parsed;
 }
 
 YString sp_ConvertRGBcolourToHTML(int colour) {

@@ -35,7 +35,11 @@ HOSTSUPPORT_EXPORT YString sp_GetFullPath(const YString& path);
 HOSTSUPPORT_EXPORT YString sp_GetDirFromPath(const char* path);
 HOSTSUPPORT_EXPORT void sp_SplitPath(YString path, PathName* parts);
 HOSTSUPPORT_EXPORT YString sp_GetCwd();
+/// The folder of the option "TempDataDir", made where it is missing; what `sp_SetTempPath` has
+/// told, or else the platform's, where none is chosen or it cannot be made.
 HOSTSUPPORT_EXPORT YString sp_GetTempPath();
+/// Gives this process a temporary folder of its own (an empty text: the platform's again).
+HOSTSUPPORT_EXPORT void sp_SetTempPath(const YString& path);
 HOSTSUPPORT_EXPORT YString
 sp_GetTempFile(); ///< a fresh name in the temporary folder; the file exists
 HOSTSUPPORT_EXPORT YString sp_GetExeDir();
@@ -51,13 +55,17 @@ HOSTSUPPORT_EXPORT YString sp_ConvertUnixToLocal(const YString& path); ///< "/" 
 /// False where the prefix is unknown; `*out` is then the text as given.
 HOSTSUPPORT_EXPORT bool sp_TranslateSystemPath(const char* path, YString* out);
 HOSTSUPPORT_EXPORT bool sp_CaseSensitiveFiles();
+/// Whether a file lies in the folder of the symbols that come with the host: that of the option
+/// "SymbolsDir", or where it is not set the one beside the program. The file need not exist.
+HOSTSUPPORT_EXPORT bool sp_IsSystemSymbolLib(const YString& path);
 HOSTSUPPORT_EXPORT std::FILE* fopen_utf8(const char* path, const char* mode);
 HOSTSUPPORT_EXPORT int unlink_utf8(const char* path);
 /// One line without its line break (LF, CRLF or CR); any length, NUL bytes dropped. False at the
 /// end of the file.
 HOSTSUPPORT_EXPORT bool sp_ReadNextLine(std::FILE* file, YString* line);
 /// Without a point; empty for an unknown kind. Kinds: "Schematic", "Symbol", "Component", "Graph",
-/// "Script", "Model", "Data", "Text".
+/// "Script", "Model", "Data", "Text", "LogicDef", "Netlist", "VerilogA", "VerilogHDL". The option
+/// of the kind's name and "Extension" says otherwise; it may hold several, as "sym;lib".
 HOSTSUPPORT_EXPORT YString sp_GetKelvarinDefaultExtension(const char* fileKind);
 /// All extensions of a kind, the default first; false for an unknown kind.
 HOSTSUPPORT_EXPORT bool sp_GetKelvarinFileExtension(const char* kind, YList<YString>* extensions);

@@ -3,6 +3,7 @@
 // All of the host's support library but the registry (host only).
 
 #include "HostSupport/Arguments.h"
+#include "HostSupport/Colours.h"
 #include "HostSupport/CompressedData.h"
 #include "HostSupport/Containers.h"
 #include "HostSupport/DigitalSource.h"

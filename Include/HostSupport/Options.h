@@ -4,6 +4,7 @@
 #include "HostSupport/OptionValue.h"
 #include "HostSupport/YString.h"
 
+#include <type_traits>
 #include <vector>
 
 // Options are plain keys without a section; settings ("configuration") have a section and a key.
@@ -16,15 +17,19 @@ HOSTSUPPORT_EXPORT YString sp_GetStringOption(const char* key); ///< empty if no
 /// text are false. `exists`, which may be null, tells whether it is set.
 HOSTSUPPORT_EXPORT bool sp_GetBoolOption(const char* key, bool* exists = nullptr);
 HOSTSUPPORT_EXPORT int sp_GetIntOption(const char* key); ///< 0 if not set
-/// A colour packed with red in the low byte (0xBBGGRR), from "#rrggbb" or the packed number; of a
-/// key that is not set, the declared default. `defaultColour` where neither can be read.
+/// A colour packed with red in the low byte (0xBBGGRR), from any text that `sp_ReadColour` takes;
+/// of a key that is not set, the declared default. `defaultColour` where that can not be read.
 HOSTSUPPORT_EXPORT int sp_GetColourOption(const char* key, int defaultColour);
 /// False when it could not be stored; the value then stands as it was. An `OptionValue` of kind
 /// `None` removes the key.
 HOSTSUPPORT_EXPORT bool sp_WriteOption(const YString& key, const YString& value);
 HOSTSUPPORT_EXPORT bool sp_WriteOption(const YString& key, const char* value);
-HOSTSUPPORT_EXPORT bool sp_WriteOption(const YString& key, bool value);
 HOSTSUPPORT_EXPORT bool sp_WriteOption(const YString& key, const OptionValue& value);
+/// A `bool` is stored as "true" or "false", a number as its digits.
+template <class Number, std::enable_if_t<std::is_arithmetic_v<Number>, int> = 0>
+bool sp_WriteOption(const YString& key, Number value) {
+  return sp_WriteOption(key, OptionValue(value));
+}
 HOSTSUPPORT_EXPORT bool sp_RemoveOption(const YString& key);
 
 /// A key with what it is to be set to, as `sp_WriteOption` takes it.
@@ -38,8 +43,9 @@ HOSTSUPPORT_EXPORT bool sp_WriteOptions(const std::vector<OptionSetting>& settin
 
 /// Current value (the default, where the key is not set) and default of a key; either pointer may
 /// be null. Where the declaration has a default, the current value is of its kind: it is the
-/// default if what is stored cannot be read as a number. Else it is a text. False for a key that is
-/// neither set nor declared.
+/// default if what is stored cannot be read as a number. Else it is a `bool` where "true" or
+/// "false" is stored, in any letter case, and otherwise a text. False for a key that is neither set
+/// nor declared.
 HOSTSUPPORT_EXPORT bool sp_ReadOptionsInfo(const char* key, OptionValue* current,
                                            OptionValue* defaultValue);
 

@@ -33,22 +33,32 @@ HOSTSUPPORT_EXPORT bool sp_GetToken(const char** cursor, YString* token, const c
 class PrintfArg {
 public:
   PrintfArg() = default;
-  PrintfArg(int value) : kind(Kind::Integer), integer(value) {}
-  PrintfArg(unsigned value) : kind(Kind::Integer), integer(value) {}
-  PrintfArg(std::int64_t value) : kind(Kind::Integer), integer(value) {}
+  PrintfArg(int value) : PrintfArg(Kind::Integer, value) {}
+  PrintfArg(unsigned value) : PrintfArg(Kind::Unsigned, value) {}
+  PrintfArg(long value) : PrintfArg(Kind::Integer, value) {}
+  PrintfArg(unsigned long value) : PrintfArg(Kind::Unsigned, value) {}
+  PrintfArg(long long value) : PrintfArg(Kind::Integer, value) {}
+  PrintfArg(unsigned long long value) : PrintfArg(Kind::Unsigned, value) {}
   PrintfArg(double value) : kind(Kind::Real), real(value) {}
   PrintfArg(const char* value) : kind(Kind::Text), text(value) {}
   PrintfArg(const YString& value) : kind(Kind::Text), text(value.c_str()) {}
 
-  enum class Kind { None, Integer, Real, Text };
+  enum class Kind { None, Integer, Unsigned, Real, Text };
   Kind kind = Kind::None;
-  std::int64_t integer = 0;
+  int bits = 64;            ///< of an integer's type
+  std::int64_t integer = 0; ///< an unsigned one beyond its reach is negative
   double real = 0;
   const char* text = "";
+
+private:
+  template <class Integer> PrintfArg(Kind itsKind, Integer value)
+      : kind(itsKind), bits(8 * int{sizeof value}), integer(static_cast<std::int64_t>(value)) {}
 };
 
 /// Bounded formatted print, independent of the locale: % with flags, width and precision and one of
-/// d i u x X c f e g s %; a value of another kind is converted, a missing one prints as empty.
+/// d i u o x X c f e g s %; a value of another kind is converted, a missing one prints as empty.
+/// What is printed without a sign has the bits of its type; hh, h, and ll, j, z and t, which stand
+/// for 64, say otherwise.
 /// False when the text was cut to `size`; it is terminated all the same.
 HOSTSUPPORT_EXPORT bool sp_sprintf(char* buffer, int size, const char* format, PrintfArg = {},
                                    PrintfArg = {}, PrintfArg = {}, PrintfArg = {});

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "HostSupport/Containers.h"
 #include "HostSupport/Export.h"
 #include "HostSupport/SystemTypes.h"
 #include "HostSupport/YString.h"
@@ -17,6 +18,8 @@ HOSTSUPPORT_EXPORT bool sp_GetSystemMemoryInfo(SystemMemoryInfo* info);
 /// ("major.minor"), "caseSensitiveFiles", "hasHelp" ("1" or "0"; known only while it is set).
 /// `*found`, which may be null, tells whether there is such a name.
 HOSTSUPPORT_EXPORT YString sp_GetSystemValue(const YString& key, bool* found = nullptr);
+/// The host's version in numbers, any of which may be null; false, and zeros, where it is none.
+HOSTSUPPORT_EXPORT bool sp_GetVersionValues(int* major, int* minor, int* patch = nullptr);
 /// What the host tells instead from now on; null brings the machine's own back. The functions
 /// above, `sp_CaseSensitiveFiles`, `sp_GetFileVersion` and `sp_HasHelp` follow.
 HOSTSUPPORT_EXPORT void sp_SetSystemValue(const YString& key, const char* value);
@@ -26,6 +29,11 @@ HOSTSUPPORT_EXPORT void sp_SetSystemValue(const YString& key, const char* value)
 HOSTSUPPORT_EXPORT void* sp_GetLibraryFunction(const char* library, const char* function, bool,
                                                const char* message, bool);
 HOSTSUPPORT_EXPORT bool sp_UnloadLibrary(const char* library);
+/// Paths of the libraries in `folder` whose file names, with or without "lib" before them, are of
+/// the form `pattern` ("*" any text, "?" a character) and not of one of `exclusions`; sorted. A
+/// relative folder, as "devices", is one of the host's own. Returns the count.
+HOSTSUPPORT_EXPORT int sp_SearchDLLs(YArray<YString>* found, const char* folder,
+                                     const char* pattern, const YArray<YString>& exclusions);
 
 /// Where a fault goes that has no caller to return to: a damaged settings file, say. The default
 /// prints to the standard error output. `text` is one line, UTF-8.

@@ -16,12 +16,35 @@ class TempString;
 /// buffer until one of them is changed; the count is atomic, so copies may live in other threads.
 class HOSTSUPPORT_EXPORT YString {
 public:
+  /// One byte of a text: read, it is 0 outside the text; written, it detaches the text and raises
+  /// `KelvarinException` outside it.
+  class Character {
+  public:
+    Character(YString* text, std::ptrdiff_t index) noexcept : m_text(text), m_index(index) {}
+    Character(const Character&) = default;
+    operator char() const noexcept { return std::as_const(*m_text)[m_index]; }
+    Character& operator=(char c) {
+      m_text->put(m_index, c);
+      return *this;
+    }
+    Character& operator=(const Character& other) { return *this = char{other}; }
+
+  private:
+    YString* m_text;
+    std::ptrdiff_t m_index;
+  };
+
   YString() noexcept;
   YString(const char* text); ///< null counts as empty
   YString(const char* text, std::size_t length);
   explicit YString(const std::string& text);
+  // Each type of the language, since which of them has 64 bits depends on the platform.
   YString(int value);
-  YString(std::int64_t value);
+  YString(unsigned value);
+  YString(long value);
+  YString(unsigned long value);
+  YString(long long value);
+  YString(unsigned long long value);
   YString(double value); ///< shortest text that reads back to the same value, no suffix
   YString(TempString&& text);
   YString(const YString& other) noexcept;
@@ -61,16 +84,34 @@ public:
   /// depends on it.
   std::uint32_t hashValue() const noexcept;
 
-  char operator[](int index) const noexcept; ///< 0 outside the text
-  char& operator[](int index);               ///< detaches; `KelvarinException` outside the text
+  char operator[](std::ptrdiff_t index) const noexcept; ///< 0 outside the text
+  Character operator[](std::ptrdiff_t index) noexcept { return {this, index}; }
 
   friend HOSTSUPPORT_EXPORT bool operator==(const YString& a, const YString& b) noexcept;
   friend HOSTSUPPORT_EXPORT bool operator==(const YString& a, const char* b) noexcept;
-  friend HOSTSUPPORT_EXPORT bool operator<(const YString& a, const YString& b) noexcept;
+  friend bool operator==(const char* a, const YString& b) noexcept { return b == a; }
   friend bool operator!=(const YString& a, const YString& b) noexcept { return !(a == b); }
   friend bool operator!=(const YString& a, const char* b) noexcept { return !(a == b); }
+  friend bool operator!=(const char* a, const YString& b) noexcept { return !(b == a); }
+
+  // By their bytes. All of them, since else the addresses of two texts would be compared.
+  friend bool operator<(const YString& a, const YString& b) noexcept { return a.compare(b) < 0; }
+  friend bool operator<(const YString& a, const char* b) noexcept { return a.compare(b) < 0; }
+  friend bool operator<(const char* a, const YString& b) noexcept { return b.compare(a) > 0; }
+  friend bool operator>(const YString& a, const YString& b) noexcept { return a.compare(b) > 0; }
+  friend bool operator>(const YString& a, const char* b) noexcept { return a.compare(b) > 0; }
+  friend bool operator>(const char* a, const YString& b) noexcept { return b.compare(a) < 0; }
+  friend bool operator<=(const YString& a, const YString& b) noexcept { return a.compare(b) <= 0; }
+  friend bool operator<=(const YString& a, const char* b) noexcept { return a.compare(b) <= 0; }
+  friend bool operator<=(const char* a, const YString& b) noexcept { return b.compare(a) >= 0; }
+  friend bool operator>=(const YString& a, const YString& b) noexcept { return a.compare(b) >= 0; }
+  friend bool operator>=(const YString& a, const char* b) noexcept { return a.compare(b) >= 0; }
+  friend bool operator>=(const char* a, const YString& b) noexcept { return b.compare(a) <= 0; }
 
 private:
+  void put(std::ptrdiff_t index, char c);
+  int compare(const YString& other) const noexcept;
+  int compare(const char* other) const noexcept; ///< null counts as empty
   struct Data;
   friend class TempString;
   explicit YString(Data* data) noexcept : d(data) {}

@@ -1,5 +1,6 @@
 #include "HostSupport/Files.h"
 
+#include "HostSupport/Options.h"
 #include "HostSupport/System.h"
 
 #include <gtest/gtest.h>
@@ -21,6 +22,7 @@ protected:
   }
   void TearDown() override {
     sp_SetSettingsDir("");
+    sp_SetTempPath("");
     sp_FailFileOperation(0);
     fs::remove_all(m_folder.c_str());
   }
@@ -194,9 +196,133 @@ TEST_F(Files, ExtensionsOfAKind) {
     EXPECT_EQ(*extensions.begin(), sp_GetKelvarinDefaultExtension(kind));
     EXPECT_NE((*extensions.begin())[0], '.');
   }
+  for (const char* kind : {"LogicDef", "netlist", "VerilogA", "VerilogHDL"})
+    EXPECT_TRUE(sp_GetKelvarinFileExtension(kind, &extensions)) << kind;
   EXPECT_FALSE(sp_GetKelvarinFileExtension("Unknown", &extensions));
   EXPECT_TRUE(extensions.isEmpty());
   EXPECT_TRUE(sp_GetKelvarinDefaultExtension(nullptr).isEmpty());
+}
+
+TEST_F(Files, ExtensionsFollowTheirOptions) {
+  sp_SetSettingsDir(m_folder);
+  const std::string usual = sp_GetKelvarinDefaultExtension("Symbol").c_str();
+  const struct {
+    const char* option;
+    std::vector<std::string> extensions;
+  } cases[] = {{"xyz", {"xyz"}},
+               {" .abc; *.def,ghi | abc\tABC", {"abc", "def", "ghi"}},
+               {"tar.gz", {"tar.gz"}},
+               {" ; . *. * ", {usual}},
+               {"a/b;c:d;e?;\"f\"", {usual}},
+               {"", {usual}}};
+  for (const auto& example : cases) {
+    ASSERT_TRUE(sp_WriteOption("SymbolExtension", example.option));
+    YList<YString> found;
+    EXPECT_TRUE(sp_GetKelvarinFileExtension("symbol", &found));
+    EXPECT_EQ(std::vector<std::string>(found.begin(), found.end()), example.extensions);
+    EXPECT_STREQ(sp_GetKelvarinDefaultExtension("SYMBOL"), example.extensions[0].c_str());
+  }
+  EXPECT_STREQ(sp_GetKelvarinDefaultExtension("Component"), "kvcmp");
+}
+
+TEST_F(Files, TemporaryFilesGoWhereTheUserOrTheHostWants) {
+  sp_SetSettingsDir(m_folder);
+  const YString usual = sp_GetTempPath();
+  const YString own = below("of the process");
+  sp_SetTempPath(own);
+  EXPECT_STREQ(sp_GetTempPath(), own) << "and is made";
+  EXPECT_TRUE(sp_ExistDir(own));
+  const YString chosen = below("of the user");
+  ASSERT_TRUE(sp_WriteOption("TempDataDir", chosen.concat("//")));
+  EXPECT_STREQ(sp_GetTempPath(), chosen);
+  EXPECT_STREQ(sp_GetDirFromPath(sp_GetTempFile()), chosen);
+  EXPECT_STREQ(sp_GetKnownFolderPath("Temp"), chosen);
+  // The user's folder may stand in the usual one.
+  ASSERT_TRUE(sp_WriteOption("TempDataDir", "%temp%/mine"));
+  EXPECT_STREQ(sp_GetTempPath(), own.concat("/mine").c_str());
+  for (const YString& unusable : {YString(write("file", "x").concat("/x")), YString("%NOWHERE%/x"),
+                                  YString(" "), YString()}) {
+    ASSERT_TRUE(sp_WriteOption("TempDataDir", unusable));
+    EXPECT_STREQ(sp_GetTempPath(), own) << unusable;
+  }
+  sp_SetTempPath(below("file/x"));
+  EXPECT_STREQ(sp_GetTempPath(), usual) << "which cannot be made";
+  sp_SetTempPath("");
+  EXPECT_STREQ(sp_GetTempPath(), usual);
+}
+
+TEST_F(Files, LibrariesOfAFolder) {
+  for (const char* name : {"Laplace_2.so", "Laplace_2.dll", "libLaplace_2.so.1", "Laplace_2.txt",
+                           "Laplace_20.so", "laplace_2.so", "Old_Laplace_2.so", "Laplace_2.1.so"})
+    write(name, "x");
+  ASSERT_TRUE(sp_MakeDir(below("Laplace_2.3.so")));
+  using Names = std::vector<std::string>;
+  const struct {
+    const char* pattern;
+    std::vector<const char*> exclusions;
+    Names names;
+  } cases[] = {
+      {"Laplace_2.*", {}, {"Laplace_2.1.so", "Laplace_2.so", "libLaplace_2.so.1"}},
+      {"Laplace_2.*", {"LAPLACE_2.1.so", "Laplace_2.so"}, {"Laplace_2.1.so", "libLaplace_2.so.1"}},
+      {"Laplace_2.*", {"libLap*", "Laplace_2.?.so"}, {"Laplace_2.so"}},
+      {"?aplace_2.so", {}, {"Laplace_2.so", "laplace_2.so"}},
+      {"[L]*", {}, {}},
+      {"", {}, {}},
+      {nullptr, {}, {}}};
+  for (const auto& example : cases) {
+    YArray<YString> found;
+    found.append("left over");
+    YArray<YString> exclusions;
+    for (const char* name : example.exclusions)
+      exclusions.append(name);
+    const int count = sp_SearchDLLs(&found, m_folder, example.pattern, exclusions);
+    EXPECT_EQ(count, found.count());
+    Names names;
+    for (const YString& path : found) {
+      EXPECT_STREQ(sp_GetDirFromPath(path), m_folder);
+      names.push_back(fs::path(path.c_str()).filename());
+    }
+    EXPECT_EQ(names, example.names) << (example.pattern ? example.pattern : "null");
+  }
+  YArray<YString> found;
+  sp_SetSystemValue("caseSensitiveFiles", "0");
+  EXPECT_EQ(sp_SearchDLLs(&found, m_folder, "LAPLACE_2.so", {}), 2);
+  sp_SetSystemValue("caseSensitiveFiles", nullptr);
+  for (const char* nowhere :
+       {"no such folder", "", "/nonexistent", static_cast<const char*>(nullptr)})
+    EXPECT_EQ(sp_SearchDLLs(&found, nowhere, "*", {}), 0);
+}
+
+TEST_F(Files, SymbolLibrariesOfTheSystem) {
+  sp_SetSettingsDir(below("settings"));
+  ASSERT_TRUE(sp_MakeTree(below("system/deep")));
+  ASSERT_TRUE(sp_MakeTree(below("system of mine")));
+  ASSERT_TRUE(sp_WriteOption("SymbolsDir", below("system/")));
+  write("system/deep/a.kvsym", "x");
+  fs::create_directory_symlink(below("system").c_str(), below("link").c_str());
+  const struct {
+    const char* path;
+    bool isSystem;
+  } cases[] = {{"system/a.kvsym", true},
+               {"system/deep/a.kvsym", true},
+               {"system/../system/x/b", true},
+               {"link/deep/a.kvsym", true},
+               {"system/../a.kvsym", false},
+               {"system of mine/a.kvsym", false},
+               {"system", false},
+               {"a.kvsym", false},
+               {"system/deep/../../a", false}};
+  for (const auto& example : cases)
+    EXPECT_EQ(sp_IsSystemSymbolLib(below(example.path)), example.isSystem) << example.path;
+  EXPECT_FALSE(sp_IsSystemSymbolLib(""));
+  sp_SetSystemValue("caseSensitiveFiles", "0");
+  EXPECT_TRUE(sp_IsSystemSymbolLib(below("SYSTEM/a.kvsym")));
+  sp_SetSystemValue("caseSensitiveFiles", nullptr);
+  EXPECT_FALSE(sp_IsSystemSymbolLib(below("SYSTEM/a.kvsym")));
+  ASSERT_TRUE(sp_RemoveOption("SymbolsDir"));
+  EXPECT_FALSE(sp_IsSystemSymbolLib(below("system/a.kvsym")));
+  EXPECT_TRUE(sp_IsSystemSymbolLib(
+      YString(sp_GetExeDir().concat("/../share/kelvarin-dialogs/symbols/a.kvsym"))));
 }
 
 } // namespace

@@ -5,6 +5,8 @@
 #include "SettingsFixture.h"
 
 #include <climits>
+#include <cstdint>
+#include <type_traits>
 
 namespace {
 
@@ -25,6 +27,34 @@ TEST_F(Options, ValuesPersistAsText) {
   EXPECT_STREQ(sp_GetStringOption("Text"), "");
   EXPECT_STREQ(sp_GetStringOption("text"), "");
   EXPECT_TRUE(messages().empty());
+}
+
+// A value goes to the form of its own kind, whatever else it could be converted to.
+TEST_F(Options, EachKindIsStoredAsItself) {
+  const int number = 7;
+  EXPECT_TRUE(sp_WriteOption("Value", number));
+  EXPECT_STREQ(sp_GetStringOption("Value"), "7");
+  EXPECT_TRUE(sp_WriteOption("Value", 0.5));
+  EXPECT_STREQ(sp_GetStringOption("Value"), "0.5");
+  EXPECT_TRUE(sp_WriteOption("Value", 4'000'000'000u));
+  EXPECT_STREQ(sp_GetStringOption("Value"), "4000000000");
+  EXPECT_TRUE(sp_WriteOption("Value", std::int64_t{-4611686018427387904}));
+  EXPECT_STREQ(sp_GetStringOption("Value"), "-4611686018427387904");
+  EXPECT_TRUE(sp_WriteOption("Value", false));
+  EXPECT_STREQ(sp_GetStringOption("Value"), "false");
+  EXPECT_TRUE(sp_WriteOption("Value", YString("a").concat("b")));
+  EXPECT_STREQ(sp_GetStringOption("Value"), "ab");
+  EXPECT_FALSE((std::is_constructible_v<OptionValue, void*>));
+}
+
+// Modules that know the records only go by these numbers.
+TEST_F(Options, CodesOfTheKinds) {
+  const struct {
+    OptionValue value;
+    int code;
+  } cases[] = {{"a", 0}, {YString(), 0}, {0.5, 1}, {true, 2}, {OptionValue(), 3}, {5, 4}};
+  for (const auto& example : cases)
+    EXPECT_EQ(static_cast<int>(example.value.kind()), example.code);
 }
 
 TEST_F(Options, WhatCountsAsTrue) {
@@ -70,13 +100,24 @@ TEST_F(Options, AreOfTheKindThatTheyAreDeclaredOf) {
     OptionValue declared;
     const char* stored;
     OptionValue current;
-  } cases[] = {{true, "false", false},  {false, "TRUE", true},
-               {true, "", false},       {5, "7", 7},
-               {5, "4.7k", 4700},       {5, "-1.9", -1},
-               {5, "seven", 5},         {5, "", 5},
-               {0.5, "1m", 0.001},      {0.5, "2", 2.0},
-               {0.5, "2 of them", 0.5}, {"Split", "7", "7"},
-               {"", "true", "true"},    {OptionValue(), "true", "true"}};
+  } cases[] = {{true, "false", false},
+               {false, "TRUE", true},
+               {true, "", false},
+               {5, "7", 7},
+               {5, "4.7k", 4700},
+               {5, "-1.9", -1},
+               {5, "seven", 5},
+               {5, "", 5},
+               {0.5, "1m", 0.001},
+               {0.5, "2", 2.0},
+               {0.5, "2 of them", 0.5},
+               {"Split", "7", "7"},
+               {"", "true", "true"},
+               {OptionValue(), "true", true},
+               {OptionValue(), "FALSE", false},
+               {OptionValue(), "1", "1"},
+               {OptionValue(), "off", "off"},
+               {OptionValue(), "", ""}};
   int number = 0;
   for (const auto& example : cases) {
     const YString key = YString("Kind").concat(YString(++number));
@@ -131,7 +172,8 @@ TEST_F(Options, ColoursAndDeclaredDefaults) {
   EXPECT_STREQ(defaultValue.toText(), "#a0B1c2");
   ASSERT_TRUE(sp_WriteOption("Colour", "255"));
   EXPECT_EQ(sp_GetColourOption("Colour", 0), 255);
-  for (const char* bad : {"#12345", "#1234567", "#12345g", "#-12345", "blue", "-1", "1e9", ""}) {
+  for (const char* bad :
+       {"#12345", "#1234567", "#12345g", "#-12345", "bluish", "-1", "1e9", "#", ""}) {
     ASSERT_TRUE(sp_WriteOption("Colour", bad));
     EXPECT_EQ(sp_GetColourOption("Colour", 7), 7) << bad;
   }

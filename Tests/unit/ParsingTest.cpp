@@ -114,6 +114,27 @@ TEST(Printf, PrintsAsTheStandardDoes) {
   }
 }
 
+// A value has the bits of its own type, unless the format says otherwise.
+TEST(Printf, BitsOfNegativeNumbers) {
+  char expected[100];
+  for (const char* format : {"%x", "%X", "%o", "%#o", "%u", "%#x", "%012x", "%hhx", "%hx", "%hhu"})
+    for (const int value : {-1, -2, INT_MIN, 70000, 0}) {
+      std::snprintf(expected, sizeof expected, format, value);
+      EXPECT_EQ(print(format, value), expected) << format << value;
+    }
+  for (const char* format : {"%hd", "%hhd", "%.0o", "%#.3o", "%#5o|"}) {
+    std::snprintf(expected, sizeof expected, format, 40000);
+    EXPECT_EQ(print(format, 40000), expected) << format;
+  }
+  EXPECT_EQ(print("%llx %lld %jx %zx", -1, -1, -2, -1),
+            "ffffffffffffffff -1 fffffffffffffffe ffffffffffffffff");
+  EXPECT_EQ(print("%x %u", std::int64_t{-1}, std::int64_t{-1}),
+            "ffffffffffffffff 18446744073709551615");
+  EXPECT_EQ(print("%x %lx %u", -1L, -1L, -1LL).substr(0, 8), "ffffffff");
+  EXPECT_EQ(print("%u %s %g %d", std::size_t(-1), std::size_t(-1), ~0ULL, ~0U),
+            "18446744073709551615 18446744073709551615 1.84467e+19 4294967295");
+}
+
 TEST(Printf, ConvertsOtherKindsAndMissingValues) {
   EXPECT_EQ(print("%d", 2.9), "2");
   EXPECT_EQ(print("%d", 1e300), "9223372036854775807");

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QColor>
 #include <QDialog>
 #include <QFile>
 #include <QGuiApplication>
@@ -25,6 +26,8 @@ std::vector<HelpRequest> requests;
 
 } // namespace
 
+using ColourTest = Settings;
+using FontTest = Settings;
 using GeometryTest = Settings;
 
 TEST_F(GeometryTest, OnlyWhatAScreenShowsIsRestored) {
@@ -148,7 +151,36 @@ TEST(Text, BothWaysAndForAMoment) {
   EXPECT_STREQ(toCs(QStringLiteral("second")), "second");
   EXPECT_STREQ(first, "first");
   EXPECT_TRUE(equals(QStringLiteral("Meg"), QStringLiteral("MEG")));
-  EXPECT_EQ(sp_ConvertHTMLcolourToRGB("#0a141e"), 0x1e140a);
+}
+
+// What is a colour for one is a colour for all.
+TEST_F(ColourTest, OfOptionsAndPagesAreAlike) {
+  QStringList texts = QColor::colorNames();
+  texts.removeAll(QStringLiteral("transparent"));
+  texts +=
+      {QStringLiteral("#0a141e"),    QStringLiteral("#AbC"),          QStringLiteral("#800a141e"),
+       QStringLiteral("#123456789"), QStringLiteral("#0a001400ffff"), QStringLiteral("Light Blue")};
+  for (const QString& text : texts) {
+    const QColor colour(text);
+    const int expected = colour.red() | colour.green() << 8 | colour.blue() << 16;
+    EXPECT_EQ(sp_ConvertHTMLcolourToRGB(toYs(text)), expected) << Tocs(text);
+    ASSERT_TRUE(sp_WriteOption("Colour", toYs(text)));
+    EXPECT_EQ(sp_GetColourOption("Colour", -1), expected) << Tocs(text);
+  }
+  EXPECT_EQ(sp_ConvertHTMLcolourToRGB("1971210"), 0x1e140a);
   EXPECT_EQ(sp_ConvertRGBcolourToHTML(0x1e140a), "#0a141e");
-  EXPECT_EQ(sp_ConvertHTMLcolourToRGB("no colour"), 0);
+  for (const char* none : {"no colour", "#", "#12", "#12345", "#12345678901234", "#-12", ""})
+    EXPECT_EQ(sp_ConvertHTMLcolourToRGB(none), 0) << none;
+}
+
+TEST_F(FontTest, TheOptionOfThatVeryNameComesFirst) {
+  EXPECT_EQ(sp_GetFontSpec("Mine"), "");
+  EXPECT_NE(sp_GetFontSpec("Fixed"), "");
+  sp_WriteOption("FontMine", "9;0;0;0;0;0;Short");
+  EXPECT_EQ(sp_GetFontSpec("Mine"), "9;0;0;0;0;0;Short");
+  EXPECT_EQ(sp_GetFontSpec("FontMine"), "9;0;0;0;0;0;Short");
+  sp_WriteOption("Mine", "-12;0;0;0;0;0;Full");
+  EXPECT_EQ(sp_GetFontSpec("Mine"), "-12;0;0;0;0;0;Full");
+  sp_WriteOption("Mine", "no font");
+  EXPECT_EQ(sp_GetFontSpec("Mine"), "9;0;0;0;0;0;Short");
 }

@@ -4,9 +4,17 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <atomic>
 #include <memory>
 #include <random>
 #include <string>
+#include <thread>
+#include <tuple>
+#include <vector>
+
+#include <dlfcn.h>
+#include <unistd.h>
 
 namespace {
 
@@ -44,6 +52,14 @@ TEST(System, TheHostMayTellOtherwise) {
   EXPECT_EQ(own.major, 9);
   EXPECT_EQ(own.minor, 5);
   EXPECT_TRUE(sp_GetFileVersion(sp_GetExeFileName(), &own));
+  int major = 0;
+  int minor = 0;
+  int patch = 7;
+  EXPECT_TRUE(sp_GetVersionValues(&major, &minor, &patch));
+  EXPECT_EQ(std::make_tuple(major, minor, patch), std::make_tuple(9, 5, 0));
+  sp_SetSystemValue("version", "of the day");
+  EXPECT_FALSE(sp_GetVersionValues(&major, nullptr));
+  EXPECT_EQ(major, 0);
 
   sp_SetSystemValue("cores", "nonsense");
   EXPECT_EQ(sp_GetNumCores(), cores);
@@ -68,6 +84,103 @@ TEST(System, FunctionsOfALibraryOnDemand) {
   EXPECT_TRUE(sp_UnloadLibrary("libm.so.6"));
   EXPECT_FALSE(sp_UnloadLibrary("libm.so.6"));
   EXPECT_FALSE(sp_UnloadLibrary(nullptr));
+}
+
+constexpr const char* callingLibrary = KV_TEST_MODULES "/libCallingLibrary.so";
+
+using Count = int (*)();
+
+Count callsWhileLoading() {
+  return reinterpret_cast<Count>(
+      sp_GetLibraryFunction(callingLibrary, "callsWhileLoading", false, "", false));
+}
+
+/// Whether the process still has the library: asked without loading it.
+bool isLoaded(const char* library) {
+  void* handle = dlopen(library, RTLD_LAZY | RTLD_NOLOAD);
+  if (handle)
+    dlclose(handle);
+  return handle != nullptr;
+}
+
+/// Runs `body` in a process of its own, which may hang.
+template <class Body> void expectEnds(Body body) {
+  GTEST_FLAG_SET(death_test_style, "fast");
+  EXPECT_EXIT(
+      {
+        alarm(20);
+        body();
+        _exit(testing::Test::HasFailure() ? 1 : 0);
+      },
+      testing::ExitedWithCode(0), "");
+}
+
+TEST(LibraryDeathTest, MayCallTheHostAsItComesAndGoes) {
+  expectEnds([] {
+    for (int round = 0; round < 3; ++round) {
+      const Count count = callsWhileLoading();
+      ASSERT_NE(count, nullptr);
+      EXPECT_EQ(count(), 1);
+      EXPECT_TRUE(sp_UnloadLibrary(callingLibrary));
+      EXPECT_FALSE(isLoaded(callingLibrary));
+    }
+  });
+}
+
+TEST(LibraryDeathTest, IsLoadedOnceByManyThreads) {
+  expectEnds([] {
+    for (int round = 0; round < 50; ++round) {
+      std::atomic<int> waiting{8};
+      std::array<Count, 8> found{};
+      std::vector<std::thread> threads;
+      for (Count& mine : found)
+        threads.emplace_back([&waiting, &mine] {
+          for (--waiting; waiting > 0;)
+            std::this_thread::yield();
+          mine = callsWhileLoading();
+        });
+      for (std::thread& thread : threads)
+        thread.join();
+      for (const Count mine : found) {
+        ASSERT_NE(mine, nullptr);
+        EXPECT_EQ(mine, found[0]);
+        EXPECT_EQ(mine(), 1);
+      }
+      EXPECT_TRUE(sp_UnloadLibrary(callingLibrary));
+      EXPECT_FALSE(isLoaded(callingLibrary));
+    }
+  });
+}
+
+// One thread takes the library away while others look into it.
+TEST(LibraryDeathTest, IsThereWhileSomebodyLooksIntoIt) {
+  expectEnds([] {
+    std::atomic<bool> done{false};
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 3; ++i)
+      threads.emplace_back([&done] {
+        while (!done)
+          EXPECT_NE(callsWhileLoading(), nullptr);
+      });
+    for (int unloads = 0; unloads < 500;)
+      unloads += sp_UnloadLibrary(callingLibrary);
+    done = true;
+    for (std::thread& thread : threads)
+      thread.join();
+    sp_UnloadLibrary(callingLibrary);
+    EXPECT_FALSE(isLoaded(callingLibrary));
+  });
+}
+
+TEST(Library, IsFoundByItsBareName) {
+  const YString bare = YString(callingLibrary).substituteAll("/libCalling", "/Calling");
+  for (YString name : {YString(callingLibrary), bare}) {
+    name.stripTrailing("so");
+    name.stripTrailing(".");
+    EXPECT_NE(sp_GetLibraryFunction(name, "callsWhileLoading", false, "", false), nullptr) << name;
+    EXPECT_TRUE(sp_UnloadLibrary(name));
+  }
+  EXPECT_FALSE(isLoaded(callingLibrary));
 }
 
 TEST(Base64, ThereAndBack) {

@@ -29,6 +29,10 @@ TEST(YString, IsNeverNull) {
 TEST(YString, ConvertsNumbers) {
   EXPECT_STREQ(YString(-7), "-7");
   EXPECT_STREQ(YString(std::numeric_limits<std::int64_t>::min()), "-9223372036854775808");
+  EXPECT_STREQ(YString(std::numeric_limits<qint64>::min()), "-9223372036854775808");
+  EXPECT_STREQ(YString(std::numeric_limits<std::size_t>::max()), "18446744073709551615");
+  EXPECT_STREQ(YString(4'000'000'000u), "4000000000");
+  EXPECT_STREQ(YString(-5L), "-5");
   EXPECT_STREQ(YString(0.1), "0.1");
   EXPECT_STREQ(YString(1e6), "1000000");
   EXPECT_STREQ(YString(0.1 + 0.2), "0.30000000000000004");
@@ -105,6 +109,16 @@ TEST(YString, IndexIsBounded) {
   YString changing("ab");
   EXPECT_THROW(changing[2] = 'x', KelvarinException);
   EXPECT_THROW(changing[-1] = 'x', KelvarinException);
+  changing[1] = changing[0];
+  EXPECT_STREQ(changing, "aa");
+  EXPECT_EQ(changing[2], '\0') << "read, not written";
+  const YString shared = changing;
+  EXPECT_EQ(changing[0], 'a');
+  EXPECT_EQ(changing.c_str(), shared.c_str()) << "a reader does not detach";
+  YString empty;
+  EXPECT_EQ(empty[0], '\0');
+  EXPECT_THROW(empty[0] = 'x', KelvarinException);
+  EXPECT_STREQ(YString(), "");
 }
 
 TEST(YString, ComparePathFollowsTheFileSystem) {
@@ -140,6 +154,12 @@ TEST(YString, Compares) {
   EXPECT_TRUE(YString("a") < YString("ab"));
   EXPECT_TRUE(YString("z") < YString("\u00e4")); // by bytes, unsigned
   EXPECT_TRUE(YString() == nullptr);
+  const YString shorter("a");
+  const YString longer("ab");
+  EXPECT_TRUE("ab" == longer && "a" != longer && longer == "ab" && longer != "a");
+  EXPECT_TRUE(longer > shorter && longer >= longer && shorter <= longer);
+  EXPECT_FALSE(shorter > longer || shorter >= longer || longer <= shorter);
+  EXPECT_TRUE(shorter < "ab" && "ab" > shorter && "a" <= shorter && longer >= "a");
   EXPECT_EQ(sp_CompareNoCase("ABC", "abc"), 0);
   EXPECT_EQ(sp_CompareNoCase(nullptr, ""), 0);
   EXPECT_LT(sp_CompareNoCase("abc", "ABD"), 0);
