@@ -97,7 +97,7 @@ TEST(FunctionTable, readsWhatAModuleRegisters) {
   const QString all =
       QStringLiteral("Apply ArgumentCount Ask AskSchematic EchoAny EchoReals "
                      "EchoStrings EmptyResult Evaluate EvaluateText Fail Hang Kinds "
-                     "Note Shape WriteTooFar");
+                     "Note RunBlock Shape WriteTooFar");
   EXPECT_EQ(namesOf(table).join(QLatin1Char(' ')), all);
   EXPECT_EQ(table.find(QStringLiteral("Kinds"))->kind, FunctionInfo::Kind::Typed);
   EXPECT_EQ(table.find(QStringLiteral("EchoReal")), nullptr);
@@ -110,7 +110,7 @@ TEST(FunctionTable, readsWhatAModuleRegisters) {
                          {QStringLiteral("maxArgs"), 2},
                          {QStringLiteral("argTypes"), QJsonArray{1, 1}},
                          {QStringLiteral("resultType"), 9}}));
-  EXPECT_EQ(json.at(14).toObject().value(QStringLiteral("argTypes")), (QJsonArray{4, 4}));
+  EXPECT_EQ(json.at(15).toObject().value(QStringLiteral("argTypes")), (QJsonArray{4, 4}));
   EXPECT_EQ(json.at(13).toObject().value(QStringLiteral("kind")), QStringLiteral("command"));
 
   // Again, and by a second table, what static objects registered is there although they ran once.

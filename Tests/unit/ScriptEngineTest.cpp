@@ -1,8 +1,8 @@
 // What scripts see of the host: conversions, faults, checks, services. The functions come from the
 // module Tests/modules/EchoModule.cpp.
 
-#include "Script/ScriptEngine.h"
-#include "Drive/DialogDriver.h"
+#include "ScriptFixture.h"
+
 #include "HostSupport/Files.h"
 #include "HostSupport/HostSupport.h"
 #include "HostSupport/Registry.h"
@@ -10,60 +10,17 @@
 #include "HostSupportQt/Paste.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QDirIterator>
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QJSEngine>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-QString echoModule() {
-  const QDir folder(QStringLiteral(KV_TEST_MODULES));
-  return folder.absoluteFilePath(
-      folder.entryList({QStringLiteral("*EchoModule.*")}, QDir::Files).value(0));
-}
-
-class ScriptEngineTest : public ::testing::Test {
-protected:
-  ScriptEngineTest() {
-    table.loadModule(echoModule());
-    engine = std::make_unique<ScriptEngine>(&table, &driver);
-    QObject::connect(engine.get(), &ScriptEngine::printed,
-                     [this](const QString& line) { printed.append(line); });
-    QObject::connect(engine.get(), &ScriptEngine::problem,
-                     [this](const QString& line) { problems.append(line); });
-  }
-
-  /// The value as JSON, or the error.
-  std::string run(const QString& script) {
-    const ScriptEngine::Outcome outcome = engine->evaluate(script, QStringLiteral("t.js"));
-    return (outcome.ok ? engine->toJson(outcome.value) : outcome.error).toStdString();
-  }
-  std::string run(const char* script) { return run(QString::fromUtf8(script)); }
-
-  QString write(const QString& name, const char* text) {
-    QFile file(folder.filePath(name));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(text);
-    return file.fileName();
-  }
-
-  QTemporaryDir folder;
-  FunctionTable table;
-  DialogDriver driver;
-  std::unique_ptr<ScriptEngine> engine;
-  QStringList printed;
-  QStringList problems;
-};
-
-struct Case {
-  const char* script;
-  const char* expected;
-};
+using ScriptEngineTest = ScriptFixture;
+using Case = ScriptCase;
 
 } // namespace
 
@@ -138,9 +95,10 @@ TEST_F(ScriptEngineTest, refusesWithASentence) {
       {"command('Note \"open')", "command: a quote is not closed: Note \"open"},
       {"host.wait(-1)", "host.wait: the time must be a number of milliseconds from 0 to a day"},
       {"host.onDialog(3)", "TypeError: host.onDialog: the handler must be a function, 3 was given"},
-      {"host.graphs({})", "host.graphs is not served by this host yet"},
-      {"host.provide('dyn_OpenListDialog', () => 1)",
-       "host.provide: dyn_OpenListDialog is not served by this host yet"},
+      {"host.provide('dyn_GetGraphEditData', () => 1)",
+       "host.provide: dyn_GetGraphEditData is steered through host.graphs; it can only be "
+       "withdrawn "
+       "and brought back"},
       {"throw 'a text'", "a text"},
       {"throw undefined", "undefined"},
       {"+nothing.at.all", "ReferenceError: nothing is not defined"},
@@ -187,7 +145,7 @@ TEST_F(ScriptEngineTest, runsProgramsAndPrints) {
   engine->setArguments({QStringLiteral("a b"), QStringLiteral("-x")});
   EXPECT_EQ(run("host.args"), "[\"a b\",\"-x\"]");
   EXPECT_EQ(run("EchoStrings(host.args)"), "[\"a b\",\"-x\"]");
-  EXPECT_EQ(run("host.functions().length"), "16");
+  EXPECT_EQ(run("host.functions().length"), "17");
   EXPECT_EQ(run("let d = []; for (let i = 0; i < 100000; ++i) d = [d]; d").substr(0, 3), "[[[");
   EXPECT_EQ(run("let c = {}; c.self = c; c"), "{\"self\":null}");
   EXPECT_FALSE(engine->hasFailed());

@@ -338,3 +338,11 @@ void callCommand(const FunctionInfo& command, const QStringList& words) {
                                   parseContext);
   });
 }
+
+void callEntry(const QString& name, const std::function<void()>& call) {
+  const Nesting nesting(name);
+  runGuarded(name, [&] {
+    call();
+    return 0;
+  });
+}

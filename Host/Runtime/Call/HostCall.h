@@ -2,6 +2,8 @@
 
 #include "Call/FunctionTable.h"
 
+#include <functional>
+
 /// "takes 1 to 2 arguments, none was given."; empty where the count is right.
 QString wrongArgumentCount(int least, int most, std::size_t count);
 
@@ -19,6 +21,9 @@ CallResult callHandler(const FunctionInfo& function, const std::vector<ScriptVec
 
 /// Runs a command's handler likewise; `words` are those behind its name.
 void callCommand(const FunctionInfo& command, const QStringList& words);
+
+/// Runs a call of an entry that a module serves likewise.
+void callEntry(const QString& name, const std::function<void()>& call);
 
 /// The exception that is being handled, in words: the message of a `KelvarinException` or a
 /// standard one, else what it is. To be called in a `catch`.
