@@ -1,4 +1,5 @@
 #include "Call/FunctionTable.h"
+#include "Call/HostApplication.h"
 #include "CommandLine.h"
 #include "HostSupport/Files.h"
 #include "HostSupportQt/Text.h"
@@ -7,8 +8,6 @@
 #include "Startup.h"
 #include "Tour/Tour.h"
 #include "Workbench/WorkbenchCommand.h"
-
-#include <QApplication>
 
 namespace {
 
@@ -57,7 +56,7 @@ int main(int argc, char** argv) {
 
   prepareEnvironment(line);
   int programOnly = 1;
-  QApplication application(programOnly, argv);
+  HostApplication application(programOnly, argv);
   prepareApplication();
   if (!line.settingsDir.isEmpty())
     sp_SetSettingsDir(toYs(line.settingsDir));

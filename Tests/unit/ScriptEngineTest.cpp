@@ -3,13 +3,13 @@
 
 #include "ScriptFixture.h"
 
+#include "Call/HostApplication.h"
 #include "HostSupport/Files.h"
 #include "HostSupport/HostSupport.h"
 #include "HostSupport/Registry.h"
 #include "HostSupportQt/Help.h"
 #include "HostSupportQt/Paste.h"
 
-#include <QApplication>
 #include <QDirIterator>
 #include <QElapsedTimer>
 #include <QFileInfo>
@@ -492,7 +492,7 @@ TEST_F(ScriptEngineTest, endsTheProcessWhereCodeNeverComesBack) {
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
+  HostApplication application(argc, argv);
   QTemporaryDir settings;
   sp_SetSettingsDir(YString(settings.path().toUtf8().constData()));
   ::testing::InitGoogleTest(&argc, argv);

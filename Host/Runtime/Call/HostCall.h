@@ -30,6 +30,10 @@ void callEntry(const QString& name, const std::function<void()>& call);
 QString describeException();
 
 /// Lets the running handler's call end with a `CallError` of this message, as if the exception had
-/// left the handler: for one that a driver has caught in an event of the handler's dialog. False
-/// where no handler runs.
+/// left the handler: for one that was caught in an event of the handler's dialog. The first one
+/// counts. False where no handler runs.
 bool raiseWhenHandlerEnds(const QString& message);
+/// Whether the running handler's call is to end so.
+bool isExceptionPending();
+/// How many handlers run inside one another.
+int callDepth();
