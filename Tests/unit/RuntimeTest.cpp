@@ -1,7 +1,9 @@
 // Loading modules: what a sound one gives, and what is said of one that is not.
 
 #include "Call/FunctionTable.h"
+#include "HostSupport/KelvarinException.h"
 #include "HostSupport/Registry.h"
+#include "HostSupport/System.h"
 
 #include <QDir>
 #include <QFile>
@@ -127,4 +129,40 @@ TEST(FunctionTable, readsWhatAModuleRegisters) {
     EXPECT_NE(record.name, "Kinds");
   EXPECT_EQ(loadFault(&second, file), QString());
   EXPECT_EQ(namesOf(second).join(QLatin1Char(' ')), all);
+}
+
+TEST(FunctionTable, tellsThatAModuleIsLoaded) {
+  static FunctionTable* loading = nullptr;
+  static QStringList seen;
+  static std::string reported;
+  sp_SetMessageSink([](const char* text) { reported = text; });
+  const AutoFunc looking(
+      "PostPluginLoad", [](void*) { seen.append(QString::number(loading->functions().size())); },
+      "");
+  const AutoFunc failing(
+      "postpluginload", [](void*) { throw KelvarinException("not today"); }, "");
+  const AutoFunc ofAnotherEvent(
+      "PreExit", [](void*) { seen.append(QString()); }, "");
+  // A file that no other test has in memory.
+  const QTemporaryDir folder;
+  const QString file = folder.filePath(QStringLiteral("Module.so"));
+  ASSERT_TRUE(QFile::copy(moduleFile(QStringLiteral("EchoModule")), file));
+  FunctionTable table;
+  FunctionTable second;
+  loading = &table;
+  EXPECT_FALSE(loadFault(&table, moduleFile(QStringLiteral("FaultyModule9"))).isEmpty());
+  EXPECT_EQ(seen, QStringList()); // it is not loaded
+  ASSERT_EQ(loadFault(&table, file), QString());
+  EXPECT_EQ(seen, QStringList{QStringLiteral("17")});
+  EXPECT_EQ(reported, "PostPluginLoad: not today");
+  // It stays in memory: what it has to do after its load is done.
+  EXPECT_EQ(loadFault(&table, file), QString());
+  EXPECT_EQ(loadFault(&second, file), QString());
+  EXPECT_EQ(seen.size(), 1);
+  table.unloadModule();
+  second.unloadModule();
+  ASSERT_EQ(loadFault(&table, file), QString());
+  EXPECT_EQ(seen.size(), 2);
+  table.unloadModule();
+  sp_SetMessageSink(nullptr);
 }

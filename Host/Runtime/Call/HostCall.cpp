@@ -261,20 +261,6 @@ int callDepth() {
   return Nesting::depth;
 }
 
-QString describeException() {
-  try {
-    throw;
-  } catch (const KelvarinException& error) {
-    return fromUtf8(error.message());
-  } catch (const std::bad_alloc&) {
-    return QStringLiteral("not enough memory");
-  } catch (const std::exception& error) {
-    return fromUtf8(error.what());
-  } catch (...) {
-    return QStringLiteral("an unknown exception");
-  }
-}
-
 QString wrongArgumentCount(int least, int most, std::size_t count) {
   if (count >= static_cast<std::size_t>(least) && count <= static_cast<std::size_t>(most))
     return QString();

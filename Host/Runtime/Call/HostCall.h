@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Call/Exceptions.h"
 #include "Call/FunctionTable.h"
 
 #include <functional>
@@ -24,10 +25,6 @@ void callCommand(const FunctionInfo& command, const QStringList& words);
 
 /// Runs a call of an entry that a module serves likewise.
 void callEntry(const QString& name, const std::function<void()>& call);
-
-/// The exception that is being handled, in words: the message of a `KelvarinException` or a
-/// standard one, else what it is. To be called in a `catch`.
-QString describeException();
 
 /// Lets the running handler's call end with a `CallError` of this message, as if the exception had
 /// left the handler: for one that was caught in an event of the handler's dialog. The first one
