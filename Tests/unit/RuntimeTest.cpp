@@ -1,13 +1,16 @@
 // Loading modules: what a sound one gives, and what is said of one that is not.
 
 #include "Call/FunctionTable.h"
+#include "HostSupport/Files.h"
 #include "HostSupport/KelvarinException.h"
 #include "HostSupport/Registry.h"
 #include "HostSupport/System.h"
+#include "OwnTempDir.h"
 
 #include <QDir>
 #include <QFile>
 #include <QJsonObject>
+#include <QProcess>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -165,4 +168,30 @@ TEST(FunctionTable, tellsThatAModuleIsLoaded) {
   EXPECT_EQ(seen.size(), 2);
   table.unloadModule();
   sp_SetMessageSink(nullptr);
+}
+
+TEST(OwnTempDir, isThatOfTheProcessAndItsChildren) {
+  const QString before = QDir::tempPath();
+  const bool wasSet = qEnvironmentVariableIsSet("TEMP");
+  QString path;
+  {
+    const OwnTempDir folder;
+    path = QDir::tempPath();
+    EXPECT_NE(path, before);
+    EXPECT_STREQ(sp_GetTempPath(), path.toUtf8().constData());
+    QProcess child;
+    child.start(QStringLiteral("cmake"), {QStringLiteral("-E"), QStringLiteral("environment")});
+    ASSERT_TRUE(child.waitForFinished());
+    EXPECT_TRUE(child.readAll().contains("TMPDIR=" + path.toUtf8()));
+    ASSERT_TRUE(QDir().mkpath(path + QStringLiteral("/Kelvarin/deep")));
+    ASSERT_TRUE(QFile::copy(moduleFile(QStringLiteral("EchoModule")), path + QStringLiteral("/f")));
+  }
+  EXPECT_FALSE(QFileInfo::exists(path));
+  EXPECT_EQ(QDir::tempPath(), before);
+  EXPECT_EQ(qEnvironmentVariableIsSet("TEMP"), wasSet);
+
+  const OwnTempDir folder;
+  path = QDir::tempPath();
+  OwnTempDir::removeBeforeExit();
+  EXPECT_FALSE(QFileInfo::exists(path));
 }

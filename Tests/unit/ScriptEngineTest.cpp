@@ -9,6 +9,7 @@
 #include "HostSupport/Registry.h"
 #include "HostSupportQt/Help.h"
 #include "HostSupportQt/Paste.h"
+#include "OwnTempDir.h"
 
 #include <QDirIterator>
 #include <QElapsedTimer>
@@ -480,20 +481,19 @@ TEST_F(ScriptEngineTest, endsScriptsThatAnOpenDialogHolds) {
 
 TEST_F(ScriptEngineTest, endsTheProcessWhereCodeNeverComesBack) {
   ::testing::FLAGS_gtest_death_test_style = "threadsafe";
-  qputenv("TMPDIR", folder.path().toUtf8());
   engine->setTimeout(1);
   EXPECT_EXIT(run("host.writeFile(host.tempDir() + '/left-behind', 'x'); Hang()"),
               ::testing::ExitedWithCode(1), "nothing has moved for 1 s; no dialog was open");
-  QDirIterator files(folder.path(), {QStringLiteral("left-behind")}, QDir::Files,
+  QDirIterator files(QDir::tempPath(), {QStringLiteral("left-behind")}, QDir::Files,
                      QDirIterator::Subdirectories);
   EXPECT_FALSE(files.hasNext());
-  qunsetenv("TMPDIR");
 }
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   HostApplication application(argc, argv);
-  QTemporaryDir settings;
+  const OwnTempDir temporary;
+  const QTemporaryDir settings;
   sp_SetSettingsDir(YString(settings.path().toUtf8().constData()));
   ::testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();

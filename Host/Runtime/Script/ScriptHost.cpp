@@ -327,10 +327,8 @@ double ScriptHost::now() const {
 
 QString ScriptHost::tempDir() {
   return guarded([&] {
-    if (!m_tempDir) {
+    if (!m_tempDir)
       m_tempDir = std::make_unique<QTemporaryDir>();
-      emit tempDirMade(m_tempDir->path());
-    }
     const QString path = m_tempDir->filePath(QString::number(++m_tempDirs));
     if (!m_tempDir->isValid() || !QDir().mkpath(path))
       throw CallError(QStringLiteral("host.tempDir: %1").arg(m_tempDir->errorString()));

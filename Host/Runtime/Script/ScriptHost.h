@@ -79,7 +79,6 @@ signals:
   void printed(const QString& line);
   void called(const QString& function, const std::vector<ScriptVector>& arguments,
               const CallResult& result, const QString& error);
-  void tempDirMade(const QString& path); ///< once: the folder that holds all temporary ones
 
 private:
   template <class Action> auto guarded(Action action) -> decltype(action());
