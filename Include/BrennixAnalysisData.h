@@ -42,6 +42,7 @@ static_assert(sizeof(AnalysisParameter) == 32);
 /// What a dialog did with the block; on cancel the host finds what it had put there.
 enum BrennixAction : std::int32_t { BrennixClose = 0, BrennixRun = 2 };
 
+/// The block: the parameters, and which analyses are chosen.
 struct BrennixAnalysisData {
   AnalysisParameter* parameters;
   std::int32_t parameterCount;
@@ -65,3 +66,4 @@ static_assert(offsetof(BrennixAnalysisData, popSelected) == 22);
 static_assert(offsetof(BrennixAnalysisData, tranDefined) == 23);
 static_assert(offsetof(BrennixAnalysisData, acDefined) == 24);
 static_assert(offsetof(BrennixAnalysisData, popDefined) == 29);
+static_assert(sizeof(BrennixAnalysisData) == 32);

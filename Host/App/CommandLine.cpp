@@ -69,6 +69,8 @@ void addCommonOptions(QCommandLineParser* parser) {
       {QStringLiteral("settings"),
        Texts::tr("Keeps options and settings in DIR instead of the usual place."),
        QStringLiteral("DIR")},
+      {QStringLiteral("fresh"),
+       Texts::tr("Starts without any options and settings, and keeps none.")},
       {{QStringLiteral("h"), QStringLiteral("help")}, Texts::tr("Shows this help.")},
       {{QStringLiteral("v"), QStringLiteral("version")}, Texts::tr("Shows the version.")},
   });
@@ -140,6 +142,9 @@ std::optional<CommandLineAnswer> takeOptions(const QCommandLineParser& parser, C
     line->screenshot = absolutePath(value("screenshot"));
   if (isGiven("out"))
     line->outDir = absolutePath(value("out"));
+  line->fresh |= isGiven("fresh");
+  if (line->fresh && !line->settingsDir.isEmpty())
+    return usageError(Texts::tr("Options --fresh and --settings do not go together."));
   line->json = isGiven("json");
   line->dark |= isGiven("dark");
   if (isGiven("timeout")) {

@@ -12,6 +12,7 @@ struct CommandLine {
   Command command = Command::Workbench;
   QString moduleFile;         ///< absolute; empty: the module beside this program
   QString settingsDir;        ///< absolute; empty: the platform's usual place
+  bool fresh = false;         ///< empty settings, which end with the program
   QString script;             ///< the file of Run, the text of Eval
   QStringList words;          ///< what follows the file of Run; the names of Tour
   std::optional<int> timeout; ///< seconds; 0: never

@@ -1,14 +1,18 @@
 #include "Call/FunctionTable.h"
+#include "Call/HostApplication.h"
 #include "CommandLine.h"
 #include "HostSupport/Files.h"
 #include "HostSupportQt/Text.h"
 #include "Output.h"
+#include "OwnTempDir.h"
 #include "ScriptCommands.h"
 #include "Startup.h"
 #include "Tour/Tour.h"
 #include "Workbench/WorkbenchCommand.h"
 
-#include <QApplication>
+#include <QTemporaryDir>
+
+#include <memory>
 
 namespace {
 
@@ -20,6 +24,18 @@ constexpr int statusOfBadModule = 2;
 std::variant<CommandLine, CommandLineAnswer> readWords(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   return readCommandLine(QCoreApplication::arguments());
+}
+
+/// Says where options and settings are kept; the folder, where it goes with the program.
+std::unique_ptr<QTemporaryDir> settingsOf(const CommandLine& line) {
+  if (!line.settingsDir.isEmpty())
+    sp_SetSettingsDir(toYs(line.settingsDir));
+  if (!line.fresh)
+    return nullptr;
+  auto folder = std::make_unique<QTemporaryDir>();
+  sp_SetSettingsDir(toYs(folder->path()));
+  qputenv("XDG_CONFIG_HOME", folder->path().toLocal8Bit()); // what Qt remembers of its choosers
+  return folder;
 }
 
 int obey(const CommandLine& line) {
@@ -55,12 +71,12 @@ int main(int argc, char** argv) {
     return statusOfUsage;
   }
 
+  const OwnTempDir temporary;
+  const std::unique_ptr<QTemporaryDir> freshSettings = settingsOf(line);
   prepareEnvironment(line);
   int programOnly = 1;
-  QApplication application(programOnly, argv);
+  HostApplication application(programOnly, argv);
   prepareApplication();
-  if (!line.settingsDir.isEmpty())
-    sp_SetSettingsDir(toYs(line.settingsDir));
   try {
     return obey(line);
   } catch (const ModuleError& error) {

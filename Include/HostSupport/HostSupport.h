@@ -7,6 +7,7 @@
 #include "HostSupport/CompressedData.h"
 #include "HostSupport/Containers.h"
 #include "HostSupport/DigitalSource.h"
+#include "HostSupport/DomainServices.h"
 #include "HostSupport/Files.h"
 #include "HostSupport/KelvarinException.h"
 #include "HostSupport/Numbers.h"

@@ -6,7 +6,8 @@
 #include <QProcess>
 #include <QSet>
 
-// What dialoghost lists must be what a program sees that knows the records' layout only.
+// What dialoghost lists, and what stands in a shared record, must be what a program sees that knows
+// the records' layout only.
 
 namespace {
 
@@ -51,4 +52,23 @@ TEST(ForeignReader, SeesWhatTheHostLists) {
       read.insert(QString::fromUtf8(line));
   EXPECT_FALSE(read.isEmpty());
   EXPECT_EQ(read, listedByHost());
+}
+
+TEST(ForeignReader, SeesWhatRecordsHold) {
+  EXPECT_EQ(run(QStringLiteral(KV_RECORD_READER),
+                {QStringLiteral("--examples"), QStringLiteral(KV_RECORD_MAKER)})
+                .toStdString(),
+            "TSTOP type 0 set 1 0.0025\n"
+            "N_PT type 1 set 0 -7\n"
+            "ALL type 2 set 0 1\n"
+            "TRIG_GATE type 4 set 0 {GATE}\n"
+            "SWEEP_TYPE type 5 set 0 1\n"
+            "action 2; selected 0 1 0; defined 1 0 1\n"
+            "U1.out 2 1 1\n"
+            "R1#p 3 3 0\n"
+            "graphs 3 points 5000000000 1 x -1 0.5 divisions 6 chars \"&\n"
+            "mode 2 filter *.sym start /home flag 1 filters [all (*)] [libraries (*.slb)]\n"
+            "chosen [a.slb]\n"
+            "1/(s+1): 1 2 of 2, 3 of 1, status -1 spare 0\n"
+            "written: 0.125 300 1, 0 1 2 3; 11 12 0\n");
 }

@@ -1,8 +1,10 @@
-/* Reads a module's declaration records as a program of another maker would: from the layout alone.
-   It includes none of the system's headers, so that a change of the layout cannot go unseen.
+/* Reads the records that host and module share as a program of another maker would: from the layout
+   alone. It includes none of the system's headers, so that a change of the layout cannot go unseen.
 
-   Prints one line per record, "NAME minArgs maxArgs type,type,… resultType", in list order. Ends 1
-   with a message where something is not as agreed. */
+   RecordReader MODULE prints one line per declaration record, "NAME minArgs maxArgs type,type,…
+   resultType", in list order. RecordReader --examples LIBRARY prints the fields of the examples
+   that RecordMaker makes, writes some, and has the library print what it sees of them. Ends 1 with
+   a message where something is not as agreed. */
 
 #include <dlfcn.h>
 #include <stdint.h>
@@ -35,12 +37,7 @@ static int allZero(const unsigned char* at, int size) {
   return 1;
 }
 
-int main(int argc, char** argv) {
-  if (argc != 2)
-    return fail("usage: RecordReader MODULE");
-  void* module = dlopen(argv[1], RTLD_NOW | RTLD_LOCAL);
-  if (!module)
-    return fail(dlerror());
+static int readDeclarations(void* module) {
   uintptr_t (*entry)(void**, uint8_t*, uint32_t*);
   *(void**)&entry = dlsym(module, "udf_GetFunctionDecls");
   if (!entry)
@@ -90,4 +87,126 @@ int main(int argc, char** argv) {
     printf(" %u\n", (unsigned)u32(record + 336));
   }
   return 0;
+}
+
+static int32_t i32(const unsigned char* at) {
+  return (int32_t)u32(at);
+}
+
+static double real(const unsigned char* at) {
+  const uint64_t bits = u64(at);
+  double value;
+  memcpy(&value, &bits, sizeof value);
+  return value;
+}
+
+static unsigned char* pointer(const unsigned char* at) {
+  return (unsigned char*)(uintptr_t)u64(at);
+}
+
+static void putI32(unsigned char* at, int32_t value) {
+  for (int i = 0; i < 4; ++i)
+    at[i] = (unsigned char)((uint32_t)value >> 8 * i);
+}
+
+typedef const char* (*TextOfField)(const void*);
+
+static void printAnalysis(const unsigned char* block, TextOfField text) {
+  const unsigned char* parameter = pointer(block);
+  for (int i = 0; i < i32(block + 8); ++i, parameter += 32) {
+    const int32_t type = i32(parameter + 28);
+    printf("%s type %d set %d ", text(parameter + 8), type, parameter[24]);
+    if (type == 0)
+      printf("%g\n", real(parameter));
+    else if (type == 4)
+      printf("%s\n", text(parameter + 16));
+    else
+      printf("%d\n", type == 2 || type == 3 ? parameter[0] : i32(parameter));
+  }
+  printf("action %d; selected %d %d %d; defined %d %d %d\n", i32(block + 12), block[16], block[17],
+         block[22], block[23], block[24], block[29]);
+}
+
+static int printGraphs(const unsigned char* data, TextOfField text) {
+  const unsigned char* vector = pointer(data);
+  const int32_t count = i32(data + 8);
+  if (u64(vector - 8) != (uint64_t)count)
+    return fail("the count of the vectors does not stand before them");
+  for (int i = 0; i < count; ++i, vector += 32)
+    printf("%s %d %d %d\n", text(vector), i32(vector + 8), i32(vector + 12), vector[24]);
+  printf("graphs %d points %lld %d x %g %g divisions %lld chars %s\n", i32(data + 16),
+         (long long)u64(data + 24), data[32], real(data + 40), real(data + 48),
+         (long long)u64(data + 56), (const char*)pointer(data + 64));
+  return 0;
+}
+
+static void printList(const unsigned char* list, TextOfField text) {
+  for (const unsigned char* field = pointer(list); field != pointer(list + 8); field += 8)
+    printf(" [%s]", text(field));
+  printf("\n");
+}
+
+static int printSymbolFile(const unsigned char* request, const unsigned char* result,
+                           TextOfField text) {
+  if (pointer(request + 56) != request)
+    return fail("the parent of a symbol-file request");
+  printf("mode %d filter %s start %s flag %d filters", i32(request), text(request + 8),
+         text(request + 40), request[48]);
+  printList(request + 16, text);
+  printf("chosen");
+  printList(result, text);
+  return 0;
+}
+
+static void printLaplace(const unsigned char* record) {
+  const unsigned char* first = pointer(record + 8);
+  printf("%s: %g %g of %d, %g of %d, status %d spare %d\n", (const char*)pointer(record),
+         real(first), real(first + 8), i32(record + 16), real(pointer(record + 24)),
+         i32(record + 32), i32(record + 36), record[40]);
+}
+
+static void write(unsigned char* block, unsigned char* laplace) {
+  unsigned char* parameters = pointer(block);
+  const double value = 0.125;
+  memcpy(parameters, &value, sizeof value);
+  putI32(parameters + 32, 300);
+  parameters[2 * 32 + 24] = 1;
+  putI32(block + 12, 0);
+  block[16] = 1;
+  block[22] = 2;
+  block[24] = 3;
+  putI32(laplace + 16, 11);
+  putI32(laplace + 32, 12);
+  putI32(laplace + 36, 0);
+}
+
+static int readExamples(void* library) {
+  void* (*recordNamed)(const char*);
+  TextOfField text;
+  void (*printWritten)(void*, void*);
+  *(void**)&recordNamed = dlsym(library, "recordNamed");
+  *(void**)&text = dlsym(library, "textOfField");
+  *(void**)&printWritten = dlsym(library, "printWritten");
+  if (!recordNamed || !text || !printWritten)
+    return fail("the library makes no examples");
+  unsigned char* analysis = recordNamed("analysis");
+  unsigned char* laplace = recordNamed("laplace");
+  printAnalysis(analysis, text);
+  if (printGraphs(recordNamed("graphs"), text) != 0 ||
+      printSymbolFile(recordNamed("symbolFileRequest"), recordNamed("symbolFileResult"), text) != 0)
+    return 1;
+  printLaplace(laplace);
+  write(analysis, laplace);
+  printWritten(analysis, laplace);
+  return 0;
+}
+
+int main(int argc, char** argv) {
+  const int readsExamples = argc == 3 && strcmp(argv[1], "--examples") == 0;
+  if (argc != 2 && !readsExamples)
+    return fail("usage: RecordReader MODULE, or RecordReader --examples LIBRARY");
+  void* library = dlopen(argv[argc - 1], RTLD_NOW | RTLD_LOCAL);
+  if (!library)
+    return fail(dlerror());
+  return readsExamples ? readExamples(library) : readDeclarations(library);
 }

@@ -1,6 +1,7 @@
 // A small module for the tests of the host: functions that give back what they were given, in every
 // way in which a module can.
 
+#include "BrennixAnalysisData.h"
 #include "EchoEntries.h"
 #include "HostSupport/Registration.h"
 #include "schematic_dynexport.h"
@@ -98,6 +99,19 @@ int askSchematic(UserFunctionInterface* call) {
   return 0;
 }
 
+/// What a module does with the block of a host: names the parameters and says that it is to run.
+int runBlock(UserFunctionInterface* call) {
+  const UserArgument& argument = call->args[0];
+  if (call->argCount < 1 || argument.type != UserOpaque)
+    return 0;
+  auto* block = *static_cast<BrennixAnalysisData**>(argument.data);
+  block->action = BrennixRun;
+  char** out = call->makeStringResult(call, block->parameterCount);
+  for (int i = 0; out && i < block->parameterCount; ++i)
+    out[i] = call->hostString(block->parameters[i].name);
+  return 0;
+}
+
 int fail(UserFunctionInterface* call) {
   throw KelvarinException(static_cast<char**>(call->args[0].data)[0]);
 }
@@ -151,6 +165,7 @@ UserFunctionDecl* head() {
       {"EvaluateText", {StringArg}, 1, 1, evaluateText},
       {"Apply", {StringArg, AnyArg, AnyArg, AnyArg, AnyArg}, 1, 5, apply},
       {"AskSchematic", {}, 0, 0, askSchematic},
+      {"RunBlock", {AnyArg}, 0, 1, runBlock},
       {"Fail", {StringArg}, 1, 1, fail},
       {"Ask", {}, 0, 0, ask},
       {"Hang", {}, 0, 0, hang},

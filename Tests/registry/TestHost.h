@@ -1,12 +1,12 @@
 #pragma once
 
+#include "Call/HostApplication.h"
 #include "Call/HostCall.h"
 #include "Drive/DialogActions.h"
 #include "Drive/DialogDriver.h"
 #include "HostSupport/Registry.h"
 #include "Script/ScriptEngine.h"
 
-#include <QApplication>
 #include <QTemporaryDir>
 
 #include <functional>
@@ -58,7 +58,7 @@ public:
 
 private:
   QTemporaryDir m_folder;
-  QApplication m_application;
+  HostApplication m_application;
   LoadedModule m_module;
   LoadedModule m_echoModule;
   std::unique_ptr<DialogDriver> m_driver;

@@ -293,6 +293,14 @@ TEST_F(Driving, ChoosesSelections) {
       {VIEWS "d.choose('table', [[0, 1], [20, 0]]); return d.current('table')", "[20,0]"},
       {VIEWS "d.choose('table', [8, 2]); return d.current('table')[0]", "2"},
       {VIEWS "d.choose('table', [[0]])", "![row, column]"},
+      // nothing, after cells one by one, after whole rows, after both
+      {VIEWS "d.choose('table', [[0, 1], [20, 0], [20, 1]]); d.choose('table', []); return 1", "1"},
+      {VIEWS "d.choose('table', [8, 0]); d.choose('table', []); d.choose('table', []); return 1",
+       "1"},
+      {VIEWS
+       "d.choose('table', [8]); d.choose('table', [[7, 0]]); d.choose('table', [[9, 3], [8, 1]]);"
+       "d.choose('table', [6, 2]); d.choose('table', [[6, 0]]); d.choose('table', []); return 1",
+       "1"},
       {VIEWS "d.choose('list', ['nothing'])", "!list|nothing|line 0|in all"},
       {VIEWS "d.choose('list', [3])", "!list|3|disabled"},
       {VIEWS "d.choose('list', [99])", "!list|99"},

@@ -1,11 +1,16 @@
 // Loading modules: what a sound one gives, and what is said of one that is not.
 
 #include "Call/FunctionTable.h"
+#include "HostSupport/Files.h"
+#include "HostSupport/KelvarinException.h"
 #include "HostSupport/Registry.h"
+#include "HostSupport/System.h"
+#include "OwnTempDir.h"
 
 #include <QDir>
 #include <QFile>
 #include <QJsonObject>
+#include <QProcess>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -97,7 +102,7 @@ TEST(FunctionTable, readsWhatAModuleRegisters) {
   const QString all =
       QStringLiteral("Apply ArgumentCount Ask AskSchematic EchoAny EchoReals "
                      "EchoStrings EmptyResult Evaluate EvaluateText Fail Hang Kinds "
-                     "Note Shape WriteTooFar");
+                     "Note RunBlock Shape WriteTooFar");
   EXPECT_EQ(namesOf(table).join(QLatin1Char(' ')), all);
   EXPECT_EQ(table.find(QStringLiteral("Kinds"))->kind, FunctionInfo::Kind::Typed);
   EXPECT_EQ(table.find(QStringLiteral("EchoReal")), nullptr);
@@ -110,7 +115,7 @@ TEST(FunctionTable, readsWhatAModuleRegisters) {
                          {QStringLiteral("maxArgs"), 2},
                          {QStringLiteral("argTypes"), QJsonArray{1, 1}},
                          {QStringLiteral("resultType"), 9}}));
-  EXPECT_EQ(json.at(14).toObject().value(QStringLiteral("argTypes")), (QJsonArray{4, 4}));
+  EXPECT_EQ(json.at(15).toObject().value(QStringLiteral("argTypes")), (QJsonArray{4, 4}));
   EXPECT_EQ(json.at(13).toObject().value(QStringLiteral("kind")), QStringLiteral("command"));
 
   // Again, and by a second table, what static objects registered is there although they ran once.
@@ -127,4 +132,66 @@ TEST(FunctionTable, readsWhatAModuleRegisters) {
     EXPECT_NE(record.name, "Kinds");
   EXPECT_EQ(loadFault(&second, file), QString());
   EXPECT_EQ(namesOf(second).join(QLatin1Char(' ')), all);
+}
+
+TEST(FunctionTable, tellsThatAModuleIsLoaded) {
+  static FunctionTable* loading = nullptr;
+  static QStringList seen;
+  static std::string reported;
+  sp_SetMessageSink([](const char* text) { reported = text; });
+  const AutoFunc looking(
+      "PostPluginLoad", [](void*) { seen.append(QString::number(loading->functions().size())); },
+      "");
+  const AutoFunc failing(
+      "postpluginload", [](void*) { throw KelvarinException("not today"); }, "");
+  const AutoFunc ofAnotherEvent(
+      "PreExit", [](void*) { seen.append(QString()); }, "");
+  // A file that no other test has in memory.
+  const QTemporaryDir folder;
+  const QString file = folder.filePath(QStringLiteral("Module.so"));
+  ASSERT_TRUE(QFile::copy(moduleFile(QStringLiteral("EchoModule")), file));
+  FunctionTable table;
+  FunctionTable second;
+  loading = &table;
+  EXPECT_FALSE(loadFault(&table, moduleFile(QStringLiteral("FaultyModule9"))).isEmpty());
+  EXPECT_EQ(seen, QStringList()); // it is not loaded
+  ASSERT_EQ(loadFault(&table, file), QString());
+  EXPECT_EQ(seen, QStringList{QStringLiteral("17")});
+  EXPECT_EQ(reported, "PostPluginLoad: not today");
+  // It stays in memory: what it has to do after its load is done.
+  EXPECT_EQ(loadFault(&table, file), QString());
+  EXPECT_EQ(loadFault(&second, file), QString());
+  EXPECT_EQ(seen.size(), 1);
+  table.unloadModule();
+  second.unloadModule();
+  ASSERT_EQ(loadFault(&table, file), QString());
+  EXPECT_EQ(seen.size(), 2);
+  table.unloadModule();
+  sp_SetMessageSink(nullptr);
+}
+
+TEST(OwnTempDir, isThatOfTheProcessAndItsChildren) {
+  const QString before = QDir::tempPath();
+  const bool wasSet = qEnvironmentVariableIsSet("TEMP");
+  QString path;
+  {
+    const OwnTempDir folder;
+    path = QDir::tempPath();
+    EXPECT_NE(path, before);
+    EXPECT_STREQ(sp_GetTempPath(), path.toUtf8().constData());
+    QProcess child;
+    child.start(QStringLiteral("cmake"), {QStringLiteral("-E"), QStringLiteral("environment")});
+    ASSERT_TRUE(child.waitForFinished());
+    EXPECT_TRUE(child.readAll().contains("TMPDIR=" + path.toUtf8()));
+    ASSERT_TRUE(QDir().mkpath(path + QStringLiteral("/Kelvarin/deep")));
+    ASSERT_TRUE(QFile::copy(moduleFile(QStringLiteral("EchoModule")), path + QStringLiteral("/f")));
+  }
+  EXPECT_FALSE(QFileInfo::exists(path));
+  EXPECT_EQ(QDir::tempPath(), before);
+  EXPECT_EQ(qEnvironmentVariableIsSet("TEMP"), wasSet);
+
+  const OwnTempDir folder;
+  path = QDir::tempPath();
+  OwnTempDir::removeBeforeExit();
+  EXPECT_FALSE(QFileInfo::exists(path));
 }

@@ -1,69 +1,27 @@
 // What scripts see of the host: conversions, faults, checks, services. The functions come from the
 // module Tests/modules/EchoModule.cpp.
 
-#include "Script/ScriptEngine.h"
-#include "Drive/DialogDriver.h"
+#include "ScriptFixture.h"
+
+#include "Call/HostApplication.h"
 #include "HostSupport/Files.h"
 #include "HostSupport/HostSupport.h"
 #include "HostSupport/Registry.h"
 #include "HostSupportQt/Help.h"
 #include "HostSupportQt/Paste.h"
+#include "OwnTempDir.h"
 
-#include <QApplication>
-#include <QDir>
 #include <QDirIterator>
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QJSEngine>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-QString echoModule() {
-  const QDir folder(QStringLiteral(KV_TEST_MODULES));
-  return folder.absoluteFilePath(
-      folder.entryList({QStringLiteral("*EchoModule.*")}, QDir::Files).value(0));
-}
-
-class ScriptEngineTest : public ::testing::Test {
-protected:
-  ScriptEngineTest() {
-    table.loadModule(echoModule());
-    engine = std::make_unique<ScriptEngine>(&table, &driver);
-    QObject::connect(engine.get(), &ScriptEngine::printed,
-                     [this](const QString& line) { printed.append(line); });
-    QObject::connect(engine.get(), &ScriptEngine::problem,
-                     [this](const QString& line) { problems.append(line); });
-  }
-
-  /// The value as JSON, or the error.
-  std::string run(const QString& script) {
-    const ScriptEngine::Outcome outcome = engine->evaluate(script, QStringLiteral("t.js"));
-    return (outcome.ok ? engine->toJson(outcome.value) : outcome.error).toStdString();
-  }
-  std::string run(const char* script) { return run(QString::fromUtf8(script)); }
-
-  QString write(const QString& name, const char* text) {
-    QFile file(folder.filePath(name));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(text);
-    return file.fileName();
-  }
-
-  QTemporaryDir folder;
-  FunctionTable table;
-  DialogDriver driver;
-  std::unique_ptr<ScriptEngine> engine;
-  QStringList printed;
-  QStringList problems;
-};
-
-struct Case {
-  const char* script;
-  const char* expected;
-};
+using ScriptEngineTest = ScriptFixture;
+using Case = ScriptCase;
 
 } // namespace
 
@@ -138,9 +96,10 @@ TEST_F(ScriptEngineTest, refusesWithASentence) {
       {"command('Note \"open')", "command: a quote is not closed: Note \"open"},
       {"host.wait(-1)", "host.wait: the time must be a number of milliseconds from 0 to a day"},
       {"host.onDialog(3)", "TypeError: host.onDialog: the handler must be a function, 3 was given"},
-      {"host.graphs({})", "host.graphs is not served by this host yet"},
-      {"host.provide('dyn_OpenListDialog', () => 1)",
-       "host.provide: dyn_OpenListDialog is not served by this host yet"},
+      {"host.provide('dyn_GetGraphEditData', () => 1)",
+       "host.provide: dyn_GetGraphEditData is steered through host.graphs; it can only be "
+       "withdrawn "
+       "and brought back"},
       {"throw 'a text'", "a text"},
       {"throw undefined", "undefined"},
       {"+nothing.at.all", "ReferenceError: nothing is not defined"},
@@ -187,7 +146,7 @@ TEST_F(ScriptEngineTest, runsProgramsAndPrints) {
   engine->setArguments({QStringLiteral("a b"), QStringLiteral("-x")});
   EXPECT_EQ(run("host.args"), "[\"a b\",\"-x\"]");
   EXPECT_EQ(run("EchoStrings(host.args)"), "[\"a b\",\"-x\"]");
-  EXPECT_EQ(run("host.functions().length"), "16");
+  EXPECT_EQ(run("host.functions().length"), "17");
   EXPECT_EQ(run("let d = []; for (let i = 0; i < 100000; ++i) d = [d]; d").substr(0, 3), "[[[");
   EXPECT_EQ(run("let c = {}; c.self = c; c"), "{\"self\":null}");
   EXPECT_FALSE(engine->hasFailed());
@@ -522,20 +481,19 @@ TEST_F(ScriptEngineTest, endsScriptsThatAnOpenDialogHolds) {
 
 TEST_F(ScriptEngineTest, endsTheProcessWhereCodeNeverComesBack) {
   ::testing::FLAGS_gtest_death_test_style = "threadsafe";
-  qputenv("TMPDIR", folder.path().toUtf8());
   engine->setTimeout(1);
   EXPECT_EXIT(run("host.writeFile(host.tempDir() + '/left-behind', 'x'); Hang()"),
               ::testing::ExitedWithCode(1), "nothing has moved for 1 s; no dialog was open");
-  QDirIterator files(folder.path(), {QStringLiteral("left-behind")}, QDir::Files,
+  QDirIterator files(QDir::tempPath(), {QStringLiteral("left-behind")}, QDir::Files,
                      QDirIterator::Subdirectories);
   EXPECT_FALSE(files.hasNext());
-  qunsetenv("TMPDIR");
 }
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  QTemporaryDir settings;
+  HostApplication application(argc, argv);
+  const OwnTempDir temporary;
+  const QTemporaryDir settings;
   sp_SetSettingsDir(YString(settings.path().toUtf8().constData()));
   ::testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();

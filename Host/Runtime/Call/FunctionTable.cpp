@@ -1,6 +1,8 @@
 #include "Call/FunctionTable.h"
 
+#include "Call/Exceptions.h"
 #include "HostSupport/Registry.h"
+#include "HostSupport/System.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -200,6 +202,19 @@ void readRegistrations(const Registrations& own, QVector<FunctionInfo>* function
       functions->append(commandInfo(*record));
 }
 
+/// Modules ask to be told when they are loaded. A fault of what they do then is theirs alone.
+void tellLoaded() {
+  constexpr const char* event = "PostPluginLoad";
+  try {
+    sp_RunAutoFuncs(event, nullptr);
+  } catch (...) {
+    sp_ReportMessage(QStringLiteral("%1: %2")
+                         .arg(QLatin1String(event), describeException())
+                         .toUtf8()
+                         .constData());
+  }
+}
+
 QVector<FunctionInfo> readModule(QLibrary& library, const Registrations& own) {
   QVector<FunctionInfo> functions;
   readList(listHead(library), &functions);
@@ -240,6 +255,7 @@ void FunctionTable::loadModule(const QString& file) {
   const auto ownersBefore = registeredOwners();
   const auto commandsBefore = registeredCommands();
   QLibrary library(path);
+  const bool wasInMemory = library.isLoaded();
   library.setLoadHints(QLibrary::ResolveAllSymbolsHint);
   if (!library.load())
     throw fault(library.errorString().simplified());
@@ -267,6 +283,8 @@ void FunctionTable::loadModule(const QString& file) {
   m_library.load();
   library.unload();
   m_functions = functions;
+  if (!wasInMemory)
+    tellLoaded();
 }
 
 void FunctionTable::unloadModule() {

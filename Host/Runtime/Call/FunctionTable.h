@@ -36,7 +36,9 @@ public:
 class FunctionTable {
 public:
   /// Loads the module and reads what it registered. Raises `ModuleError`, naming the file and the
-  /// fault; the table is then as it was. Loading the same file again is no fault.
+  /// fault; the table is then as it was. Loading the same file again is no fault. When a file has
+  /// come into memory, the functions of the event "PostPluginLoad" run; a fault of theirs is
+  /// reported.
   void loadModule(const QString& file);
   /// Unloads it; what it registered is gone.
   void unloadModule();

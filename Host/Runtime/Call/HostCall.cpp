@@ -4,6 +4,8 @@
 #include "Call/TypedCall.h"
 #include "HostSupport/System.h"
 
+#include <optional>
+
 class ScpParseContext {};
 class FunctionRunTime {};
 
@@ -175,10 +177,10 @@ public:
   }
 
   static Nesting* innermost;
-  QString raised; ///< message of what is to be raised when the handler has ended
+  static int depth;
+  std::optional<QString> raised; ///< message of what is to be raised when the handler has ended
 
 private:
-  static int depth;
   Nesting* m_outer = innermost;
 };
 
@@ -195,8 +197,8 @@ template <class Handler> void runGuarded(const QString& name, Handler handler) {
   } catch (...) {
     throw CallError(describeException());
   }
-  if (!Nesting::innermost->raised.isEmpty())
-    throw CallError(Nesting::innermost->raised);
+  if (Nesting::innermost->raised)
+    throw CallError(*Nesting::innermost->raised);
   if (status != 0)
     throw CallError(QStringLiteral("%1: the handler returned %2").arg(name).arg(status));
 }
@@ -246,22 +248,17 @@ QString givenName(UserDataType type) {
 bool raiseWhenHandlerEnds(const QString& message) {
   if (!Nesting::innermost)
     return false;
-  Nesting::innermost->raised = message;
+  if (!Nesting::innermost->raised)
+    Nesting::innermost->raised = message;
   return true;
 }
 
-QString describeException() {
-  try {
-    throw;
-  } catch (const KelvarinException& error) {
-    return fromUtf8(error.message());
-  } catch (const std::bad_alloc&) {
-    return QStringLiteral("not enough memory");
-  } catch (const std::exception& error) {
-    return fromUtf8(error.what());
-  } catch (...) {
-    return QStringLiteral("an unknown exception");
-  }
+bool isExceptionPending() {
+  return Nesting::innermost && Nesting::innermost->raised;
+}
+
+int callDepth() {
+  return Nesting::depth;
 }
 
 QString wrongArgumentCount(int least, int most, std::size_t count) {
@@ -336,5 +333,13 @@ void callCommand(const FunctionInfo& command, const QStringList& words) {
   runGuarded(command.name, [&] {
     return command.commandHandler(static_cast<int>(texts.size()), argv.data(), messages,
                                   parseContext);
+  });
+}
+
+void callEntry(const QString& name, const std::function<void()>& call) {
+  const Nesting nesting(name);
+  runGuarded(name, [&] {
+    call();
+    return 0;
   });
 }

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "Call/Exceptions.h"
 #include "Call/FunctionTable.h"
+
+#include <functional>
 
 /// "takes 1 to 2 arguments, none was given."; empty where the count is right.
 QString wrongArgumentCount(int least, int most, std::size_t count);
@@ -20,11 +23,14 @@ CallResult callHandler(const FunctionInfo& function, const std::vector<ScriptVec
 /// Runs a command's handler likewise; `words` are those behind its name.
 void callCommand(const FunctionInfo& command, const QStringList& words);
 
-/// The exception that is being handled, in words: the message of a `KelvarinException` or a
-/// standard one, else what it is. To be called in a `catch`.
-QString describeException();
+/// Runs a call of an entry that a module serves likewise.
+void callEntry(const QString& name, const std::function<void()>& call);
 
 /// Lets the running handler's call end with a `CallError` of this message, as if the exception had
-/// left the handler: for one that a driver has caught in an event of the handler's dialog. False
-/// where no handler runs.
+/// left the handler: for one that was caught in an event of the handler's dialog. The first one
+/// counts. False where no handler runs.
 bool raiseWhenHandlerEnds(const QString& message);
+/// Whether the running handler's call is to end so.
+bool isExceptionPending();
+/// How many handlers run inside one another.
+int callDepth();

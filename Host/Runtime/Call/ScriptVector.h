@@ -32,6 +32,12 @@ struct ScriptVector {
     vector.strings = std::move(texts);
     return vector;
   }
+  static ScriptVector ofOpaque(void* pointer) {
+    ScriptVector vector;
+    vector.type = UserOpaque;
+    vector.opaque = pointer;
+    return vector;
+  }
 };
 
 /// What a call gave back.

@@ -1,5 +1,6 @@
 #include "Drive/DialogDriver.h"
 
+#include "Call/HostApplication.h"
 #include "Drive/DriveError.h"
 #include "Drive/InputPlayer.h"
 
@@ -30,8 +31,8 @@ QString describe(const QWidget* dialog) {
 }
 
 bool isDetached(const QWidget* window) {
-  if (qobject_cast<const QDialog*>(window))
-    return window->testAttribute(Qt::WA_DeleteOnClose) && !window->isModal();
+  if (const auto* dialog = qobject_cast<const QDialog*>(window))
+    return isDetachedDialog(dialog);
   return window->windowType() == Qt::Window || window->windowType() == Qt::Dialog ||
          window->windowType() == Qt::Tool;
 }

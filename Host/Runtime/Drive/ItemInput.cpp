@@ -227,11 +227,20 @@ void ItemInput::choose(const QVariantList& rows) {
   };
   const bool toggles = mode == QAbstractItemView::MultiSelection;
   if (toggles || wanted.isEmpty()) {
-    const auto keys = comparable(wanted, areCells);
-    for (const QModelIndex& cell : comparable(selection->selectedIndexes(), areCells))
-      if (!std::binary_search(keys.begin(), keys.end(), cell))
-        clickCell(areCells ? cell : clickableCell(cell),
-                  toggles ? Qt::NoModifier : Qt::ControlModifier);
+    // where nothing is wanted, what is selected may be cells as well as rows
+    const bool byCells = areCells || (wanted.isEmpty() && m_view->selectionBehavior() ==
+                                                              QAbstractItemView::SelectItems);
+    const auto keys = comparable(wanted, byCells);
+    for (const QModelIndex& cell : comparable(selection->selectedIndexes(), byCells)) {
+      const auto modifier = toggles ? Qt::NoModifier : Qt::ControlModifier;
+      if (std::binary_search(keys.begin(), keys.end(), cell) ||
+          (byCells && !selection->isSelected(cell))) // it went with its row
+        continue;
+      if (byCells && !(byHeader && selection->isRowSelected(cell.row(), cell.parent())))
+        clickIndex(cell, false, modifier);
+      else
+        clickCell(areCells ? cell : clickableCell(cell), modifier);
+    }
   }
   for (int i = 0; i < wanted.size(); ++i) {
     if ((toggles || i > 0) && selection->isSelected(wanted.at(i)))

@@ -1,5 +1,6 @@
 #include "Script/ScriptDialog.h"
 
+#include "Call/HostApplication.h"
 #include "Call/HostCall.h"
 #include "Drive/WidgetValues.h"
 #include "HostSupport/KelvarinException.h"
@@ -85,12 +86,11 @@ template <typename Action> QJSValue ScriptDialog::guarded(Action action) {
     }
   } catch (const KelvarinException&) {
     // A fault of the module in answer to the action. It has to leave the handler, not the action.
-    error = describeException();
-    auto* dialog = qobject_cast<QDialog*>(m_actions.dialog());
-    if (dialog && raiseWhenHandlerEnds(error)) {
-      dialog->reject();
+    if (callDepth() > 0) {
+      HostApplication::takeException();
       return QJSValue();
     }
+    error = describeException();
   } catch (...) {
     error = describeException();
   }

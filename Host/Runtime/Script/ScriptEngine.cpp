@@ -1,6 +1,7 @@
 #include "Script/ScriptEngine.h"
 
 #include "Drive/DialogDriver.h"
+#include "OwnTempDir.h"
 #include "Script/ScriptChecks.h"
 #include "Script/ScriptHost.h"
 #include "Script/ScriptRunner.h"
@@ -35,14 +36,13 @@ public:
       : q(owner), driver(scriptDriver), runner(&js), checks(&runner),
         host(&runner, table, scriptDriver),
         watchdog({[this] { js.setInterrupted(true); }, [this] { releaseDialogs(); },
-                  [this] { removeTempDir(); }}) {}
+                  [] { OwnTempDir::removeBeforeExit(); }}) {}
 
   Outcome run(const QString& program, const QString& fileName);
   Outcome fail(const QString& message, const QStringList& stack = {});
   void begin();
   void end();
   void releaseDialogs();
-  void removeTempDir();
   void noteOpenDialog();
   void report(const QString& line) {
     ++otherFailures;
@@ -59,8 +59,6 @@ public:
   int timeout = 0;
   int depth = 0; ///< programs of one engine may run inside one another, from the workbench
   int otherFailures = 0;
-  std::mutex tempMutex;
-  QString tempRoot;
 };
 
 void ScriptEngine::Private::begin() {
@@ -129,12 +127,6 @@ void ScriptEngine::Private::releaseDialogs() {
     open.last()->close();
 }
 
-void ScriptEngine::Private::removeTempDir() {
-  const std::lock_guard<std::mutex> lock(tempMutex);
-  if (!tempRoot.isEmpty())
-    QDir(tempRoot).removeRecursively();
-}
-
 void ScriptEngine::Private::noteOpenDialog() {
   const QVector<QWidget*> open = driver ? driver->openDialogs() : QVector<QWidget*>();
   watchdog.setOpenDialog(open.isEmpty() ? QString() : describeDialog(open.last()));
@@ -152,10 +144,6 @@ ScriptEngine::ScriptEngine(FunctionTable* table, DialogDriver* driver, QObject* 
             if (isSignalConnected(QMetaMethod::fromSignal(&ScriptEngine::called)))
               emit called(function, argumentsToJson(arguments), result, error);
           });
-  connect(&d->host, &ScriptHost::tempDirMade, this, [this](const QString& path) {
-    const std::lock_guard<std::mutex> lock(d->tempMutex);
-    d->tempRoot = path;
-  });
   connect(&d->host, &ScriptHost::moved, this, [this] { d->watchdog.moved(); });
   if (driver) {
     connect(driver, &DialogDriver::moved, this, [this] {

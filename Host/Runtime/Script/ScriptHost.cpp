@@ -5,18 +5,23 @@
 #include "HostSupport/Options.h"
 #include "HostSupportQt/Text.h"
 #include "Script/HostScript.h"
+#include "Script/ScriptAnalysis.h"
 #include "Script/ScriptDialog.h"
+#include "Script/ScriptObject.h"
 #include "Script/ScriptProvider.h"
 #include "Script/ScriptValues.h"
 #include "Services/Commands.h"
+#include "Services/Entries/Graphs.h"
 #include "Services/Entries/Schematic.h"
 #include "Services/HostFacts.h"
+#include "Services/ModuleEntries.h"
+#include "SymbolFile.h"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QDir>
 #include <QEventLoop>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QQmlEngine>
 #include <QTimer>
 
@@ -63,6 +68,39 @@ QJSValue textArray(QJSEngine* engine, const QStringList& texts) {
 
 QJSValue textOrNull(bool isSet, const YString& text) {
   return isSet ? QJSValue(toQs(text)) : QJSValue(QJSValue::NullValue);
+}
+
+GraphVectorFacts vectorFacts(const QJSValue& value, const QString& what) {
+  const ScriptObject object(value, what,
+                            {QStringLiteral("name"), QStringLiteral("physicalType"),
+                             QStringLiteral("vectorKind"), QStringLiteral("isPlottable")});
+  return {object.text("name"), object.integer("physicalType"), object.integer("vectorKind"),
+          object.flag("isPlottable", true)};
+}
+
+GraphFacts factsOf(const QJSValue& value) {
+  const ScriptObject object(value, QStringLiteral("host.graphs: the argument"),
+                            {QStringLiteral("vectors"), QStringLiteral("graphCount")});
+  GraphFacts facts;
+  for (const QJSValue& vector : object.array("vectors"))
+    facts.vectors.push_back(
+        vectorFacts(vector, QStringLiteral("host.graphs: vectors[%1]").arg(facts.vectors.size())));
+  facts.graphCount = object.integer("graphCount");
+  return facts;
+}
+
+SymbolFileRequest requestOf(const QJSValue& value) {
+  const ScriptObject object(value, QStringLiteral("host.symbolFileDialog: the argument"),
+                            {QStringLiteral("fileMode"), QStringLiteral("filter"),
+                             QStringLiteral("filters"), QStringLiteral("startDir")});
+  SymbolFileRequest request;
+  request.fileMode = object.integer("fileMode");
+  request.filter = toYs(object.text("filter"));
+  for (const QString& filter : object.texts("filters"))
+    request.filters.append(toYs(filter));
+  request.startDir = toYs(object.text("startDir"));
+  request.parent = QApplication::activeWindow();
+  return request;
 }
 
 } // namespace
@@ -255,11 +293,11 @@ bool ScriptHost::exists(const QString& path) const {
 }
 
 QString ScriptHost::clipboard() const {
-  return QGuiApplication::clipboard()->text();
+  return QApplication::clipboard()->text();
 }
 
 void ScriptHost::setClipboard(const QString& text) {
-  QGuiApplication::clipboard()->setText(text);
+  QApplication::clipboard()->setText(text);
 }
 
 void ScriptHost::wait(double milliseconds) {
@@ -289,10 +327,8 @@ double ScriptHost::now() const {
 
 QString ScriptHost::tempDir() {
   return guarded([&] {
-    if (!m_tempDir) {
+    if (!m_tempDir)
       m_tempDir = std::make_unique<QTemporaryDir>();
-      emit tempDirMade(m_tempDir->path());
-    }
     const QString path = m_tempDir->filePath(QString::number(++m_tempDirs));
     if (!m_tempDir->isValid() || !QDir().mkpath(path))
       throw CallError(QStringLiteral("host.tempDir: %1").arg(m_tempDir->errorString()));
@@ -391,5 +427,63 @@ bool ScriptHost::paste(const QString& text) {
   return guarded([&] {
     emit moved();
     return pasteText(text);
+  });
+}
+
+QJSValue ScriptHost::graphs() const {
+  QJSEngine* engine = m_runner->engine();
+  const GraphFacts& facts = graphFacts();
+  QJSValue vectors = engine->newArray(static_cast<uint>(facts.vectors.size()));
+  quint32 index = 0;
+  for (const GraphVectorFacts& vector : facts.vectors) {
+    QJSValue object = engine->newObject();
+    object.setProperty(QStringLiteral("name"), vector.name);
+    object.setProperty(QStringLiteral("physicalType"), vector.physicalType);
+    object.setProperty(QStringLiteral("vectorKind"), vector.vectorKind);
+    object.setProperty(QStringLiteral("isPlottable"), vector.isPlottable);
+    vectors.setProperty(index++, object);
+  }
+  QJSValue object = engine->newObject();
+  object.setProperty(QStringLiteral("vectors"), vectors);
+  object.setProperty(QStringLiteral("graphCount"), facts.graphCount);
+  return object;
+}
+
+void ScriptHost::setGraphs(const QJSValue& facts) {
+  guarded([&] { setGraphFacts(facts.isNull() ? GraphFacts() : factsOf(facts)); });
+}
+
+/// The script owns the block, which lives as long as somebody can use it.
+QJSValue ScriptHost::analysis(const QJSValue& parameters, const QJSValue& fields) {
+  return guarded([&] {
+    auto* block = new ScriptAnalysis(parameters, fields);
+    QQmlEngine::setObjectOwnership(block, QQmlEngine::JavaScriptOwnership);
+    return m_runner->engine()->newQObject(block);
+  });
+}
+
+void ScriptHost::openAnalysis(const QJSValue& block) {
+  guarded([&] {
+    ScriptAnalysis* const given = ScriptAnalysis::of(block);
+    if (!given)
+      throw CallError(QStringLiteral("host.openAnalysis: the block must be one of host.analysis, "
+                                     "%1 was given")
+                          .arg(describeValue(block)));
+    emit moved();
+    openAnalysisDialog(given->data());
+    emit moved();
+  });
+}
+
+QJSValue ScriptHost::symbolFileDialog(const QJSValue& request) {
+  return guarded([&] {
+    SymbolFileResult chosen;
+    emit moved();
+    chooseSymbolFiles(requestOf(request), &chosen);
+    emit moved();
+    QStringList names;
+    for (const YString& name : chosen.names)
+      names.append(toQs(name));
+    return textArray(m_runner->engine(), names);
   });
 }

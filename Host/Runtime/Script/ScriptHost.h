@@ -68,13 +68,17 @@ public:
   Q_INVOKABLE void setHasSchematic(bool on);
   Q_INVOKABLE QJSValue picking() const;
   Q_INVOKABLE bool paste(const QString& text);
+  Q_INVOKABLE QJSValue graphs() const;
+  Q_INVOKABLE void setGraphs(const QJSValue& facts);
+  Q_INVOKABLE QJSValue analysis(const QJSValue& parameters, const QJSValue& fields);
+  Q_INVOKABLE void openAnalysis(const QJSValue& block);
+  Q_INVOKABLE QJSValue symbolFileDialog(const QJSValue& request);
 
 signals:
   void moved(); ///< the script is alive
   void printed(const QString& line);
   void called(const QString& function, const std::vector<ScriptVector>& arguments,
               const CallResult& result, const QString& error);
-  void tempDirMade(const QString& path); ///< once: the folder that holds all temporary ones
 
 private:
   template <class Action> auto guarded(Action action) -> decltype(action());

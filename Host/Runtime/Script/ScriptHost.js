@@ -16,10 +16,6 @@
     return outcome.value;
   }
 
-  function later(name) {
-    return function () { throw new Error("host." + name + " is not served by this host yet"); };
-  }
-
   const host = {
     call(name, ...args) { return bridge.callDetailed(text(name, "host.call", "the name"), args); },
     option(key, value) { return bridge.option(text(key, "host.option", "the key"), value); },
@@ -63,10 +59,16 @@
       set hasCurrent(on) { bridge.setHasSchematic(!!on); },
       get picking() { return bridge.picking(); },
     },
-    graphs: later("graphs"),
-    analysis: later("analysis"),
-    openAnalysis: later("openAnalysis"),
-    symbolFileDialog: later("symbolFileDialog"),
+    graphs(facts) {
+      if (facts !== undefined)
+        bridge.setGraphs(facts);
+      return bridge.graphs();
+    },
+    analysis(parameters, fields) { return bridge.analysis(parameters, fields); },
+    openAnalysis(block) { bridge.openAnalysis(block); },
+    symbolFileDialog(request) {
+      return bridge.symbolFileDialog(request === undefined ? {} : request);
+    },
     get args() { return bridge.args(); },
   };
 

@@ -1,6 +1,8 @@
 #include "Script/ScriptValues.h"
 
 #include "Call/HostCall.h"
+#include "Script/ScriptAnalysis.h"
+#include "Script/ScriptObject.h"
 
 #include <QJsonDocument>
 
@@ -173,26 +175,6 @@ QVariant variantOfText(const QByteArray& text) {
 
 } // namespace
 
-QString describeValue(const QJSValue& value) {
-  if (value.isUndefined())
-    return QStringLiteral("nothing");
-  if (value.isNull())
-    return QStringLiteral("null");
-  if (value.isBool())
-    return QStringLiteral("true or false");
-  if (value.isNumber())
-    return QStringLiteral("a number");
-  if (value.isString())
-    return QStringLiteral("a text");
-  if (value.isCallable())
-    return QStringLiteral("a function");
-  if (value.isArray())
-    return QStringLiteral("an array");
-  if (value.isDate())
-    return QStringLiteral("a date");
-  return value.isObject() ? QStringLiteral("an object") : QStringLiteral("a symbol");
-}
-
 ScriptVector vectorFromScript(const QJSValue& value, ArgType declared, const QString& what,
                               const QString& expected) {
   if (value.isUndefined())
@@ -205,6 +187,8 @@ ScriptVector vectorFromScript(const QJSValue& value, ArgType declared, const QSt
     return ScriptVector::ofStrings({value.toString().toUtf8()});
   if (value.isArray())
     return vectorFromArray(value, declared, what);
+  if (ScriptAnalysis* const block = ScriptAnalysis::of(value))
+    return ScriptVector::ofOpaque(block->data());
   if (value.isObject() && !value.isCallable() && value.hasProperty(QStringLiteral("y")))
     return vectorFromCurve(value, what);
   refuse(what, expected, value);
@@ -271,6 +255,11 @@ QJSValue vectorToScript(QJSEngine* engine, const ScriptVector& vector) {
     return curve;
   }
   return QJSValue(QJSValue::NullValue);
+}
+
+QJSValue vectorToArray(QJSEngine* engine, const ScriptVector& vector) {
+  return vector.type == UserString ? scriptArray(engine, vector.strings, variantOfText)
+                                   : scriptArray(engine, vector.reals, variantOf);
 }
 
 QString argumentsToJson(const std::vector<ScriptVector>& arguments) {

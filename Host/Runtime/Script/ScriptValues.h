@@ -11,10 +11,7 @@
 // array of numbers is a real vector, any other array a string vector, in which numbers are written
 // plainly and true and false are "1" and "0". `{y, x, divisions}` is a real vector with a
 // reference. An empty array, and `undefined`, take the declared type; where any type is declared,
-// real.
-
-/// What `value` is, for a message: "null", "a function", "a number".
-QString describeValue(const QJSValue& value);
+// real. An analysis block is an opaque value.
 
 /// Raises `CallError`, "WHAT must be EXPECTED, null was given.", for what has no vector form.
 ScriptVector vectorFromScript(const QJSValue& value, ArgType declared, const QString& what,
@@ -32,6 +29,9 @@ QJSValue resultToScript(QJSEngine* engine, const CallResult& result);
 
 /// A number, a text, an array, or `{y, x}`.
 QJSValue vectorToScript(QJSEngine* engine, const ScriptVector& vector);
+
+/// Always an array, however few elements there are.
+QJSValue vectorToArray(QJSEngine* engine, const ScriptVector& vector);
 
 /// The arguments as a script writes them, "[4.7, \"a\", [1, 2]]": JSON, but for NaN and Infinity.
 QString argumentsToJson(const std::vector<ScriptVector>& arguments);

@@ -4,8 +4,10 @@
 #include "HostSupport/Registry.h"
 #include "Services/Entries/Entries.h"
 #include "Services/Entries/EntryCall.h"
+#include "Services/Entries/ProgressBox.h"
 #include "Services/Entries/RunCommand.h"
 #include "Services/Functions/Functions.h"
+#include "Services/Operations/Operations.h"
 
 #include <QHash>
 
@@ -13,51 +15,46 @@
 
 namespace {
 
-/// Every service, by name: how it is called, what it is answered, who answers for the host. One
-/// that is to come has a row and no file yet.
+/// Every service, by name: how it is called, what it is answered, who answers for the host.
 const std::vector<Service>& services() {
   using Answer = Service::Answer;
   static const std::vector<Service> all = {
       Service::ofEntry(dyn_EvaluateExpression, evaluateExpressionEntry, Answer::Number),
       Service::ofEntry(dyn_EvaluateStringExpression, evaluateStringExpressionEntry, Answer::Text),
-      Service::ofSteeredEntry(dyn_GetGlobalSchematicInterface, globalSchematicInterfaceEntry),
+      Service::ofSteeredEntry(dyn_GetGlobalSchematicInterface, globalSchematicInterfaceEntry,
+                              "host.schematic"),
+      Service::ofSteeredEntry(dyn_GetGraphEditData, graphEditDataEntry, "host.graphs"),
       Service::ofEntry(dyn_RunCommand, runCommandEntry, Answer::Nothing, ownRunCommand),
       Service::ofEntry(dyn_GraphImageCapture, graphImageCaptureEntry, Answer::Curve,
                        ownGraphImageCapture),
-      Service::later("dyn_OpenListDialog", Service::Kind::Entry),
+      Service::ofEntry(dyn_OpenListDialog, openListDialogEntry, Answer::List, ownOpenListDialog),
+      Service::ofEntry(dyn_ShowProgressBox, showProgressBoxEntry, Answer::Nothing,
+                       ownShowProgressBox),
       Service::ofFunction("interp", interp),
       Service::ofFunction("YFromX", yFromX),
       Service::ofFunction("integ", integ),
       Service::ofFunction("PWLCurveFit", pwlCurveFit),
-      Service::later("sp_ParseLaplaceExpression"),
-      Service::later("laplace_CheckLaplaceExpression"),
-      Service::later("sp_EstimateFourierCalculationTime"),
+      Service::ofOperation(parseLaplaceName, Answer::Integer, ownParseLaplace),
+      Service::ofOperation(checkLaplaceName, Answer::Code, ownCheckLaplace),
+      Service::ofOperation(fourierTimeName, Answer::Number, ownFourierTime),
   };
   return all;
 }
 
 const HostServices* lastMade = nullptr;
 
-[[noreturn]] void refuse(const Service& service) {
-  const QString reason =
-      service.kind == Service::Kind::SteeredEntry
-          ? QStringLiteral("is steered through host.schematic; it can only be withdrawn and "
-                           "brought back")
-          : QStringLiteral("is not served by this host yet");
-  throw CallError(QStringLiteral("host.provide: %1 %2").arg(QLatin1String(service.name), reason));
-}
-
 void setProvider(const Service& service, Provider provider) {
   const QString name = QLatin1String(service.name);
-  if (service.isEntry())
-    setEntryProvider(name, std::move(provider));
-  else
+  if (service.kind == Service::Kind::Function)
     setHostFunction(name, std::move(provider));
+  else
+    setEntryProvider(name, std::move(provider));
 }
 
 /// Once: what another script has replaced or withdrawn meanwhile stays so.
 bool registerOwn() {
   static std::deque<RegisterDynFuncDef> entries;
+  serveOperations();
   for (const Service& service : services()) {
     setProvider(service, service.own);
     if (service.entry && (service.own || service.kind == Service::Kind::SteeredEntry))
@@ -84,6 +81,7 @@ HostServices::HostServices(const FunctionTable* table) {
 HostServices::~HostServices() {
   if (lastMade == this) {
     setModuleCommands(nullptr);
+    hideProgressBox();
     lastMade = nullptr;
   }
   for (const QString& name : changers().keys(this)) {
@@ -105,8 +103,10 @@ const Service& HostServices::service(const QString& name) {
 
 void HostServices::provide(const QString& name, Provider provider) {
   const Service& changed = service(name);
-  if (changed.kind == Service::Kind::SteeredEntry || !changed.isServed())
-    refuse(changed);
+  if (changed.kind == Service::Kind::SteeredEntry)
+    throw CallError(QStringLiteral("host.provide: %1 is steered through %2; it can only be "
+                                   "withdrawn and brought back")
+                        .arg(name, QLatin1String(changed.steering)));
   setProvider(changed, std::move(provider));
   if (changed.isEntry())
     sp_OverrideDynFunc(changed.name, changed.entry);
@@ -115,8 +115,6 @@ void HostServices::provide(const QString& name, Provider provider) {
 
 void HostServices::withdraw(const QString& name) {
   const Service& changed = service(name);
-  if (!changed.isEntry() && !changed.isServed())
-    refuse(changed);
   setProvider(changed, {});
   if (changed.isEntry())
     sp_OverrideDynFunc(changed.name, nullptr);

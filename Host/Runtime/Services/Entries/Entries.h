@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Call/Provider.h"
+#include "externaldialogs.h"
 #include "frontend_dynexport.h"
 #include "graphimagecapture_dynexport.h"
 #include "schematic_dynexport.h"
@@ -15,9 +16,17 @@ YString evaluateStringExpressionEntry(const YString& expression);
 
 GlobalSchematicInterface* globalSchematicInterfaceEntry();
 
+void graphEditDataEntry(GraphEditData* data);
+
 void runCommandEntry(const YString& command, std::uint32_t hash);
 CallResult ownRunCommand(const std::vector<ScriptVector>& arguments);
 
 bool graphImageCaptureEntry(const GraphImageCaptureRecord& input, GraphImageCaptureRecord* output,
                             KvVector<double>* x, KvVector<double>* y);
 CallResult ownGraphImageCapture(const std::vector<ScriptVector>& arguments);
+
+bool openListDialogEntry(QWidget* parent, YArray<YString>* values);
+CallResult ownOpenListDialog(const std::vector<ScriptVector>& arguments);
+
+void showProgressBoxEntry(int show);
+CallResult ownShowProgressBox(const std::vector<ScriptVector>& arguments);

@@ -2,6 +2,8 @@
 
 #include <QHash>
 
+#include <cmath>
+
 namespace {
 
 QHash<QString, Provider>& providers() {
@@ -21,6 +23,10 @@ void setEntryProvider(const QString& name, Provider provider) {
   providers().insert(name, std::move(provider));
 }
 
+bool hasProvider(const char* entry) {
+  return static_cast<bool>(providers().value(QLatin1String(entry)));
+}
+
 CallResult askProvider(const char* entry, const std::vector<ScriptVector>& arguments) {
   const QString name = QLatin1String(entry);
   const Provider provider = providers().value(name); // a copy: it may replace itself
@@ -29,10 +35,24 @@ CallResult askProvider(const char* entry, const std::vector<ScriptVector>& argum
   return provider(arguments);
 }
 
-double askForNumber(const char* entry, const std::vector<ScriptVector>& arguments) {
-  const CallResult answer = askProvider(entry, arguments);
+double numberOf(const char* entry, const CallResult& answer) {
   require(answer.reals.size() == 1, entry, "a number");
   return answer.reals.front();
+}
+
+std::int32_t integerOf(const char* entry, const CallResult& answer) {
+  const double number = numberOf(entry, answer);
+  require(number >= INT32_MIN && number <= INT32_MAX && number == std::floor(number), entry,
+          "a whole number");
+  return static_cast<std::int32_t>(number);
+}
+
+double askForNumber(const char* entry, const std::vector<ScriptVector>& arguments) {
+  return numberOf(entry, askProvider(entry, arguments));
+}
+
+std::int32_t askForInteger(const char* entry, const std::vector<ScriptVector>& arguments) {
+  return integerOf(entry, askProvider(entry, arguments));
 }
 
 YString askForText(const char* entry, const std::vector<ScriptVector>& arguments) {
