@@ -263,15 +263,7 @@ bool sp_GetFileVersion(const YString& path, FileVersion* version) {
     const YString own = sp_GetSystemValue("version");
     return readVersion(own.c_str(), version);
   }
-  // A library's file carries its version behind its name: "libm.so.6.1".
-  std::error_code error;
-  const fs::path file = fs::canonical(pathOf(path.c_str()), error);
-  if (error)
-    return false;
-  const std::string name = textOf(file.filename());
-  const std::size_t suffix = name.find(".so.");
-  return suffix != std::string::npos &&
-         readVersion(std::string_view(name).substr(suffix + 4), version);
+  return readVersion(platformFileVersion(stringOf(path)), version);
 }
 
 YString sp_ConvertLocalToUnix(const YString& path) {
