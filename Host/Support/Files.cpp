@@ -7,6 +7,7 @@
 #include "FileAccess.h"
 #include "Locked.h"
 #include "Platform.h"
+#include "SettingsFolder.h"
 
 #include <QDir>
 #include <QStandardPaths>
@@ -15,6 +16,7 @@
 #include <cerrno>
 #include <charconv>
 #include <cstring>
+#include <utility>
 
 namespace fs = std::filesystem;
 
@@ -266,6 +268,16 @@ bool sp_GetFileVersion(const YString& path, FileVersion* version) {
   return readVersion(platformFileVersion(stringOf(path)), version);
 }
 
+bool sp_GetVersionValues(int* major, int* minor, int* patch) {
+  FileVersion version;
+  const bool isKnown = sp_GetFileVersion(YString(), &version);
+  for (const auto& [out, value] :
+       {std::pair(major, version.major), {minor, version.minor}, {patch, version.patch}})
+    if (out)
+      *out = value;
+  return isKnown;
+}
+
 YString sp_ConvertLocalToUnix(const YString& path) {
   return withSeparators(path, '\\', '/');
 }
@@ -335,25 +347,10 @@ bool sp_ReadNextLine(std::FILE* file, YString* line) {
   return found;
 }
 
-namespace {
-
-struct SettingsFolder {
-  std::mutex mutex;
-  YString path;
-};
-
-} // namespace
-
 YString sp_GetSettingsDir() {
-  const Locked<SettingsFolder> folder;
-  if (folder->path.isEmpty())
-    folder->path =
-        joined(textOf(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)),
-               "Kelvarin");
-  return folder->path;
+  return settingsFolder();
 }
 
 void sp_SetSettingsDir(const YString& path) {
-  const Locked<SettingsFolder> folder;
-  folder->path = sp_GetFullPath(path);
+  setSettingsFolder(sp_GetFullPath(path));
 }
