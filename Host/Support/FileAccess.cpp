@@ -20,7 +20,7 @@ std::atomic<bool> failsAfterwards{false};
 /// Makes an error code the `errno` of the caller; true if there is none.
 bool succeeded(const std::error_code& error) {
   if (error)
-    errno = error.value();
+    errno = error.default_error_condition().value(); // the code itself is the platform's own
   return !error;
 }
 
@@ -54,15 +54,11 @@ bool fileOperationMayRun() {
 }
 
 fs::path pathOf(std::string_view utf8) {
-  try {
-    return fs::u8path(utf8);
-  } catch (const std::system_error&) {
-    return {}; // not UTF-8, where that matters
-  }
+  return platformPath(utf8);
 }
 
 std::string textOf(const fs::path& path) {
-  return path.u8string();
+  return platformText(path);
 }
 
 std::FILE* openFile(const char* path, const char* mode) {
@@ -128,11 +124,7 @@ bool replaceFile(const std::string& path, std::string_view bytes) {
 }
 
 bool renameFile(const std::string& from, const std::string& to) {
-  if (!fileOperationMayRun())
-    return false;
-  std::error_code error;
-  fs::rename(pathOf(from), pathOf(to), error);
-  return succeeded(error);
+  return fileOperationMayRun() && platformRename(from.c_str(), to.c_str());
 }
 
 bool makeFolders(const std::string& path) {

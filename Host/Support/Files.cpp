@@ -7,6 +7,7 @@
 #include "FileAccess.h"
 #include "Locked.h"
 #include "Platform.h"
+#include "SettingsFolder.h"
 
 #include <QDir>
 #include <QStandardPaths>
@@ -15,6 +16,7 @@
 #include <cerrno>
 #include <charconv>
 #include <cstring>
+#include <utility>
 
 namespace fs = std::filesystem;
 
@@ -263,15 +265,17 @@ bool sp_GetFileVersion(const YString& path, FileVersion* version) {
     const YString own = sp_GetSystemValue("version");
     return readVersion(own.c_str(), version);
   }
-  // A library's file carries its version behind its name: "libm.so.6.1".
-  std::error_code error;
-  const fs::path file = fs::canonical(pathOf(path.c_str()), error);
-  if (error)
-    return false;
-  const std::string name = textOf(file.filename());
-  const std::size_t suffix = name.find(".so.");
-  return suffix != std::string::npos &&
-         readVersion(std::string_view(name).substr(suffix + 4), version);
+  return readVersion(platformFileVersion(stringOf(path)), version);
+}
+
+bool sp_GetVersionValues(int* major, int* minor, int* patch) {
+  FileVersion version;
+  const bool isKnown = sp_GetFileVersion(YString(), &version);
+  for (const auto& [out, value] :
+       {std::pair(major, version.major), {minor, version.minor}, {patch, version.patch}})
+    if (out)
+      *out = value;
+  return isKnown;
 }
 
 YString sp_ConvertLocalToUnix(const YString& path) {
@@ -343,25 +347,10 @@ bool sp_ReadNextLine(std::FILE* file, YString* line) {
   return found;
 }
 
-namespace {
-
-struct SettingsFolder {
-  std::mutex mutex;
-  YString path;
-};
-
-} // namespace
-
 YString sp_GetSettingsDir() {
-  const Locked<SettingsFolder> folder;
-  if (folder->path.isEmpty())
-    folder->path =
-        joined(textOf(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)),
-               "Kelvarin");
-  return folder->path;
+  return settingsFolder();
 }
 
 void sp_SetSettingsDir(const YString& path) {
-  const Locked<SettingsFolder> folder;
-  folder->path = sp_GetFullPath(path);
+  setSettingsFolder(sp_GetFullPath(path));
 }

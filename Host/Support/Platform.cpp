@@ -4,17 +4,22 @@
 #include <QThread>
 
 #include <algorithm>
+#include <bitset>
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <set>
 #include <thread>
 #include <utility>
+#include <vector>
 
 #ifdef _WIN32
 #define WIN32_LEAN_AND_MEAN
+#ifndef NOMINMAX
 #define NOMINMAX
+#endif
 #include <windows.h>
 
 #include <fcntl.h>
@@ -34,8 +39,16 @@
 namespace {
 
 #ifdef _WIN32
-std::wstring wide(const char* text) {
-  return QString::fromUtf8(text).toStdWString();
+// Before paths that are longer than the system takes otherwise, and of servers.
+constexpr std::wstring_view longPrefix = LR"(\\?\)";
+constexpr std::wstring_view longServerPrefix = LR"(\\?\UNC\)";
+
+bool startsWith(std::wstring_view text, std::wstring_view start) {
+  return text.substr(0, start.size()) == start;
+}
+
+std::wstring wide(const char* path) {
+  return platformPath(path).native();
 }
 
 int nextByte(std::FILE* file) {
@@ -112,13 +125,39 @@ bool PlatformLock::acquire(const char* path, int milliseconds) {
 
 #ifdef _WIN32
 
+std::filesystem::path platformPath(std::string_view utf8) {
+  try {
+    const std::filesystem::path path = std::filesystem::u8path(utf8);
+    constexpr std::size_t anybodyTakes = 240; // folders fewer than files, and both less than 260
+    if (path.native().size() < anybodyTakes || startsWith(path.native(), longPrefix))
+      return path;
+    // With the prefix only the native and normal form will do.
+    const std::wstring full =
+        std::filesystem::absolute(path).lexically_normal().make_preferred().native();
+    return startsWith(full, LR"(\\)") ? std::wstring(longServerPrefix) + full.substr(2)
+                                      : std::wstring(longPrefix) + full;
+  } catch (const std::system_error&) {
+    return {}; // not UTF-8
+  }
+}
+
+std::string platformText(const std::filesystem::path& path) {
+  const std::wstring& text = path.native();
+  if (startsWith(text, longServerPrefix))
+    return "\\\\" + std::filesystem::path(text.substr(longServerPrefix.size())).u8string();
+  if (startsWith(text, longPrefix))
+    return std::filesystem::path(text.substr(longPrefix.size())).u8string();
+  return path.u8string();
+}
+
 std::FILE* platformOpenFile(const char* path, const char* mode) {
-  return _wfopen(wide(path).c_str(), wide(mode).c_str());
+  return _wfopen(wide(path).c_str(), std::wstring(mode, mode + std::strlen(mode)).c_str());
 }
 
 std::FILE* platformCreateFile(const char* path) {
   int descriptor = -1;
-  _wsopen_s(&descriptor, wide(path).c_str(), _O_CREAT | _O_EXCL | _O_WRONLY | _O_BINARY, _SH_DENYNO,
+  _wsopen_s(&descriptor, wide(path).c_str(),
+            _O_CREAT | _O_EXCL | _O_WRONLY | _O_BINARY | _O_NOINHERIT, _SH_DENYNO,
             _S_IREAD | _S_IWRITE);
   return descriptor == -1 ? nullptr : _fdopen(descriptor, "wb");
 }
@@ -128,10 +167,16 @@ int platformUnlink(const char* path) {
 }
 
 FileStamp platformFileStamp(const char* path) {
-  FileStamp stamp;
-  WIN32_FILE_ATTRIBUTE_DATA data;
-  if (!GetFileAttributesExW(wide(path).c_str(), GetFileExInfoStandard, &data))
-    return stamp;
+  HANDLE file = CreateFileW(wide(path).c_str(), FILE_READ_ATTRIBUTES,
+                            FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                            OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+  if (file == INVALID_HANDLE_VALUE)
+    return {};
+  BY_HANDLE_FILE_INFORMATION data;
+  const bool known = GetFileInformationByHandle(file, &data) != 0;
+  CloseHandle(file);
+  if (!known)
+    return {};
   const auto join = [](DWORD high, DWORD low) {
     return static_cast<std::int64_t>(high) << 32 | static_cast<std::int64_t>(low);
   };
@@ -140,9 +185,41 @@ FileStamp platformFileStamp(const char* path) {
       (join(data.ftLastWriteTime.dwHighDateTime, data.ftLastWriteTime.dwLowDateTime) -
        116444736000000000) *
       100;
-  const auto created = join(data.ftCreationTime.dwHighDateTime, data.ftCreationTime.dwLowDateTime);
+  // Not the time of creation, which a file that takes the place of another inherits.
+  const auto identity = join(data.nFileIndexHigh, data.nFileIndexLow);
   return {true, join(data.nFileSizeHigh, data.nFileSizeLow), modified,
-          static_cast<std::uint64_t>(created)};
+          static_cast<std::uint64_t>(identity)};
+}
+
+bool platformRename(const char* from, const char* to) {
+  // Whoever reads the file at this moment, a virus scanner say, is in the way.
+  constexpr DWORD longestPause = 128;
+  for (DWORD pause = 1;; pause *= 2) {
+    if (MoveFileExW(wide(from).c_str(), wide(to).c_str(), MOVEFILE_REPLACE_EXISTING))
+      return true;
+    const DWORD error = GetLastError();
+    errno = error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND ? ENOENT
+            : error == ERROR_DISK_FULL                                     ? ENOSPC
+                                                                           : EACCES;
+    const bool mayPass = error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION;
+    if (!mayPass || pause > longestPause)
+      return false;
+    Sleep(pause);
+  }
+}
+
+std::string platformFileVersion(const std::string& path) {
+  const std::wstring file = wide(path.c_str());
+  std::vector<char> record(GetFileVersionInfoSizeW(file.c_str(), nullptr));
+  VS_FIXEDFILEINFO* version = nullptr;
+  UINT size = 0;
+  if (record.empty() ||
+      !GetFileVersionInfoW(file.c_str(), 0, static_cast<DWORD>(record.size()), record.data()) ||
+      !VerQueryValueW(record.data(), L"\\", reinterpret_cast<void**>(&version), &size) || !version)
+    return {};
+  return std::to_string(HIWORD(version->dwFileVersionMS)) + '.' +
+         std::to_string(LOWORD(version->dwFileVersionMS)) + '.' +
+         std::to_string(HIWORD(version->dwFileVersionLS));
 }
 
 bool PlatformLock::tryAcquire(const char* path) {
@@ -164,10 +241,9 @@ void* platformLoadLibrary(const char* name) {
   // No box where a disk or another library is missing; what stands beside the library is found.
   DWORD previous = 0;
   SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &previous);
-  const std::wstring path = wide(name);
-  const bool isAbsolute = std::filesystem::path(path).is_absolute();
-  HMODULE library =
-      LoadLibraryExW(path.c_str(), nullptr, isAbsolute ? LOAD_WITH_ALTERED_SEARCH_PATH : 0);
+  const std::filesystem::path path = platformPath(name).make_preferred();
+  const DWORD search = path.is_absolute() ? LOAD_WITH_ALTERED_SEARCH_PATH : 0;
+  HMODULE library = LoadLibraryExW(path.c_str(), nullptr, search);
   SetThreadErrorMode(previous, nullptr);
   return library;
 }
@@ -193,11 +269,19 @@ bool platformHasDrives() {
 std::string platformExecutable() {
   wchar_t path[32768];
   const DWORD length = GetModuleFileNameW(nullptr, path, static_cast<DWORD>(std::size(path)));
-  return QString::fromWCharArray(path, static_cast<int>(length)).toStdString();
+  return platformText(std::wstring(path, length));
+}
+
+static int usableThreads() {
+  DWORD_PTR usable = 0; // 0 as well where they are of several groups
+  DWORD_PTR present = 0;
+  if (GetProcessAffinityMask(GetCurrentProcess(), &usable, &present) && usable != 0)
+    return static_cast<int>(std::bitset<64>(usable).count());
+  return std::max(QThread::idealThreadCount(), 1);
 }
 
 ProcessorCounts platformProcessors() {
-  const int threads = std::max(QThread::idealThreadCount(), 1);
+  const int threads = usableThreads();
   DWORD bytes = 0;
   GetLogicalProcessorInformation(nullptr, &bytes);
   std::vector<SYSTEM_LOGICAL_PROCESSOR_INFORMATION> records(
@@ -227,6 +311,14 @@ bool platformMemory(SystemMemoryInfo* info) {
 
 #else
 
+std::filesystem::path platformPath(std::string_view utf8) {
+  return std::filesystem::u8path(utf8);
+}
+
+std::string platformText(const std::filesystem::path& path) {
+  return path.u8string();
+}
+
 std::FILE* platformOpenFile(const char* path, const char* mode) {
   return std::fopen(path, mode);
 }
@@ -247,6 +339,18 @@ FileStamp platformFileStamp(const char* path) {
   return {true, status.st_size,
           std::int64_t{status.st_mtim.tv_sec} * 1'000'000'000 + status.st_mtim.tv_nsec,
           status.st_ino};
+}
+
+bool platformRename(const char* from, const char* to) {
+  return std::rename(from, to) == 0;
+}
+
+std::string platformFileVersion(const std::string& path) {
+  // A library's file carries its version behind its name: "libm.so.6.1".
+  std::error_code error;
+  const std::string name = std::filesystem::canonical(path, error).filename().string();
+  const std::size_t suffix = name.find(".so.");
+  return suffix != std::string::npos ? name.substr(suffix + 4) : std::string();
 }
 
 bool PlatformLock::tryAcquire(const char* path) {

@@ -4,14 +4,24 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <filesystem>
 #include <string>
+#include <string_view>
 
 // All that differs between the platforms. Texts are UTF-8.
+
+/// A path of any length for what takes one; empty where the text cannot name a file.
+std::filesystem::path platformPath(std::string_view utf8);
+std::string platformText(const std::filesystem::path& path);
 
 std::FILE* platformOpenFile(const char* path, const char* mode);
 /// Opens a file that must not exist yet, for writing, readable by its owner only.
 std::FILE* platformCreateFile(const char* path);
 int platformUnlink(const char* path);
+/// Puts a file in the place of another, if there is one; false with `errno` set.
+bool platformRename(const char* from, const char* to);
+/// What an executable file tells of its version, "1.2.3"; empty where it tells none.
+std::string platformFileVersion(const std::string& path);
 /// Reads up to a line break (LF, CRLF, CR) and past it; NUL bytes are dropped. False where nothing
 /// is left.
 bool platformReadLine(std::FILE* file, std::string* line);

@@ -1,8 +1,7 @@
 #include "SettingsFile.h"
 
-#include "HostSupport/Files.h"
-
 #include "FileAccess.h"
+#include "SettingsFolder.h"
 
 #include <QDateTime>
 #include <QJsonDocument>
@@ -96,7 +95,7 @@ std::string SettingsFile::serialise(const Contents& contents) const {
 
 /// Finds the file. A link leads to where the file, its lock and its successor stand.
 void SettingsFile::locate() {
-  std::string linkPath = std::string(sp_GetSettingsDir()) + "/" + m_name;
+  std::string linkPath = std::string(settingsFolder()) + "/" + m_name;
   if (linkPath != m_linkPath) {
     m_linkPath = std::move(linkPath);
     m_isCurrent = false;

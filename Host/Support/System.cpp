@@ -1,6 +1,5 @@
 #include "HostSupport/System.h"
 
-#include "HostSupport/Files.h"
 #include "HostSupport/Numbers.h"
 
 #include "Locked.h"
@@ -11,7 +10,6 @@
 #include <cstdio>
 #include <map>
 #include <string>
-#include <utility>
 
 namespace {
 
@@ -99,16 +97,6 @@ YString sp_GetSystemValue(const YString& key, bool* found) {
   if (found)
     *found = known;
   return value;
-}
-
-bool sp_GetVersionValues(int* major, int* minor, int* patch) {
-  FileVersion version;
-  const bool isKnown = sp_GetFileVersion(YString(), &version);
-  for (const auto& [out, value] :
-       {std::pair(major, version.major), {minor, version.minor}, {patch, version.patch}})
-    if (out)
-      *out = value;
-  return isKnown;
 }
 
 void sp_SetSystemValue(const YString& key, const char* value) {

@@ -46,6 +46,9 @@ HOSTSUPPORT_EXPORT YString sp_GetExeDir();
 HOSTSUPPORT_EXPORT YString sp_GetExeFileName();
 /// Of this program where `path` is empty or its own file; false where the file tells none.
 HOSTSUPPORT_EXPORT bool sp_GetFileVersion(const YString& path, FileVersion* version);
+/// This program's version in numbers, any of which may be null; false, and zeros, where it has
+/// none.
+HOSTSUPPORT_EXPORT bool sp_GetVersionValues(int* major, int* minor, int* patch = nullptr);
 /// "Documents", "Desktop", "Home", "AppData" (the host's settings), "Temp"; empty for another word.
 HOSTSUPPORT_EXPORT YString sp_GetKnownFolderPath(const YString& folder);
 HOSTSUPPORT_EXPORT YString sp_ConvertLocalToUnix(const YString& path); ///< separators to "/"

@@ -18,8 +18,6 @@ HOSTSUPPORT_EXPORT bool sp_GetSystemMemoryInfo(SystemMemoryInfo* info);
 /// ("major.minor"), "caseSensitiveFiles", "hasHelp" ("1" or "0"; known only while it is set).
 /// `*found`, which may be null, tells whether there is such a name.
 HOSTSUPPORT_EXPORT YString sp_GetSystemValue(const YString& key, bool* found = nullptr);
-/// The host's version in numbers, any of which may be null; false, and zeros, where it is none.
-HOSTSUPPORT_EXPORT bool sp_GetVersionValues(int* major, int* minor, int* patch = nullptr);
 /// What the host tells instead from now on; null brings the machine's own back. The functions
 /// above, `sp_CaseSensitiveFiles`, `sp_GetFileVersion` and `sp_HasHelp` follow.
 HOSTSUPPORT_EXPORT void sp_SetSystemValue(const YString& key, const char* value);
