@@ -99,7 +99,7 @@ foreach(library ${libraries})
 endforeach()
 list(TRANSFORM libraries REPLACE "(.+)" "${LIBDIR}/lib\\1.so")
 foreach(file ${libraries} ${LIBDIR}/libDialogs1.so ${LIBDIR}/designer/libHostWidgetsDesigner.so
-    ${LIBDIR}/devices/Laplace_2.so ${BINDIR}/dialoghost ${BINDIR}/brennixcheck)
+    lib/kelvarin-dialogs/devices/Laplace_2.so ${BINDIR}/dialoghost ${BINDIR}/brennixcheck)
   expect_dynamic(${file} "RUNPATH[^\n]*\\[\\$ORIGIN[^:\n]*\\]")
 endforeach()
 
