@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-struct GraphEditData; ///< the active graph's curve data; the reader declares what it reads
+struct GraphEditData; ///< the vectors that can be plotted, and how many graphs are open
 
 /// Shows (1) or hides (0) the host's progress box around a slow step.
 inline constexpr DynEntry<void(int show)> dyn_ShowProgressBox{"dyn_ShowProgressBox",

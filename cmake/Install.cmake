@@ -8,7 +8,9 @@ set_target_properties(HostSupport HostSupportQt HostWidgets PROPERTIES
 # Everything finds its libraries from where it stands itself, so that the whole can be moved.
 set_target_properties(HostSupport HostSupportQt HostWidgets Dialogs1 PROPERTIES
   INSTALL_RPATH "$ORIGIN")
-set_target_properties(HostWidgetsDesigner Laplace_2 PROPERTIES INSTALL_RPATH "$ORIGIN/..")
+set_target_properties(HostWidgetsDesigner PROPERTIES INSTALL_RPATH "$ORIGIN/..")
+set_target_properties(Laplace_2 PROPERTIES
+  INSTALL_RPATH "$ORIGIN/../../../${CMAKE_INSTALL_LIBDIR}")
 set_target_properties(dialoghost brennixcheck PROPERTIES
   INSTALL_RPATH "$ORIGIN/${kv_libraries_from_programs}")
 
@@ -17,7 +19,8 @@ install(TARGETS kv_include HostSupport HostSupportQt HostWidgets EXPORT Kelvarin
   LIBRARY COMPONENT runtime NAMELINK_COMPONENT dev
   ARCHIVE COMPONENT dev)
 install(TARGETS Dialogs1 LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime)
-install(TARGETS Laplace_2 LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/devices COMPONENT runtime)
+# A support library searches from the program, whatever LIBDIR is.
+install(TARGETS Laplace_2 LIBRARY DESTINATION lib/kelvarin-dialogs/devices COMPONENT runtime)
 install(TARGETS dialoghost brennixcheck RUNTIME COMPONENT runtime)
 install(DIRECTORY docs/help docs/images DESTINATION ${kv_data_dir} COMPONENT runtime)
 install(FILES docs/scripting.md DESTINATION ${kv_data_dir}/docs COMPONENT runtime)

@@ -112,9 +112,9 @@ equal(box([["y"], odd], d => { d.key(available, "Ctrl+A"); d.click("addButton");
 // Many.
 const many = Array.from({ length: 100000 }, (_, i) => `item ${i}`);
 function timed(what, limit, act) {
-  const start = host.now();
+  const start = host.processTime();
   act();
-  const taken = host.now() - start;
+  const taken = host.processTime() - start;
   check(taken < limit, `${what} took ${taken} ms`);
 }
 const all = box([[], many], d => {

@@ -193,11 +193,11 @@ for (const [base, other, needed] of [
   ["BINARY", "DECIMAL", 1000000], ["SIGNED DECIMAL", "BINARY", 3321926],
 ])
   constant(["256", million, base], d => {
-    const start = host.now();
+    const start = host.processTime();
     refused(d, needed, () => d.set("baseCombo", other));
     equal(d.text("baseCombo"), base, "what is too wide to convert keeps its base");
     refused(d, needed, () => d.press("OK"));
-    check(host.now() - start < 20000, `a million digits are refused in ${host.now() - start} ms`);
+    check(host.processTime() - start < 20000, `a million digits are refused in ${host.processTime() - start} ms`);
     check(d.text("valueEdit") === million, "and stay");
     d.reject();
   });

@@ -37,11 +37,11 @@ host.onDialog(d => d.accept());
 equal(pattern(...DigitalConstantDialog(["6", "-2", "SIGNED DECIMAL"])), "011111");
 
 // Any length, in no time: the lowest bits do not depend on what stands far in front of them.
-const start = host.now();
+const start = host.processTime();
 const odd = "7".repeat(1e6);
 for (const base of ["DECIMAL", "HEXADECIMAL", "SIGNED DECIMAL"])
   equal(bits("65536", odd, base).length, 65536);
 equal(pattern("16", odd, "DECIMAL"), pattern("16", "7".repeat(16), "DECIMAL"));
 equal(bits("65537", "1", "BINARY"), [], "wider than anybody needs");
 equal(DigitalConstantDialogConvertToBinary(new Array(1e6).fill("2")).length, 2);
-check(host.now() - start < 20000, `in ${host.now() - start} ms`);
+check(host.processTime() - start < 20000, `in ${host.processTime() - start} ms`);

@@ -116,9 +116,9 @@ equal(box([new Array(1e6).fill("a"), []], d => {
 
 // A long list opens at once.
 const items = Array.from({ length: 100000 }, (_, i) => `Part ${i}`);
-const begin = host.now();
+const begin = host.processTime();
 equal(box([[`Part:list:${items.join("|")}`], ["part 99999"]], d => d.accept()), ["Part 99999"]);
-check(host.now() - begin < 1500, `100,000 items took ${host.now() - begin} ms`);
+check(host.processTime() - begin < 1500, `100,000 items took ${host.processTime() - begin} ms`);
 
 const long = "x".repeat(1e6);
 const back = box([[long, long + ":bool", "t:string", "c:list:a|" + long], ["1", "1", long, "1"], [long]],

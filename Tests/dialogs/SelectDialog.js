@@ -132,10 +132,10 @@ const count = 100000;
 const many = Array.from({ length: count }, (_, i) => `V(top.pwr.net_${(i * 7919) % count})`);
 function timed(what, limit, act) {
   act();
-  const start = host.now();
+  const start = host.processTime();
   for (let i = 0; i < 5; ++i)
     act();
-  const taken = (host.now() - start) / 5;
+  const taken = (host.processTime() - start) / 5;
   check(taken < limit, `${what} took ${taken} ms`);
 }
 equal(box(settings({ 3: "sorted", 4: `${count - 1}` }), d => {

@@ -60,11 +60,11 @@ for (const [arg, shown] of [
 }
 for (const long of ["x".repeat(1000000), "word ".repeat(200000), "R1 in out 4.7k\n".repeat(200000),
                     "<table><tr><td>".repeat(1000), "<div>".repeat(100000), "<b>x</b>".repeat(20000)]) {
-  const start = host.now();
+  const start = host.processTime();
   const window = opened([long]);
   host.wait(0);
   check(window.text("textBrowser").length >= (long.startsWith("<b>") ? 20000 : long.length), long.slice(0, 8));
-  check(host.now() - start < 3000, `${long.slice(0, 8)}: ${host.now() - start} ms`);
+  check(host.processTime() - start < 3000, `${long.slice(0, 8)}: ${host.processTime() - start} ms`);
   window.close();
 }
 equal(host.windows().length, 0);

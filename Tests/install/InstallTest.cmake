@@ -2,6 +2,7 @@
 # the program, the guide's host, the Designer plug-in. Called with BUILD, SOURCE, WORK, CONFIG,
 # VERSION, the folders of an installation and what to compile with.
 set(stage ${WORK}/stage)
+file(LOCK ${WORK}.lock GUARD PROCESS TIMEOUT 500)  # another run may be at it
 file(REMOVE_RECURSE ${WORK})
 
 function(run output)
@@ -98,7 +99,7 @@ foreach(library ${libraries})
 endforeach()
 list(TRANSFORM libraries REPLACE "(.+)" "${LIBDIR}/lib\\1.so")
 foreach(file ${libraries} ${LIBDIR}/libDialogs1.so ${LIBDIR}/designer/libHostWidgetsDesigner.so
-    ${BINDIR}/dialoghost ${BINDIR}/brennixcheck)
+    lib/kelvarin-dialogs/devices/Laplace_2.so ${BINDIR}/dialoghost ${BINDIR}/brennixcheck)
   expect_dynamic(${file} "RUNPATH[^\n]*\\[\\$ORIGIN[^:\n]*\\]")
 endforeach()
 

@@ -211,6 +211,10 @@ TEST_F(ScriptEngineTest, servesFilesAndSettings) {
       {"host.clipboard('clip'); host.clipboard()", "\"clip\""},
       {"host.tempDir() !== host.tempDir() && host.exists(host.tempDir())", "true"},
       {"let t = host.now(); host.wait(20); host.now() - t >= 20", "true"},
+      {"let t = host.now(); let p = host.processTime(); host.wait(300);"
+       "for (let i = 0; i < 1e6; ++i); host.processTime() > p &&"
+       "host.processTime() - p < host.now() - t - 200",
+       "true"},
   };
   for (const Case& c : cases)
     EXPECT_EQ(run(c.script), c.expected) << c.script;

@@ -229,8 +229,10 @@ TEST_F(ScriptServicesTest, readsLaplaceExpressions) {
       return std::to_string(args.status);
     });
   };
-  const auto check = reinterpret_cast<int (*)(const char*)>(sp_GetLibraryFunction(
-      KV_LAPLACE_CHECKER, "laplace_CheckLaplaceExpression", false, "", false));
+  YArray<YString> libraries;
+  ASSERT_EQ(sp_SearchDLLs(&libraries, "devices", "Laplace_2.*", {}), 1);
+  const auto check = reinterpret_cast<int (*)(const char*)>(
+      sp_GetLibraryFunction(libraries[0], "laplace_CheckLaplaceExpression", false, "", false));
   ASSERT_TRUE(check);
   const auto checked = [check](const char* text) {
     return outcome([check, text] { return std::to_string(check(text)); });

@@ -26,6 +26,7 @@
 #include <QTimer>
 
 #include <cmath>
+#include <ctime>
 
 namespace {
 
@@ -323,6 +324,10 @@ void ScriptHost::wait(double milliseconds) {
 
 double ScriptHost::now() const {
   return static_cast<double>(m_clock.nsecsElapsed()) / 1e6;
+}
+
+double ScriptHost::processTime() const {
+  return static_cast<double>(std::clock()) * 1000 / CLOCKS_PER_SEC;
 }
 
 QString ScriptHost::tempDir() {

@@ -53,6 +53,7 @@ public:
   Q_INVOKABLE void setClipboard(const QString& text);
   Q_INVOKABLE void wait(double milliseconds);
   Q_INVOKABLE double now() const;
+  Q_INVOKABLE double processTime() const;
   Q_INVOKABLE QString tempDir();
   Q_INVOKABLE QJSValue args() const;
   Q_INVOKABLE QJSValue functions() const;

@@ -36,6 +36,7 @@
     },
     wait(ms) { bridge.wait(typeof ms === "number" ? ms : NaN); },
     now() { return bridge.now(); },
+    processTime() { return bridge.processTime(); },
     tempDir() { return bridge.tempDir(); },
     functions() { return bridge.functions(); },
     helpRequests() { return bridge.helpRequests(); },

@@ -1,0 +1,53 @@
+// What dialoghost leaves behind, and what it keeps from one run to the next.
+
+#include <QDir>
+#include <QFileInfo>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Run {
+  int status;
+  QString output;
+};
+
+Run run(const QStringList& words) {
+  QProcess process;
+  process.start(QStringLiteral(KV_DIALOGHOST), words);
+  EXPECT_TRUE(process.waitForFinished(60000));
+  return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()).trimmed()};
+}
+
+QString eval(const QStringList& options, const char* text) {
+  const Run done = run(options + QStringList{QStringLiteral("eval"), QString::fromUtf8(text)});
+  EXPECT_EQ(done.status, 0) << text;
+  return done.output;
+}
+
+} // namespace
+
+TEST(Program, removesItsTemporaryFolder) {
+  const QString file = eval({QStringLiteral("--fresh")},
+                            "const f = host.tempDir() + '/f'; host.writeFile(f, 'x'); f")
+                           .remove(QLatin1Char('"'));
+  int levels = 0; // the file, the script's folders, the one of the process
+  for (QFileInfo entry(file); entry.path() != QDir::tempPath() && levels < 5; ++levels) {
+    EXPECT_FALSE(entry.exists()) << entry.filePath().toStdString();
+    entry = QFileInfo(entry.path());
+  }
+  EXPECT_EQ(levels, 3);
+}
+
+TEST(Program, startsFresh) {
+  const QTemporaryDir folder;
+  const QStringList kept{QStringLiteral("--settings"), folder.path()};
+  const QStringList fresh{QStringLiteral("--fresh")};
+  for (const QStringList& options : {kept, fresh})
+    EXPECT_EQ(eval(options, "host.option('Of a test', 'v')"), QStringLiteral("\"v\""));
+  EXPECT_EQ(eval(kept, "host.option('Of a test')"), QStringLiteral("\"v\""));
+  EXPECT_EQ(eval(fresh, "host.option('Of a test')"), QStringLiteral("null"));
+  EXPECT_EQ(run(fresh + kept + QStringList{QStringLiteral("list")}).status, 2);
+}
