@@ -3,9 +3,32 @@
 #include "HostSupport/Arguments.h"
 #include "HostSupportQt/HostSupportQt.h"
 
+#include <QApplication>
 #include <QPushButton>
 
 #include <algorithm>
+#include <set>
+
+namespace {
+
+/// The dialogs there are. A window that nobody waits for may be open when the host unloads the
+/// module; it goes with the code that it runs. At the program's end there is nothing to do.
+class OpenDialogs {
+public:
+  ~OpenDialogs() {
+    while (qApp && !m_dialogs.empty())
+      delete *m_dialogs.begin();
+  }
+  void add(KelvarinDialog* dialog) { m_dialogs.insert(dialog); }
+  void remove(KelvarinDialog* dialog) { m_dialogs.erase(dialog); }
+
+private:
+  std::set<KelvarinDialog*> m_dialogs;
+};
+
+OpenDialogs openDialogs;
+
+} // namespace
 
 KelvarinDialog::KelvarinDialog(QWidget* parent, const char* objectName, bool modal,
                                Qt::WindowFlags extraFlags)
@@ -14,9 +37,12 @@ KelvarinDialog::KelvarinDialog(QWidget* parent, const char* objectName, bool mod
       resultData(new UserReturnData{}) {
   setObjectName(QString::fromLatin1(objectName));
   setModal(modal);
+  openDialogs.add(this);
 }
 
-KelvarinDialog::~KelvarinDialog() = default;
+KelvarinDialog::~KelvarinDialog() {
+  openDialogs.remove(this);
+}
 
 int KelvarinDialog::helpContextId() {
   return -1;
