@@ -3,6 +3,7 @@
 #include "HostSupport/Arguments.h"
 #include "HostSupportQt/HostSupportQt.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QPushButton>
 
@@ -27,6 +28,15 @@ private:
 };
 
 OpenDialogs openDialogs;
+
+/// Qt makes what readers know a widget by with the first change that it tells of, and keeps it. An
+/// unchecked box disables its fields while they are being made, as bare widgets; they are looked at
+/// anew when they are complete.
+void forgetUnfinished(const QWidget* dialog) {
+  for (QWidget* widget : dialog->findChildren<QWidget*>())
+    if (QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(widget))
+      QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(accessible));
+}
 
 } // namespace
 
@@ -193,6 +203,8 @@ void KelvarinDialog::setStringResult(const YString& value) const {
 }
 
 void KelvarinDialog::showEvent(QShowEvent* event) {
+  if (!event->spontaneous())
+    forgetUnfinished(this);
   QDialog::showEvent(event);
   if (dimsSavingEnabled)
     sp_RestoreWidgetDims(this, dimsKey());
