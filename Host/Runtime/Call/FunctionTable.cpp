@@ -241,7 +241,7 @@ QString kindName(FunctionInfo::Kind kind) {
 
 FunctionTable::~FunctionTable() {
   if (m_library)
-    m_library->load(); // once more than it is unloaded
+    QLibrary(m_library->fileName()).load(); // once more than it is unloaded
 }
 
 void FunctionTable::loadModule(const QString& file) {
