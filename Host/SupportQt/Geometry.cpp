@@ -43,12 +43,14 @@ std::optional<QRect> parseGeometry(const YString& text) {
   return QRect(numbers[0], numbers[1], numbers[2], numbers[3]);
 }
 
+/// The title bar is above the geometry, but how high nobody knows before the window is on a screen.
 QScreen* screenShowing(const QRect& geometry) {
-  const QRect titleBar(geometry.left(), geometry.top(), geometry.width(), catchableHeight);
+  const QRect top(geometry.left(), geometry.top() - catchableHeight, geometry.width(),
+                  2 * catchableHeight);
   for (QScreen* screen : QGuiApplication::screens()) {
-    const QRect seen = screen->availableGeometry() & titleBar;
+    const QRect seen = screen->availableGeometry() & top;
     if (seen.width() >= std::min(catchableWidth, geometry.width()) &&
-        seen.height() >= catchableHeight / 2)
+        seen.height() >= catchableHeight)
       return screen;
   }
   return nullptr;
@@ -83,15 +85,14 @@ void sp_SaveWidgetDims(QWidget* widget, const YString& key) {
   const YString name = geometryKey(widget, key);
   if (name.isEmpty())
     return;
-  const QRect inner = widget->isMaximized() || widget->isFullScreen() ? widget->normalGeometry()
-                                                                      : widget->geometry();
-  const QPoint place =
-      widget->isMaximized() || widget->isFullScreen() ? inner.topLeft() : widget->pos();
+  // Without the frame, which is not there yet when the place is restored.
+  const QRect geometry = widget->isMaximized() || widget->isFullScreen() ? widget->normalGeometry()
+                                                                         : widget->geometry();
   const QString text = QStringLiteral("%1 %2 %3 %4")
-                           .arg(place.x())
-                           .arg(place.y())
-                           .arg(inner.width())
-                           .arg(inner.height());
+                           .arg(geometry.x())
+                           .arg(geometry.y())
+                           .arg(geometry.width())
+                           .arg(geometry.height());
   // Writing says by itself when it fails; a forgotten window size is not worth stopping for.
   cfgman_WriteConfigSetting(geometrySection, name, Tocs(text));
 }
@@ -112,11 +113,13 @@ bool sp_RestoreWidgetDims(QWidget* widget, const YString& key) {
   if (!screen)
     return false;
   const QRect available = screen->availableGeometry();
-  widget->resize(
-      geometry->size().boundedTo(available.size()).expandedTo(widget->minimumSizeHint()));
+  const QSize size =
+      geometry->size().boundedTo(available.size()).expandedTo(widget->minimumSizeHint());
   // A place where no screen is any more is left to the window system.
   if (shown)
-    widget->move(geometry->topLeft());
+    widget->setGeometry(QRect(geometry->topLeft(), size));
+  else
+    widget->resize(size);
   return true;
 }
 

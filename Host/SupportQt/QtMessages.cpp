@@ -11,7 +11,8 @@ static void passOn(QtMsgType type, const QMessageLogContext& context, const QStr
 }
 
 bool qtsp_IsPlatformNoise(const QString& message) {
-  static const char* const noise[] = {"This plugin does not support", "XDG_RUNTIME_DIR"};
+  static const char* const noise[] = {"This plugin does not support", "XDG_RUNTIME_DIR",
+                                      "OpenType support missing for"};
   return std::any_of(std::begin(noise), std::end(noise),
                      [&](const char* part) { return message.contains(QLatin1String(part)); });
 }

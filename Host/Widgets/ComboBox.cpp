@@ -1,6 +1,7 @@
 #include "HostWidgets/ComboBox.h"
 
 #include "BoundElement.h"
+#include "HostSupport/Arguments.h"
 #include "HostSupportQt/Text.h"
 
 #include <QKeyEvent>
@@ -9,6 +10,7 @@
 #include <cmath>
 
 ComboBox::ComboBox(QWidget* parent, const char* objectName) : QComboBox(parent) {
+  installAccessibility();
   setObjectName(QLatin1String(objectName));
   // The wheel that scrolls a page must not take the focus on its way.
   setFocusPolicy(Qt::StrongFocus);
@@ -48,7 +50,28 @@ void ComboBox::setStringValue(const QString& text) {
 }
 
 bool ComboBox::initialiseWidget(UserFunctionInterface* call) {
-  return loadBoundElement(this, call);
+  const bool hasItems = loadItems(call);
+  return loadBoundElement(this, call) || hasItems;
+}
+
+bool ComboBox::loadItems(UserFunctionInterface* call) {
+  const char* const* texts = nullptr;
+  unsigned count = 0;
+  if (itemsElementIndex < 0 || !sp_GetStringIfVector(call, argIndex, &texts, &count) ||
+      unsigned(itemsElementIndex) >= count)
+    return false;
+  if (itemsStride <= 0) {
+    loadStrings(texts[itemsElementIndex]);
+    return true;
+  }
+  QStringList items;
+  for (std::size_t i = std::size_t(itemsElementIndex); i < count; i += std::size_t(itemsStride))
+    items.append(QString::fromUtf8(texts[i]));
+  while (!items.isEmpty() && items.last().isEmpty())
+    items.removeLast();
+  clear();
+  addItems(items);
+  return true;
 }
 
 void ComboBox::wheelEvent(QWheelEvent* event) {

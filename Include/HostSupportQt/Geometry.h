@@ -6,7 +6,7 @@
 class QWidget;
 
 // A window's size and place go by `key`, or by its object name where the key is empty. They are
-// kept as plain numbers, and restored only to where a screen is.
+// kept as plain numbers, both without the frame, and restored only to where a screen is.
 
 HOSTSUPPORTQT_EXPORT void sp_SaveWidgetDims(QWidget* widget, const YString& key);
 /// False where nothing usable is stored; the widget is then left alone.

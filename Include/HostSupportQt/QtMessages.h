@@ -5,7 +5,8 @@
 #include <QString>
 
 /// Whether a message of Qt only tells of limits that the platform is known to have: of windows that
-/// nobody sees, or of a session without a runtime folder. Any other warning is a finding.
+/// nobody sees, of a session without a runtime folder, or of a font without some script. Any other
+/// warning is a finding.
 HOSTSUPPORTQT_EXPORT bool qtsp_IsPlatformNoise(const QString& message);
 
 /// Keeps such messages from the message handler that is installed now.

@@ -5,12 +5,15 @@
 
 #include <QComboBox>
 
-/// A choice, bound as an index (real) or as a text (string).
+/// A choice, bound as an index (real) or as a text (string). Its items stand in the form, or come
+/// with the call: in the string vector of argument `argIndex`, from element `itemsElementIndex` on.
 class HOSTWIDGETS_EXPORT ComboBox : public QComboBox, public KV_FunctionDef {
   Q_OBJECT
   KV_BINDING_PROPERTIES
   Q_PROPERTY(double realValue READ value WRITE setValue STORED false)
   Q_PROPERTY(QString stringValue READ currentText WRITE setStringValue STORED false)
+  Q_PROPERTY(int itemsElementIndex MEMBER itemsElementIndex)
+  Q_PROPERTY(int itemsStride MEMBER itemsStride)
 
 public:
   explicit ComboBox(QWidget* parent = nullptr, const char* objectName = nullptr);
@@ -26,9 +29,19 @@ public:
   /// number; an editable box takes any other text, another one keeps its selection.
   void setStringValue(const QString& text);
 
+  /// Loads the items, where the call has them, and then what is selected.
   bool initialiseWidget(UserFunctionInterface* call) override;
+
+  std::int32_t itemsElementIndex = -1; ///< element of the first items; -1: those of the form
+  /// From one item to the next, to the end of the vector, so that several boxes can share one;
+  /// empty texts at the end fill rows up and are no items. 0: all in one element, between bars.
+  std::int32_t itemsStride = 0;
 
 protected:
   void wheelEvent(QWheelEvent* event) override; ///< counts only with the focus
   void keyPressEvent(QKeyEvent* event) override;
+
+private:
+  static void installAccessibility();
+  bool loadItems(UserFunctionInterface* call);
 };

@@ -29,7 +29,6 @@
 namespace {
 
 constexpr int rowsTried = 12;
-constexpr int dialogsServed = 4;
 
 // ---- pages --------------------------------------------------------------------------------------
 
@@ -388,10 +387,10 @@ int useOpeners(DialogActions& dialog) {
 }
 
 void servingDialogs(const std::function<void(DialogActions&)>& serve,
-                    const std::function<void()>& action) {
+                    const std::function<void()>& action, int most) {
   DialogDriver* driver = DialogDriver::instance();
   driver->beginScope();
-  for (int i = 0; i < dialogsServed; ++i)
+  for (int i = 0; i < most; ++i)
     driver->onDialog([&serve](QWidget* widget) {
       DialogActions opened(widget);
       serve(opened);

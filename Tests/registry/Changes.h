@@ -46,6 +46,6 @@ std::vector<Opener> openers(DialogActions& dialog);
 /// changed what the dialog holds.
 int useOpeners(DialogActions& dialog);
 
-/// Serves up to a few dialogs that `action` opens; fewer are no failure.
+/// Serves up to `most` dialogs that `action` opens; fewer are no failure.
 void servingDialogs(const std::function<void(DialogActions&)>& serve,
-                    const std::function<void()>& action);
+                    const std::function<void()>& action, int most = 4);

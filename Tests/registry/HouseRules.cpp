@@ -121,7 +121,22 @@ bool hasAccessibleName(QWidget* widget) {
   return isOwn && !name.isEmpty();
 }
 
-void expectAccessible(const QWidget* dialog) {
+/// What a screen reader comes to, the inner edits of fields among it; cells say what is in them.
+void expectNamesForReaders(QAccessibleInterface* accessible) {
+  const QAccessible::State state = accessible->state();
+  const auto* widget = qobject_cast<const QWidget*>(accessible->object());
+  if (widget && state.focusable && !state.invisible && !state.disabled) {
+    EXPECT_TRUE(!accessible->text(QAccessible::Name).isEmpty() ||
+                !accessible->relations(QAccessible::Label).isEmpty())
+        << nameOf(widget) << " in " << nameOf(widget->parentWidget()) << " has no name for readers";
+  }
+  for (int i = 0; i < accessible->childCount(); ++i)
+    if (QAccessibleInterface* child = accessible->child(i); child && child->object())
+      expectNamesForReaders(child);
+}
+
+void expectAccessible(QWidget* dialog) {
+  expectNamesForReaders(QAccessible::queryAccessibleInterface(dialog));
   for (QWidget* widget : shownWidgets(dialog)) {
     if (widget->focusPolicy() == Qt::NoFocus || !widget->isEnabled())
       continue;

@@ -15,6 +15,9 @@
 #include <QBoxLayout>
 #include <QDialog>
 #include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMetaProperty>
 #include <QSignalSpy>
 #include <QTabWidget>
@@ -44,7 +47,7 @@ TEST(Widgets, EveryClassShowsItsBindingToForms) {
       {makeNamed<Spinner>, "realValue stringValue precision min max increment engMode step125"},
       {makeNamed<EditBox>, "stringValue"},
       {makeNamed<TextEdit>, "stringValue"},
-      {makeNamed<ComboBox>, "realValue stringValue"},
+      {makeNamed<ComboBox>, "realValue stringValue itemsElementIndex itemsStride"},
       {makeNamed<CheckBox>, "realValue stringValue"},
       {make<RadioButton>, "realValue stringValue"},
       {make<RadioGroup>, "realValue stringValue selectedId mapping"},
@@ -192,6 +195,85 @@ TEST(ComboBox, LoadsAndSelects) {
   EXPECT_EQ(combo.property("stringValue").toString(), QStringLiteral("2N2222"));
   combo.setStringValue(QString());
   EXPECT_EQ(combo.currentText(), QString()) << "an empty text empties an edit";
+}
+
+TEST(ComboBox, TakesItemsFromItsArgument) {
+  const char* texts[] = {"all", "small|big|", "", "1-5", "0-1", "", "5-inf", nullptr, ""};
+  UserFunctionInterface block{};
+  block.argCount = 2;
+  block.args[1] = {0, texts, nullptr, 9, UserString, {}};
+  const struct {
+    int first, stride, selected;
+    const char* items;
+    const char* current;
+  } cases[] = {
+      {1, 0, 0, "small,big,", "small"},   // one text; the one of element 0 is none of it
+      {2, 0, -1, "", ""},                 // an empty text gives none
+      {0, 3, -1, "all,1-5,5-inf", "all"}, // rows of three: three boxes share them
+      {1, 3, 4, "small|big|,0-1", "0-1"}, // the row that fills up is no item
+      {2, 3, -1, "", ""},
+      {3, 1000000, 3, "1-5", "1-5"},
+      {8, 1, -1, "", ""},
+      {9, 1, 3, "form", "form"}, // beyond the end: the form's own stay
+      {-1, 1, 3, "form", "form"},
+      {2147483647, 2147483647, 3, "form", "form"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::to_string(c.first) + " " + std::to_string(c.stride));
+    ComboBox combo;
+    combo.addItem(QStringLiteral("form"));
+    combo.argIndex = 1;
+    combo.elementIndex = c.selected;
+    EXPECT_TRUE(combo.setProperty("itemsElementIndex", c.first));
+    EXPECT_TRUE(combo.setProperty("itemsStride", c.stride));
+    EXPECT_EQ(combo.initialiseWidget(&block), c.selected >= 0 || std::string(c.items) != "form");
+    QStringList items;
+    for (int i = 0; i < combo.count(); ++i)
+      items.append(combo.itemText(i));
+    EXPECT_EQ(items.join(QLatin1Char(',')).toStdString(), c.items);
+    EXPECT_EQ(combo.currentText().toStdString(), c.current);
+  }
+  for (int i = 0; i < 2; ++i) { // no argument; one of numbers
+    ComboBox combo;
+    combo.addItem(QStringLiteral("form"));
+    combo.argIndex = 1;
+    combo.itemsElementIndex = 0;
+    block.argCount = i ? 2 : 1;
+    block.args[1].type = UserReal;
+    EXPECT_FALSE(combo.initialiseWidget(&block));
+    EXPECT_EQ(combo.count(), 1);
+  }
+}
+
+// The edit has the focus, so that a reader of the focus hears its name.
+TEST(Fields, NameReachesTheInnerEdit) {
+  QWidget window;
+  QLabel far(QStringLiteral("&Far <label>"), &window);
+  QGroupBox box(QStringLiteral("Bo&x"), &window);
+  auto* combo = new ComboBox(&box);
+  combo->setEditable(true);
+  combo->addItem(QStringLiteral("entry"));
+  auto* spinner = new Spinner(&box);
+  const auto nameOf = [](QWidget* field) {
+    QWidget* edit = field->findChild<QLineEdit*>();
+    return QAccessible::queryAccessibleInterface(edit)->text(QAccessible::Name).toStdString();
+  };
+  for (QWidget* field : {static_cast<QWidget*>(combo), static_cast<QWidget*>(spinner)}) {
+    EXPECT_EQ(nameOf(field), "Box");
+    far.setBuddy(field);
+    EXPECT_EQ(nameOf(field), "Far <label>") << "given when the edit was there already";
+    field->setAccessibleName(QStringLiteral("Own"));
+    EXPECT_EQ(nameOf(field), "Own");
+  }
+  QAccessibleInterface* edit = QAccessible::queryAccessibleInterface(combo->lineEdit());
+  EXPECT_EQ(edit->text(QAccessible::Value), QStringLiteral("entry"));
+  edit->setText(QAccessible::Value, QStringLiteral("other"));
+  EXPECT_EQ(combo->currentText(), QStringLiteral("other"));
+  ASSERT_TRUE(edit->textInterface() && edit->editableTextInterface());
+  edit->editableTextInterface()->replaceText(0, 2, QStringLiteral("fa"));
+  EXPECT_EQ(edit->textInterface()->text(0, edit->textInterface()->characterCount()),
+            QStringLiteral("faher"));
+  EXPECT_TRUE(edit->state().editable && edit->state().focusable);
 }
 
 TEST(ComboBox, WheelTurnsOnlyWithTheFocus) {

@@ -25,6 +25,18 @@ void DirectoryTree::scrollTo(const QModelIndex& index, ScrollHint hint) {
     horizontalScrollBar()->setValue(before + left - std::clamp(width - nameWidth, 0, width / 4));
 }
 
+void DirectoryTree::reset() {
+  widest = 0;
+  QTreeWidget::reset();
+}
+
+int DirectoryTree::sizeHintForColumn(int column) const {
+  // A long name at the lower edge brings the scroll bar that hides it. Were the column to become
+  // narrow again, the scroll bar would go, the name would come back, and so on for ever.
+  widest = std::max(widest, QTreeWidget::sizeHintForColumn(column));
+  return widest;
+}
+
 void DirectoryTree::keyPressEvent(QKeyEvent* event) {
   // An asterisk would open all that is below, which has no end where links lead back.
   if (event->key() != Qt::Key_Asterisk)

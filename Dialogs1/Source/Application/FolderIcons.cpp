@@ -16,12 +16,26 @@ static QPixmap folderPixmap(const char* name) {
   return pixmap;
 }
 
+namespace {
+
+/// At the end of the program there is no screen any more that they could be of; they go before it,
+/// where the module does.
+struct Pixmaps {
+  std::array<QPixmap, 3>* all;
+  ~Pixmaps() {
+    if (qApp)
+      delete all;
+  }
+};
+
+} // namespace
+
 FolderIcons::FolderIcons() {
-  // Never destroyed: at the end of the program there is no screen any more that they could be of.
-  static const auto* const pixmaps = new std::array<QPixmap, 3>{
-      folderPixmap("folder-closed"), folderPixmap("folder-open"), folderPixmap("folder-link")};
+  static const Pixmaps made{new std::array<QPixmap, 3>{
+      folderPixmap("folder-closed"), folderPixmap("folder-open"), folderPixmap("folder-link")}};
+  const std::array<QPixmap, 3>& pixmaps = *made.all;
   for (std::size_t i = 0; i < icons.size(); ++i)
     for (QIcon::Mode mode : {QIcon::Normal, QIcon::Selected})
-      icons[i].addPixmap((*pixmaps)[i], mode); // the selection does not tint it
-  iconSize = pixmaps->front().size() / pixmaps->front().devicePixelRatio();
+      icons[i].addPixmap(pixmaps[i], mode); // the selection does not tint it
+  iconSize = pixmaps.front().size() / pixmaps.front().devicePixelRatio();
 }

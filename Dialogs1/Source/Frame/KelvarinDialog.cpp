@@ -5,10 +5,43 @@
 #include "HostSupportQt/HostSupportQt.h"
 #include "HostWidgets/Spinner.h"
 
+#include <QAccessible>
+#include <QApplication>
 #include <QPushButton>
 #include <QVariant>
 
 #include <algorithm>
+#include <set>
+
+namespace {
+
+/// The dialogs there are. A window that nobody waits for may be open when the host unloads the
+/// module; it goes with the code that it runs. At the program's end there is nothing to do.
+class OpenDialogs {
+public:
+  ~OpenDialogs() {
+    while (qApp && !m_dialogs.empty())
+      delete *m_dialogs.begin();
+  }
+  void add(KelvarinDialog* dialog) { m_dialogs.insert(dialog); }
+  void remove(KelvarinDialog* dialog) { m_dialogs.erase(dialog); }
+
+private:
+  std::set<KelvarinDialog*> m_dialogs;
+};
+
+OpenDialogs openDialogs;
+
+/// Qt makes what readers know a widget by with the first change that it tells of, and keeps it. An
+/// unchecked box disables its fields while they are being made, as bare widgets; they are looked at
+/// anew when they are complete.
+void forgetUnfinished(const QWidget* dialog) {
+  for (QWidget* widget : dialog->findChildren<QWidget*>())
+    if (QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(widget))
+      QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(accessible));
+}
+
+} // namespace
 
 namespace {
 
@@ -47,9 +80,12 @@ KelvarinDialog::KelvarinDialog(QWidget* parent, const char* objectName, bool mod
       resultData(new UserReturnData{}) {
   setObjectName(QString::fromLatin1(objectName));
   setModal(modal);
+  openDialogs.add(this);
 }
 
-KelvarinDialog::~KelvarinDialog() = default;
+KelvarinDialog::~KelvarinDialog() {
+  openDialogs.remove(this);
+}
 
 int KelvarinDialog::helpContextId() {
   return -1;
@@ -238,6 +274,8 @@ void KelvarinDialog::setStringResult(const YString& value) const {
 }
 
 void KelvarinDialog::showEvent(QShowEvent* event) {
+  if (!event->spontaneous())
+    forgetUnfinished(this);
   QDialog::showEvent(event);
   if (dimsSavingEnabled)
     sp_RestoreWidgetDims(this, dimsKey());

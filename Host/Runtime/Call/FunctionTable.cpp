@@ -229,6 +229,17 @@ QVector<FunctionInfo> readModule(QLibrary& library, const Registrations& own) {
   return functions;
 }
 
+/// Ends this use of the library. What it had registered is its own no more, once it is gone.
+void release(QLibrary* library) {
+  const QString path = library->fileName();
+  library->unload();
+  delete library;
+  const auto left = registeredOwners();
+  Registrations& own = registrationsOf(path);
+  for (auto owner = own.functions.begin(); owner != own.functions.end();)
+    owner = left.count(*owner) ? std::next(owner) : own.functions.erase(owner);
+}
+
 } // namespace
 
 QString kindName(FunctionInfo::Kind kind) {
@@ -243,6 +254,11 @@ QString kindName(FunctionInfo::Kind kind) {
   return QStringLiteral("command");
 }
 
+FunctionTable::~FunctionTable() {
+  if (m_library)
+    QLibrary(m_library->fileName()).load(); // once more than it is unloaded
+}
+
 void FunctionTable::loadModule(const QString& file) {
   const auto fault = [&](const QString& what) {
     return ModuleError(QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(file), what));
@@ -254,11 +270,11 @@ void FunctionTable::loadModule(const QString& file) {
 
   const auto ownersBefore = registeredOwners();
   const auto commandsBefore = registeredCommands();
-  QLibrary library(path);
-  const bool wasInMemory = library.isLoaded();
-  library.setLoadHints(QLibrary::ResolveAllSymbolsHint);
-  if (!library.load())
-    throw fault(library.errorString().simplified());
+  const std::shared_ptr<QLibrary> library(new QLibrary(path), release);
+  const bool wasInMemory = library->isLoaded();
+  library->setLoadHints(QLibrary::ResolveAllSymbolsHint);
+  if (!library->load())
+    throw fault(library->errorString().simplified());
 
   Registrations& own = registrationsOf(path);
   for (const FuncConstruct* owner : registeredOwners())
@@ -270,33 +286,21 @@ void FunctionTable::loadModule(const QString& file) {
 
   QVector<FunctionInfo> functions;
   try {
-    functions = readModule(library, own);
+    functions = readModule(*library, own);
   } catch (const ModuleError& error) {
-    library.unload();
     throw fault(QString::fromUtf8(error.what()));
   }
-
-  // The new module holds its own reference before the old one goes: they may be the same file.
-  unloadModule();
-  m_library.setFileName(path);
-  m_library.setLoadHints(QLibrary::ResolveAllSymbolsHint);
-  m_library.load();
-  library.unload();
+  for (FunctionInfo& function : functions)
+    function.module = library;
   m_functions = functions;
+  m_library = library;
   if (!wasInMemory)
     tellLoaded();
 }
 
 void FunctionTable::unloadModule() {
   m_functions.clear();
-  if (!m_library.isLoaded())
-    return;
-  const QString path = m_library.fileName();
-  m_library.unload();
-  const auto left = registeredOwners();
-  Registrations& own = registrationsOf(path);
-  for (auto owner = own.functions.begin(); owner != own.functions.end();)
-    owner = left.count(*owner) ? std::next(owner) : own.functions.erase(owner);
+  m_library.reset();
 }
 
 const FunctionInfo* FunctionTable::find(const QString& name) const {

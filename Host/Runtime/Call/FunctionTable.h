@@ -8,6 +8,8 @@
 #include <QObject>
 #include <QVector>
 
+#include <memory>
+
 /// One function or command that scripts can call.
 struct FunctionInfo {
   enum class Kind { Legacy, Typed, Command };
@@ -20,6 +22,7 @@ struct FunctionInfo {
   UserFunctionHandler legacyHandler = nullptr;
   TypedHandler typedHandler = nullptr;
   CommandHandler commandHandler = nullptr;
+  std::shared_ptr<QLibrary> module; ///< stays loaded as long as this is kept
 };
 
 /// "legacy", "typed" or "command".
@@ -32,25 +35,31 @@ public:
   explicit ModuleError(const QString& message) : std::runtime_error(message.toStdString()) {}
 };
 
-/// The functions and commands of the loaded module.
+/// The functions and commands of the loaded module, which stays to the program's end if nobody
+/// unloads it.
 class FunctionTable {
 public:
+  FunctionTable() = default;
+  ~FunctionTable();
+  FunctionTable(const FunctionTable&) = delete;
+  FunctionTable& operator=(const FunctionTable&) = delete;
+
   /// Loads the module and reads what it registered. Raises `ModuleError`, naming the file and the
   /// fault; the table is then as it was. Loading the same file again is no fault. When a file has
   /// come into memory, the functions of the event "PostPluginLoad" run; a fault of theirs is
   /// reported.
   void loadModule(const QString& file);
-  /// Unloads it; what it registered is gone.
+  /// Unloads it; what it registered is gone. While a call runs, it goes when the call has ended.
   void unloadModule();
 
   const QVector<FunctionInfo>& functions() const { return m_functions; } ///< sorted by name
   const FunctionInfo* find(const QString& name) const;
   /// What `dialoghost list --json` prints: name, kind, minArgs, maxArgs, argTypes, resultType.
   QJsonArray toJson() const;
-  QString moduleFile() const { return m_library.fileName(); }
+  QString moduleFile() const { return m_library ? m_library->fileName() : QString(); }
 
 private:
-  QLibrary m_library;
+  std::shared_ptr<QLibrary> m_library;
   QVector<FunctionInfo> m_functions;
 };
 

@@ -292,7 +292,7 @@ void checkArguments(const FunctionInfo& function, const std::vector<ScriptVector
   }
 }
 
-CallResult callHandler(const FunctionInfo& function, const std::vector<ScriptVector>& arguments) {
+CallResult callHandler(FunctionInfo function, const std::vector<ScriptVector>& arguments) {
   checkCapacity(function.name, arguments);
   const Nesting nesting(function.name);
   CallResult result;
@@ -321,7 +321,7 @@ CallResult callHandler(const FunctionInfo& function, const std::vector<ScriptVec
   return result;
 }
 
-void callCommand(const FunctionInfo& command, const QStringList& words) {
+void callCommand(FunctionInfo command, const QStringList& words) {
   std::vector<QByteArray> texts;
   for (const QString& word : words)
     texts.push_back(word.toUtf8());

@@ -17,11 +17,12 @@ void checkArguments(const FunctionInfo& function, const std::vector<ScriptVector
 
 /// Runs the function's handler on the GUI thread and takes its result over. Counts and kinds are
 /// not checked, beyond what the record can hold (32 arguments): see `checkArguments`. An exception
-/// that leaves the handler becomes a `CallError` with its message.
-CallResult callHandler(const FunctionInfo& function, const std::vector<ScriptVector>& arguments);
+/// that leaves the handler becomes a `CallError` with its message. The function is taken by value:
+/// its table may unload the module meanwhile, which then waits for the end of the call.
+CallResult callHandler(FunctionInfo function, const std::vector<ScriptVector>& arguments);
 
 /// Runs a command's handler likewise; `words` are those behind its name.
-void callCommand(const FunctionInfo& command, const QStringList& words);
+void callCommand(FunctionInfo command, const QStringList& words);
 
 /// Runs a call of an entry that a module serves likewise.
 void callEntry(const QString& name, const std::function<void()>& call);

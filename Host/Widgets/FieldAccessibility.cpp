@@ -1,0 +1,25 @@
+#include "FieldAccessibility.h"
+
+#include <QGroupBox>
+#include <QLabel>
+
+#ifndef QT_NO_ACCESSIBILITY
+
+/// Its caption as it is read out, without the marks of mnemonics.
+static QString captionOf(QWidget* widget) {
+  QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(widget);
+  return accessible ? accessible->text(QAccessible::Name) : QString();
+}
+
+QString fieldName(QWidget* field) {
+  if (!field->accessibleName().isEmpty())
+    return field->accessibleName();
+  // Qt looks among the neighbours only; a label may stand in another box than its field.
+  for (QLabel* label : field->window()->findChildren<QLabel*>())
+    if (label->buddy() == field && !label->text().isEmpty())
+      return captionOf(label);
+  auto* box = qobject_cast<QGroupBox*>(field->parentWidget());
+  return box ? captionOf(box) : QString();
+}
+
+#endif
