@@ -53,7 +53,9 @@ bool HostApplication::notify(QObject* receiver, QEvent* event) {
 
 void HostApplication::takeException() {
   const QString message = describeException();
-  if (!raiseWhenHandlerEnds(message))
+  const bool isInCall = QThread::currentThread() == QCoreApplication::instance()->thread() &&
+                        raiseWhenHandlerEnds(message);
+  if (!isInCall)
     sp_ReportMessage(message.toUtf8().constData());
   else if (auto* application = dynamic_cast<HostApplication*>(QCoreApplication::instance()))
     application->closeDialogsOfCall();
