@@ -192,9 +192,15 @@ void commandOnce(const FunctionTable& table, const QString& name, Chance& chance
   }
 }
 
+#ifdef KV_SANITIZE
+constexpr int usualCalls = 100; // each takes three times as long
+#else
+constexpr int usualCalls = 200;
+#endif
+
 void fuzz(const LoadedModule& module, const FunctionInfo& function, Chance& chance) {
   const int rounds = qEnvironmentVariableIntValue("KV_FUZZ_ROUNDS");
-  const int calls = rounds > 0 ? rounds : 200;
+  const int calls = rounds > 0 ? rounds : usualCalls;
   for (int i = 0; i < calls; ++i)
     playing(chance, [&] {
       if (function.kind == FunctionInfo::Kind::Command)
@@ -209,9 +215,9 @@ void fuzzEntries(const LoadedModule& module, Chance& chance) {
   for (const DynFuncDefRecord& record : module.served) {
     const ServedEntry* entry = servedEntry(record.name);
     ASSERT_TRUE(entry) << "ServedEntries.cpp does not say how to call " << record.name;
-    for (unsigned i = 0; i < 200; ++i)
+    for (int i = 0; i < usualCalls; ++i)
       playing(chance, [&] { entry->call(record.entry, unsigned(chance.below(1 << 20))); });
-    std::printf("%s: 200 calls\n", record.name.c_str());
+    std::printf("%s: %d calls\n", record.name.c_str(), usualCalls);
   }
 }
 
