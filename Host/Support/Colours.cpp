@@ -19,7 +19,7 @@ bool readNumber(const YString& text, int* colour) {
 bool sp_ReadColour(const YString& text, int* colour) {
   QColor named;
   named.setNamedColor(QString::fromUtf8(text.c_str()));
-  if (!named.isValid())
+  if (!named.isValid() || named == QColor(Qt::transparent)) // which is no colour
     return readNumber(text, colour);
   *colour = named.red() | named.green() << 8 | named.blue() << 16;
   return true;

@@ -5,7 +5,6 @@
 
 #include "AsciiText.h"
 #include "FileAccess.h"
-#include "Locked.h"
 #include "Platform.h"
 #include "SettingsFolder.h"
 
@@ -169,21 +168,11 @@ YString sp_GetCwd() {
 
 namespace {
 
-struct TempFolder {
-  std::mutex mutex;
-  YString path; // of this process, where the host has said so
-};
-
 YString platformTempPath() {
   std::error_code error;
   const fs::path path = fs::temp_directory_path(error);
   const std::string text = error ? QDir::tempPath().toStdString() : ::textOf(path);
   return YString(std::string(withoutTrailingSeparators(text)));
-}
-
-YString usualTempPath() {
-  const YString path = Locked<TempFolder>()->path;
-  return sp_MakeTree(path) ? path : platformTempPath();
 }
 
 using GetFolder = YString (*)();
@@ -228,20 +217,15 @@ bool translatePath(const char* path, GetFolder tempPath, YString* out) {
 YString pathOption(const char* key) {
   YString path = sp_GetStringOption(key);
   path.stripLeading(" \t").stripTrailing(" \t");
-  // The option of the temporary folder may itself be told from the usual one.
-  return translatePath(path, usualTempPath, &path) ? sp_GetFullPath(path) : YString();
+  // The option of the temporary folder may itself be told from the platform's.
+  return translatePath(path, platformTempPath, &path) ? sp_GetFullPath(path) : YString();
 }
 
 } // namespace
 
 YString sp_GetTempPath() {
   const YString chosen = pathOption("TempDataDir");
-  return sp_MakeTree(chosen) ? chosen : usualTempPath();
-}
-
-void sp_SetTempPath(const YString& path) {
-  const YString full = sp_GetFullPath(path);
-  Locked<TempFolder>()->path = full;
+  return sp_MakeTree(chosen) ? chosen : platformTempPath();
 }
 
 YString sp_GetTempFile() {

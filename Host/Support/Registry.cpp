@@ -3,6 +3,7 @@
 #include "Locked.h"
 
 #include <algorithm>
+#include <exception>
 #include <map>
 
 namespace {
@@ -216,13 +217,22 @@ void sp_RunAutoFuncs(const char* event, void* argument) {
   // A function may load or unload modules, and so change the list: no lock while one runs, and
   // each is looked up again before its turn.
   const std::vector<AutoFuncRecord> all = snapshot(&Registry::autoFuncs);
+  std::exception_ptr fault; // of the first that has one; the others get their turn
   for (const AutoFuncRecord& record : all) {
     if (!record.function || sp_CompareNoCase(record.event.c_str(), event) != 0)
       continue;
     const std::vector<AutoFuncRecord> present = snapshot(&Registry::autoFuncs);
     const bool stands = std::any_of(present.begin(), present.end(),
                                     [&](const auto& other) { return other.owner == record.owner; });
-    if (stands)
+    if (!stands)
+      continue;
+    try {
       record.function(argument);
+    } catch (...) {
+      if (!fault)
+        fault = std::current_exception();
+    }
   }
+  if (fault)
+    std::rethrow_exception(fault);
 }

@@ -35,11 +35,9 @@ HOSTSUPPORT_EXPORT YString sp_GetFullPath(const YString& path);
 HOSTSUPPORT_EXPORT YString sp_GetDirFromPath(const char* path);
 HOSTSUPPORT_EXPORT void sp_SplitPath(YString path, PathName* parts);
 HOSTSUPPORT_EXPORT YString sp_GetCwd();
-/// The folder of the option "TempDataDir", made where it is missing; what `sp_SetTempPath` has
-/// told, or else the platform's, where none is chosen or it cannot be made.
+/// The folder of the option "TempDataDir", made where it is missing; the platform's where none is
+/// chosen or it cannot be made.
 HOSTSUPPORT_EXPORT YString sp_GetTempPath();
-/// Gives this process a temporary folder of its own (an empty text: the platform's again).
-HOSTSUPPORT_EXPORT void sp_SetTempPath(const YString& path);
 HOSTSUPPORT_EXPORT YString
 sp_GetTempFile(); ///< a fresh name in the temporary folder; the file exists
 HOSTSUPPORT_EXPORT YString sp_GetExeDir();

@@ -63,5 +63,6 @@ HOSTSUPPORT_EXPORT void sp_OverrideDynFunc(const char* name, void* entry);
 /// Ends `sp_OverrideDynFunc`: the definitions hold again.
 HOSTSUPPORT_EXPORT void sp_RestoreDynFunc(const char* name);
 
-/// Runs the functions that were registered for `event`, in the order of registration.
+/// Runs the functions that were registered for `event`, in the order of registration. All of them
+/// run; the first exception that leaves one is raised in the end.
 HOSTSUPPORT_EXPORT void sp_RunAutoFuncs(const char* event, void* argument);

@@ -1,4 +1,5 @@
 #include "HostSupport/Registry.h"
+#include "HostSupport/KelvarinException.h"
 
 #include "DynFunc.h"
 
@@ -158,6 +159,23 @@ TEST(Registry, AutoFuncsRunInOrderAndOnlyWhileTheyStand) {
       "TestEvent", [](void*) { trace += "gone"; }, "");
   sp_RunAutoFuncs("TestEvent", const_cast<char*>("1"));
   EXPECT_EQ(trace, "12");
+}
+
+TEST(Registry, AnAutoFuncThatFailsStopsNoOther) {
+  trace.clear();
+  const AutoFunc bad(
+      "FaultyEvent", [](void*) { throw KelvarinException("first"); }, "");
+  const AutoFunc worse(
+      "FaultyEvent", [](void*) { throw 42; }, "");
+  const AutoFunc good(
+      "FaultyEvent", [](void*) { trace += "ran"; }, "");
+  try {
+    sp_RunAutoFuncs("FaultyEvent", nullptr);
+    ADD_FAILURE() << "nobody was told";
+  } catch (const KelvarinException& fault) {
+    EXPECT_STREQ(fault.message(), "first");
+  }
+  EXPECT_EQ(trace, "ran");
 }
 
 TEST(Registry, OptionsAreDeclaredOnce) {
