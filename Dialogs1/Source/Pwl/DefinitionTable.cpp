@@ -78,6 +78,19 @@ bool DefinitionTable::edit(const QModelIndex& index, EditTrigger trigger, QEvent
   return index.column() < fileColumn && PointTable::edit(index, trigger, event);
 }
 
+void DefinitionTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+  // Qt itself would go on to the next cell and complain of one that opens no editor.
+  const bool isNext = hint == QAbstractItemDelegate::EditNextItem;
+  const bool goesOn = isNext || hint == QAbstractItemDelegate::EditPreviousItem;
+  PointTable::closeEditor(editor, goesOn ? QAbstractItemDelegate::NoHint : hint);
+  const QModelIndex next =
+      goesOn ? moveCursor(isNext ? MoveNext : MovePrevious, Qt::NoModifier) : QModelIndex();
+  if (!next.isValid())
+    return;
+  setCurrentIndex(next);
+  edit(next, AllEditTriggers, nullptr);
+}
+
 void DefinitionTable::paintEvent(QPaintEvent* event) {
   const int first = rowAt(0);
   const int last = rowAt(viewport()->height() - 1);

@@ -25,6 +25,7 @@ signals:
 
 protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
   bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;

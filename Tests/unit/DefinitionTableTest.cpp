@@ -1,0 +1,35 @@
+#include "Pwl/DefinitionTable.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QTest>
+
+// A warning of Qt fails these tests: it has one for a cell that opens no editor.
+TEST(DefinitionTable, TabGoesFromCellToCell) {
+  LineStore lines;
+  for (const char* line : {"0 0", "1u 5", "* a comment"})
+    lines.append(line);
+  DefinitionTable table;
+  table.setLines(lines, {});
+  table.show();
+  QApplication::setActiveWindow(&table);
+  table.setCurrentCell(0, 0);
+  table.setFocus();
+  QTest::keyClick(&table, Qt::Key_F2);
+  const struct {
+    Qt::Key key;
+    int row, column;
+    bool opens;
+  } steps[] = {{Qt::Key_Tab, 0, 1, true}, {Qt::Key_Tab, 0, 2, false}};
+  for (const auto& step : steps) {
+    auto* editor = table.findChild<QLineEdit*>();
+    ASSERT_TRUE(editor);
+    QTest::keyClick(editor, step.key);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(table.currentRow(), step.row);
+    EXPECT_EQ(table.currentColumn(), step.column);
+    EXPECT_EQ(table.findChild<QLineEdit*>() != nullptr, step.opens);
+  }
+}
