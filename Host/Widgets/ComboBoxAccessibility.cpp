@@ -6,50 +6,35 @@
 namespace {
 
 /// The line edit of an editable box: Qt gives it no name.
-class ComboEdit : public QAccessibleWidget {
+class ComboEdit : public TextAccessible {
 public:
-  explicit ComboEdit(QLineEdit* edit)
-      : QAccessibleWidget(edit, QAccessible::EditableText), m_edit(edit), m_text(edit) {}
-
-  void* interface_cast(QAccessible::InterfaceType type) override {
-    switch (type) {
-    case QAccessible::TextInterface:
-      return static_cast<QAccessibleTextInterface*>(&m_text);
-    case QAccessible::EditableTextInterface:
-      return static_cast<QAccessibleEditableTextInterface*>(&m_text);
-    default:
-      return QAccessibleWidget::interface_cast(type);
-    }
-  }
+  explicit ComboEdit(QLineEdit* lineEdit)
+      : TextAccessible(lineEdit, QAccessible::EditableText, lineEdit) {}
 
   QString text(QAccessible::Text kind) const override {
     switch (kind) {
     case QAccessible::Name:
-      return fieldName(m_edit->parentWidget());
+      return fieldName(edit->parentWidget());
     case QAccessible::Value:
-      return m_edit->text();
+      return edit->text();
     default:
       return QAccessibleWidget::text(kind);
     }
   }
   void setText(QAccessible::Text kind, const QString& text) override {
-    if (kind == QAccessible::Value && !m_edit->isReadOnly())
-      m_edit->setText(text);
+    if (kind == QAccessible::Value && !edit->isReadOnly())
+      edit->setText(text);
     else
       QAccessibleWidget::setText(kind, text);
   }
 
   QAccessible::State state() const override {
     QAccessible::State state = QAccessibleWidget::state();
-    state.editable = !m_edit->isReadOnly();
-    state.readOnly = m_edit->isReadOnly();
+    state.editable = !edit->isReadOnly();
+    state.readOnly = edit->isReadOnly();
     state.selectableText = true;
     return state;
   }
-
-private:
-  QLineEdit* m_edit;
-  EditText m_text;
 };
 
 QAccessibleInterface* makeComboEdit(const QString& className, QObject* object) {

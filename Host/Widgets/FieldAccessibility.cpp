@@ -22,4 +22,15 @@ QString fieldName(QWidget* field) {
   return box ? captionOf(box) : QString();
 }
 
+void* TextAccessible::interface_cast(QAccessible::InterfaceType type) {
+  switch (type) {
+  case QAccessible::TextInterface:
+    return static_cast<QAccessibleTextInterface*>(&m_text);
+  case QAccessible::EditableTextInterface:
+    return static_cast<QAccessibleEditableTextInterface*>(&m_text);
+  default:
+    return QAccessibleWidget::interface_cast(type);
+  }
+}
+
 #endif

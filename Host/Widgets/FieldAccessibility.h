@@ -63,4 +63,19 @@ private:
   QLineEdit* m_edit;
 };
 
+/// A widget that is heard as a line of text: the line edit of a field, or the field itself.
+class TextAccessible : public QAccessibleWidget {
+public:
+  void* interface_cast(QAccessible::InterfaceType type) override;
+
+protected:
+  TextAccessible(QWidget* widget, QAccessible::Role role, QLineEdit* lineEdit)
+      : QAccessibleWidget(widget, role), edit(lineEdit), m_text(lineEdit) {}
+
+  QLineEdit* const edit;
+
+private:
+  EditText m_text;
+};
+
 #endif

@@ -8,31 +8,23 @@ namespace {
 
 /// Stands for the spinner, and for its line edit, which has the focus: a reader of the focus hears
 /// the same name and value either way.
-class SpinButton : public QAccessibleWidget, public QAccessibleValueInterface {
+class SpinButton : public TextAccessible, public QAccessibleValueInterface {
 public:
-  SpinButton(QWidget* widget, Spinner* spinner, QLineEdit* edit)
-      : QAccessibleWidget(widget,
-                          widget == spinner ? QAccessible::SpinBox : QAccessible::EditableText),
-        m_spinner(spinner), m_edit(edit), m_text(edit) {}
+  SpinButton(QWidget* widget, Spinner* spinner, QLineEdit* lineEdit)
+      : TextAccessible(widget, widget == spinner ? QAccessible::SpinBox : QAccessible::EditableText,
+                       lineEdit),
+        m_spinner(spinner) {}
 
   void* interface_cast(QAccessible::InterfaceType type) override {
-    switch (type) {
-    case QAccessible::ValueInterface:
-      return static_cast<QAccessibleValueInterface*>(this);
-    case QAccessible::TextInterface:
-      return static_cast<QAccessibleTextInterface*>(&m_text);
-    case QAccessible::EditableTextInterface:
-      return static_cast<QAccessibleEditableTextInterface*>(&m_text);
-    default:
-      return QAccessibleWidget::interface_cast(type);
-    }
+    return type == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface*>(this)
+                                               : TextAccessible::interface_cast(type);
   }
 
   QString text(QAccessible::Text kind) const override {
     if (kind == QAccessible::Value)
-      return m_edit->text();
-    if (kind == QAccessible::Description && !m_edit->accessibleDescription().isEmpty())
-      return m_edit->accessibleDescription();
+      return edit->text();
+    if (kind == QAccessible::Description && !edit->accessibleDescription().isEmpty())
+      return edit->accessibleDescription();
     if (kind == QAccessible::Name)
       return fieldName(m_spinner);
     if (widget() != m_spinner) {
@@ -63,8 +55,6 @@ public:
 
 private:
   Spinner* m_spinner;
-  QLineEdit* m_edit;
-  EditText m_text;
 };
 
 QAccessibleInterface* makeSpinButton(const QString& className, QObject* object) {

@@ -1,3 +1,4 @@
+#include "Chance.h"
 #include "GuardedCall.h"
 #include "ServedEntries.h"
 #include "TestHost.h"
@@ -9,26 +10,12 @@
 
 #include <cmath>
 #include <limits>
-#include <random>
 
 // Calls every registered function with random counts, kinds and contents, plays with the dialog
 // that opens, and accepts or cancels it. Nothing may crash, hang or trip a sanitizer. A function
 // that is added to the module is found here by itself.
 
 namespace {
-
-class Chance {
-public:
-  explicit Chance(unsigned seed) : m_engine(seed) {}
-  int below(int limit) { return int(m_engine() % unsigned(limit)); }
-  bool one(int in) { return below(in) == 0; }
-  template <class T, std::size_t n> const T& of(const T (&items)[n]) {
-    return items[below(int(n))];
-  }
-
-private:
-  std::mt19937 m_engine;
-};
 
 double randomReal(Chance& chance) {
   static const double corners[] = {0,

@@ -1,3 +1,4 @@
+#include "Chance.h"
 #include "Changes.h"
 #include "Drive/DriveError.h"
 #include "Drive/InputPlayer.h"
@@ -24,7 +25,6 @@
 #include <QUrl>
 
 #include <algorithm>
-#include <random>
 
 // A user without a plan in every dialog: random acts, boxes that come taken or left, and at the end
 // the dialog accepted as often as cancelled. Nothing may crash, hang, warn or trip a sanitizer.
@@ -43,19 +43,6 @@ int actsPerDialog() {
   const int given = qEnvironmentVariableIntValue("KV_MONKEY_ACTS");
   return given > 0 ? given : usualActs;
 }
-
-class Chance {
-public:
-  explicit Chance(unsigned seed) : m_engine(seed) {}
-  int below(int limit) { return limit > 0 ? int(m_engine() % unsigned(limit)) : 0; }
-  bool one(int in) { return below(in) == 0; }
-  template <class T, std::size_t n> const T& of(const T (&items)[n]) {
-    return items[below(int(n))];
-  }
-
-private:
-  std::mt19937 m_engine;
-};
 
 QString randomText(Chance& chance) {
   static const char* const texts[] = {"0",

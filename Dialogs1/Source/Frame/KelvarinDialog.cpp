@@ -15,6 +15,8 @@
 
 namespace {
 
+constexpr int allDigits = 17;
+
 /// The dialogs there are. A window that nobody waits for may be open when the host unloads the
 /// module; it goes with the code that it runs. At the program's end there is nothing to do.
 class OpenDialogs {
@@ -36,16 +38,12 @@ OpenDialogs openDialogs;
 /// unchecked box disables its fields while they are being made, as bare widgets; they are looked at
 /// anew when they are complete.
 void forgetUnfinished(const QWidget* dialog) {
+  if (!QAccessible::isActive()) // nobody reads, and Qt has told of nothing
+    return;
   for (QWidget* widget : dialog->findChildren<QWidget*>())
     if (QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(widget))
       QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(accessible));
 }
-
-} // namespace
-
-namespace {
-
-constexpr int allDigits = 17;
 
 /// An element as a number, whatever the script has passed: of a text the number that it stands for.
 double realOf(const UserArgument& argument, std::size_t element = 0) {
