@@ -1,15 +1,11 @@
 #include "FieldAccessibility.h"
 
+#include "HostSupportQt/Captions.h"
+
 #include <QGroupBox>
 #include <QLabel>
 
 #ifndef QT_NO_ACCESSIBILITY
-
-/// Its caption as it is read out, without the marks of mnemonics.
-static QString captionOf(QWidget* widget) {
-  QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(widget);
-  return accessible ? accessible->text(QAccessible::Name) : QString();
-}
 
 QString fieldName(QWidget* field) {
   if (!field->accessibleName().isEmpty())
@@ -17,9 +13,9 @@ QString fieldName(QWidget* field) {
   // Qt looks among the neighbours only; a label may stand in another box than its field.
   for (QLabel* label : field->window()->findChildren<QLabel*>())
     if (label->buddy() == field && !label->text().isEmpty())
-      return captionOf(label);
+      return plainCaption(label->text());
   auto* box = qobject_cast<QGroupBox*>(field->parentWidget());
-  return box ? captionOf(box) : QString();
+  return box ? plainCaption(box->title()) : QString();
 }
 
 void* TextAccessible::interface_cast(QAccessible::InterfaceType type) {

@@ -55,7 +55,9 @@ double limit(double value, double unlimited) {
 
 } // namespace
 
-Spinner::Private::Private(Spinner* spinner) : q(spinner), edit(new QLineEdit(spinner)) {
+Spinner::Private::Private(Spinner* spinner) : q(spinner) {
+  installAccessibility(); // first: Qt asks once what the edit is, and keeps the answer
+  edit = new QLineEdit(spinner);
   edit->setFrame(false);
   edit->setMaxLength(std::numeric_limits<int>::max()); // an expression comes back whole
   edit->setText(QStringLiteral("0"));
@@ -300,7 +302,6 @@ void Spinner::Private::step(bool up, int count, Span span) {
 Spinner::Spinner(QWidget* parent, const char* objectName)
     : QWidget(parent), d(std::make_unique<Private>(this)) {
   setObjectName(QLatin1String(objectName));
-  Private::installAccessibility();
   setFocusPolicy(Qt::StrongFocus);
   setFocusProxy(d->edit);
   setSizePolicy(QSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed, QSizePolicy::SpinBox));

@@ -70,7 +70,7 @@ public:
   };
 
   Spinner* q;
-  QLineEdit* edit;
+  QLineEdit* edit = nullptr;
 
   Kind kind = Kind::Number;
   double number = 0;   ///< what the text stands for, where it is a number

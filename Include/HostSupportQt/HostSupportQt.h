@@ -1,6 +1,7 @@
 #pragma once
 
 #include "HostSupportQt/Binding.h"
+#include "HostSupportQt/Captions.h"
 #include "HostSupportQt/Geometry.h"
 #include "HostSupportQt/Graphics.h"
 #include "HostSupportQt/Help.h"

@@ -5,7 +5,6 @@
 #include "HostSupportQt/HostSupportQt.h"
 #include "HostWidgets/Spinner.h"
 
-#include <QAccessible>
 #include <QApplication>
 #include <QPushButton>
 #include <QVariant>
@@ -33,17 +32,6 @@ private:
 };
 
 OpenDialogs openDialogs;
-
-/// Qt makes what readers know a widget by with the first change that it tells of, and keeps it. An
-/// unchecked box disables its fields while they are being made, as bare widgets; they are looked at
-/// anew when they are complete.
-void forgetUnfinished(const QWidget* dialog) {
-  if (!QAccessible::isActive()) // nobody reads, and Qt has told of nothing
-    return;
-  for (QWidget* widget : dialog->findChildren<QWidget*>())
-    if (QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(widget))
-      QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(accessible));
-}
 
 /// An element as a number, whatever the script has passed: of a text the number that it stands for.
 double realOf(const UserArgument& argument, std::size_t element = 0) {
@@ -272,8 +260,6 @@ void KelvarinDialog::setStringResult(const YString& value) const {
 }
 
 void KelvarinDialog::showEvent(QShowEvent* event) {
-  if (!event->spontaneous())
-    forgetUnfinished(this);
   QDialog::showEvent(event);
   if (dimsSavingEnabled)
     sp_RestoreWidgetDims(this, dimsKey());

@@ -50,6 +50,8 @@ void append(TextVector* result, const Fields& fields) {
 
 PWLDialog::PWLDialog() : KelvarinDialog(nullptr, "PWLDialog", true, {}) {
   form.setupUi(this);
+  // Readers would never learn what stands in a box that is off while its fields are being made.
+  form.groupBoxInitialCondition->setChecked(false);
   initialCondition = {{form.groupBoxInitialCondition, UsesCondition},
                       {form.initialConditionEdit, Condition}};
   form.pwlGrid->setLimits({options.mostRows, options.leastPoints, tooManyText(),

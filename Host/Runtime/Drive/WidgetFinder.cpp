@@ -84,16 +84,6 @@ QVector<QWidget*> ofName(QVector<QWidget*> widgets, const QString& name) {
 
 } // namespace
 
-QString plainCaption(const QString& caption) {
-  QString plain;
-  for (int i = 0; i < caption.size(); ++i) {
-    if (caption.at(i) == QLatin1Char('&') && i + 1 < caption.size())
-      ++i;
-    plain.append(caption.at(i));
-  }
-  return plain.trimmed();
-}
-
 bool isCaption(const QString& caption, const QString& asked) {
   return plainCaption(caption) == asked.trimmed() || plainCaption(caption) == plainCaption(asked);
 }

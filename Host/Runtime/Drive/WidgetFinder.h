@@ -1,13 +1,13 @@
 #pragma once
 
+#include "HostSupportQt/Captions.h"
+
 #include <QString>
 #include <QStringList>
 #include <QVector>
 
 class QWidget;
 
-/// A caption as the user reads it: without the marks of mnemonics.
-QString plainCaption(const QString& caption);
 /// Whether a caption is the one that is asked for, with or without its mnemonic.
 bool isCaption(const QString& caption, const QString& asked);
 
