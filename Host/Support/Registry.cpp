@@ -222,8 +222,9 @@ void sp_RunAutoFuncs(const char* event, void* argument) {
     if (!record.function || sp_CompareNoCase(record.event.c_str(), event) != 0)
       continue;
     const std::vector<AutoFuncRecord> present = snapshot(&Registry::autoFuncs);
-    const bool stands = std::any_of(present.begin(), present.end(),
-                                    [&](const auto& other) { return other.owner == record.owner; });
+    const bool stands = std::any_of(present.begin(), present.end(), [&](const auto& other) {
+      return other.owner == record.owner && other.function == record.function;
+    });
     if (!stands)
       continue;
     try {

@@ -4,9 +4,9 @@
 #include "HostSupportQt/Text.h"
 #include "SpinnerPrivate.h"
 #include "SpinnerSteps.h"
+#include "SpinnerText.h"
 
 #include <QMetaMethod>
-#include <QRegularExpression>
 #include <QScopedValueRollback>
 
 #include <algorithm>
@@ -21,7 +21,6 @@ constexpr int exactDigits = 15;   ///< every whole number of this size is shown 
 constexpr int shownDigits = 12;   ///< a number that needs more is shown rounded
 constexpr int mostDigits = 17;    ///< that a double can need
 constexpr int largestSuffix = 12; ///< power of ten of "T"
-constexpr std::size_t mostRewritings = 100;
 
 /// Digits left of the point, as the number is written.
 int wholeDigits(double value, bool engMode) {
@@ -30,22 +29,6 @@ int wholeDigits(double value, bool engMode) {
   const int power = static_cast<int>(std::floor(std::log10(std::fabs(value))));
   const int suffix = engMode ? std::min(power - ((power % 3) + 3) % 3, largestSuffix) : 0;
   return std::clamp(power - suffix + 1, 1, mostDigits);
-}
-
-/// The ways to write a number that engineers have and the simulator has not: "10 k" and "10 kHz"
-/// for "10k" and "10kHz", "4k7" for "4.7k". Any other text is given back as it is.
-QString simulatorText(const QString& text) {
-  static const QRegularExpression spaced(
-      QStringLiteral("^\\s*[+-]?(\\d+\\.?\\d*|\\.\\d+)(e[+-]?\\d+)?(\\s*[^\\W\\d_]+){1,2}\\s*$"),
-      QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
-  static const QRegularExpression inner(
-      QStringLiteral("^\\s*([+-]?\\d+)(Meg|[afpnumkgt])(\\d+)\\s*$"),
-      QRegularExpression::CaseInsensitiveOption);
-  if (const auto match = inner.match(text); match.hasMatch())
-    return match.captured(1) + QLatin1Char('.') + match.captured(3) + match.captured(2);
-  if (spaced.match(text).hasMatch())
-    return QString(text).remove(QRegularExpression(QStringLiteral("\\s")));
-  return text;
 }
 
 /// A limit may have been written directly: one that says nothing is the end of the range.
@@ -75,7 +58,7 @@ Spinner::Private::Kind Spinner::Private::kindOf(const QString& text, double* val
       trimmed.endsWith(QLatin1Char('}')))
     return Kind::Expression;
   double read = 0;
-  if (!sp_IsEngNumber(text, &read) && !sp_IsEngNumber(simulatorText(text), &read))
+  if (!sp_IsEngNumber(readableNumber(text), &read))
     return Kind::Bad;
   *value = limit(read, read);
   return Kind::Number;
@@ -107,10 +90,10 @@ QString Spinner::Private::format(double value, int digits) const {
 QString Spinner::Private::exactText() const {
   const QString shown = edit->text();
   double read = 0;
-  if (kind != Kind::Number || (sp_IsEngNumber(shown, &read) && read == number))
+  if (kind != Kind::Number || (sp_IsEngNumber(shown, &read) && read == number) || givenText)
     return shown;
   if (!ownText)
-    return simulatorText(shown);
+    return readableNumber(shown);
   QString text = shown;
   for (int digits = precision + 1; digits <= mostDigits && read != number; ++digits) {
     text = format(number, digits);
@@ -129,6 +112,7 @@ void Spinner::Private::write(double value) {
     edit->setText(text);
     rewritings.clear();
   }
+  lastOwn = {edit->text(), value, true};
 }
 
 void Spinner::Private::rewrite(double value, const QString& text) {
@@ -146,22 +130,28 @@ void Spinner::Private::rewrite(double value, const QString& text) {
   if (!undoable)
     return;
   rewritings.push_back(rewriting);
-  if (rewritings.size() > mostRewritings)
-    rewritings.pop_front();
+  lastOwn = rewriting.after;
 }
 
 bool Spinner::Private::undone(const QString& text) {
-  for (auto each = rewritings.rbegin(); each != rewritings.rend(); ++each) {
-    const bool back = each->after.text == lastText && each->before.text == text;
-    if (!back && !(each->before.text == lastText && each->after.text == text))
-      continue;
-    const Written& written = back ? each->before : each->after;
-    number = written.number;
-    ownText = written.isOwn;
-    kind = Kind::Number;
-    return true;
+  const Written* found = nullptr;
+  for (auto each = rewritings.rbegin(); each != rewritings.rend() && !found; ++each) {
+    if (each->after.text == lastText && each->before.text == text)
+      found = &each->before;
+    else if (each->before.text == lastText && each->after.text == text)
+      found = &each->after;
   }
-  return false;
+  // What was typed over a text of ours has been undone: who had typed it could not redo anything.
+  if (!found && lastOwn.text == text && edit->isRedoAvailable())
+    found = &lastOwn;
+  if (!found)
+    return false;
+  number = found->number;
+  ownText = found->isOwn;
+  kind = Kind::Number;
+  if (ownText)
+    lastOwn = Written(*found);
+  return true;
 }
 
 QString Spinner::Private::stepText(double from, double to) const {
@@ -183,6 +173,7 @@ QString Spinner::Private::stepText(double from, double to) const {
 void Spinner::Private::textChanged(const QString& text) {
   if (!writing && !undone(text)) {
     ownText = false;
+    givenText = giving;
     kind = kindOf(text, &number);
   }
   lastText = text;
@@ -211,9 +202,8 @@ bool Spinner::Private::applyLimits(bool undoable) {
 
 void Spinner::Private::finish() {
   // The field shows the text that it gives.
-  if (const QString text = simulatorText(edit->text());
-      kind == Kind::Number && !ownText && text != edit->text() && !sp_IsEngNumber(edit->text())) {
-    rewrite(number, text);
+  if (kind == Kind::Number && !ownText && !givenText) {
+    rewrite(number, readableNumber(edit->text()));
     ownText = false;
   }
   applyLimits(true);
@@ -423,6 +413,7 @@ void Spinner::setValue(double value) {
 void Spinner::setText(const QString& text) {
   if (text != d->edit->text()) {
     d->rewritings.clear(); // the edit forgets what could be undone
+    const QScopedValueRollback<bool> guard(d->giving, true);
     d->edit->setText(text);
   }
   d->report();

@@ -6,7 +6,7 @@
 #include <QLineEdit>
 #include <QStyle>
 
-#include <deque>
+#include <vector>
 
 class QStyleOptionSpinBox;
 
@@ -78,10 +78,13 @@ public:
   QString reportedText;
   double reportedValue = 0;
   int precision = 12;
-  bool writing = false;             ///< the text being set is a writing of `number`
-  bool ownText = true;              ///< the text is a writing of ours, not one that was given
-  bool writtenEngMode = true;       ///< notation of the last writing
-  std::deque<Rewriting> rewritings; ///< that the edit can undo
+  bool writing = false;              ///< the text being set is a writing of `number`
+  bool giving = false;               ///< the text being set is the program's
+  bool givenText = false;            ///< the text is one that the program gave
+  bool ownText = true;               ///< the text is a writing of ours, not one that was given
+  bool writtenEngMode = true;        ///< notation of the last writing
+  std::vector<Rewriting> rewritings; ///< that the edit can undo
+  Written lastOwn{QStringLiteral("0"), 0, true};
   QString lastText = QStringLiteral("0");
   bool markedBad = false;
 

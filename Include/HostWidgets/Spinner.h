@@ -57,8 +57,8 @@ public:
   /// knows.
   std::optional<double> number() const;
   QString text() const; ///< as typed
-  /// The text as others read it: what was typed, but "10 k" and "4k7" as "10k" and "4.7k"; a number
-  /// that nobody typed to its last digit, however many are shown.
+  /// The text as others read it: what was given or typed, but a typed "10 k" or "4k7" as "10k" or
+  /// "4.7k"; a number that nobody typed to its last digit, however many are shown.
   QString stringValue() const;
   bool isExpression() const;
   bool isAcceptable() const; ///< whether the text is a number, or an expression that counts

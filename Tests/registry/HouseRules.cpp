@@ -283,12 +283,13 @@ void expectSteps(const QWidget* dialog) {
   static const QRegularExpression capacitance(QStringLiteral("capacitance"),
                                               QRegularExpression::CaseInsensitiveOption);
   static const QRegularExpression count(
-      QStringLiteral("#|\\b(number of|size|bits|count|cycles|inputs|segments)\\b"),
+      QStringLiteral("#|\\b(number of|size|bits|count|cycles|inputs|segments?)\\b"),
       QRegularExpression::CaseInsensitiveOption);
-  static const QRegularExpression scriptRow(QStringLiteral("^Spinner\\d+$"));
+  // What a script asks for by itself is the script's, name and steps.
+  if (dialog->inherits("NewValueDialog"))
+    return;
   for (QWidget* widget : dialog->findChildren<QWidget*>()) {
-    // What a script asks for by itself is the script's, name and steps.
-    if (!widget->inherits("Spinner") || scriptRow.match(widget->objectName()).hasMatch())
+    if (!widget->inherits("Spinner"))
       continue;
     const QString name = QAccessible::queryAccessibleInterface(widget)
                              ->text(QAccessible::Name)

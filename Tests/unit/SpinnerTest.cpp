@@ -288,9 +288,13 @@ TEST_F(SpinnerTest, WaysToWriteANumberThatEngineersHave) {
     EXPECT_EQ(spinner->text(), QString::fromUtf8(row.left));
     EXPECT_EQ(taken(), QStringList(QString::fromUtf8(row.left)));
   }
+  spinner->setText(QStringLiteral("10 k"));
+  enter();
+  leave();
+  EXPECT_EQ(spinner->stringValue(), QStringLiteral("10 k")) << "what a script gave goes back";
   spinner->setValue(7);
-  for (const char* bad :
-       {"4,7", "10 20", "k 10", "4k7k", "4.5k7", "1 0k", "10 k 5", "- 5", "4 k7"}) {
+  for (const char* bad : {"4,7", "10 20", "k 10", "4k7k", "4.5k7", "1 0k", "10 k 5", "- 5", "4 k7",
+                          "5 min", "1 Tesla", "2 T", "5 Ampere", "20 Ah"}) {
     type(QLatin1String(bad));
     leave();
     EXPECT_EQ(spinner->value(), 7) << bad;
@@ -350,6 +354,10 @@ TEST_F(SpinnerTest, UndoBringsBackTheNumberToItsLastDigit) {
   EXPECT_EQ(spinner->value(), exact);
   EXPECT_EQ(spinner->stringValue(), QStringLiteral("1.2345678901234567"));
 
+  enter();
+  key(Qt::Key_7, Qt::NoModifier, QStringLiteral("7"));
+  undo();
+  EXPECT_EQ(spinner->value(), exact) << "what was typed over it is undone";
   type(spinner->text());
   EXPECT_EQ(spinner->value(), 1.23456789012) << "what is typed is what it says";
   spinner->max = 10;

@@ -6,6 +6,7 @@ namespace {
 
 // Times and impedances have to be above zero; these are the least that a simulation can tell from
 // it.
+constexpr double firstTime = 1e-9;
 constexpr double leastTime = 1e-18;
 constexpr double leastImpedance = 1e-18;
 constexpr double leastDelay = 1e-21;
@@ -35,10 +36,10 @@ ValueRowRule valueRowRule(ValueMode mode, int row) {
       {ValueMode::Transformer, 1, {leastInductance, {}, {}}},
       {ValueMode::Transformer, 2, {0.0, 1.0, 0.05}}, // a coupling factor
       {ValueMode::TransmissionLine, 0, {leastImpedance, {}, {}}},
-      {ValueMode::TransmissionLine, 1, {leastDelay, {}, {}}},
-      {ValueMode::DigitalPulse, 0, {0.0, {}, {}}},
-      {ValueMode::DigitalPulse, 1, {leastTime, {}, {}}},
-      {ValueMode::DigitalPulse, 2, {0.0, {}, {}}},
+      {ValueMode::TransmissionLine, 1, {leastDelay, {}, {}, firstTime}},
+      {ValueMode::DigitalPulse, 0, {0.0, {}, {}, firstTime}},
+      {ValueMode::DigitalPulse, 1, {leastTime, {}, {}, firstTime}},
+      {ValueMode::DigitalPulse, 2, {0.0, {}, {}, firstTime}},
   };
   for (const auto& entry : rules)
     if (entry.mode == mode && entry.row == row)

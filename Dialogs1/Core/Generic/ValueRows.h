@@ -14,6 +14,7 @@ struct ValueRowRule {
   std::optional<double> max;
   /// Set: the row steps by this, without 1-2-5 steps and without engineering notation.
   std::optional<double> plainIncrement;
+  double firstStep = 1; ///< else: where the 1-2-5 series begins beside 0
 };
 ValueRowRule valueRowRule(ValueMode mode, int row);
 

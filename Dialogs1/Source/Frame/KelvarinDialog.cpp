@@ -61,8 +61,9 @@ void takeNumbersOnly(const QWidget* dialog) {
 
 KelvarinDialog::KelvarinDialog(QWidget* parent, const char* objectName, bool modal,
                                Qt::WindowFlags extraFlags)
-    : QDialog(parent, Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint |
-                          extraFlags | (modal ? Qt::WindowFlags() : Qt::WindowStaysOnTopHint)),
+    : WaitingDialog(parent, Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                                Qt::WindowCloseButtonHint | extraFlags |
+                                (modal ? Qt::WindowFlags() : Qt::WindowStaysOnTopHint)),
       resultData(new UserReturnData{}) {
   setObjectName(QString::fromLatin1(objectName));
   setModal(modal);
@@ -137,31 +138,6 @@ bool KelvarinDialog::runDialog(UserFunctionInterface* args, UserDataType type) {
   return accepted;
 }
 
-int KelvarinDialog::exec() {
-  // QDialog's own waiting leaves its loop behind in the dialog when an exception passes through,
-  // and the destructor would end that loop. Ours goes before the dialog does.
-  const QPointer<KelvarinDialog> self(this);
-  const bool wasModal = testAttribute(Qt::WA_ShowModal);
-  setAttribute(Qt::WA_ShowModal);
-  setResult(Rejected);
-  QEventLoop loop;
-  waiting = &loop;
-  connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
-  show();
-  if (isVisible()) // a slot may have closed it already
-    loop.exec(QEventLoop::DialogExec);
-  if (!self)
-    return Rejected;
-  setAttribute(Qt::WA_ShowModal, wasModal);
-  return result();
-}
-
-void KelvarinDialog::setVisible(bool visible) {
-  QDialog::setVisible(visible);
-  if (!visible && waiting)
-    waiting->quit();
-}
-
 void KelvarinDialog::accept() {
   finishField();
   QDialog::accept();
@@ -183,7 +159,8 @@ const UserArgument* KelvarinDialog::argument(int index) const {
   if (!scriptArgs || index < 0 || index >= std::min(scriptArgs->argCount, maxUserArguments))
     return nullptr;
   const UserArgument& found = scriptArgs->args[index];
-  return found.count > 0 && found.data ? &found : nullptr;
+  const bool isVector = found.type == UserReal || found.type == UserString;
+  return isVector && found.count > 0 && found.data ? &found : nullptr;
 }
 
 double KelvarinDialog::getReal(int index) const {

@@ -2,13 +2,10 @@
 
 #include "Core/Frame/Texts.h"
 #include "Frame/KelvarinDialogData.h"
+#include "Frame/WaitingDialog.h"
 #include "Frame/WidgetStates.h"
 #include "HostSupport/YString.h"
 #include "UserFunction.h"
-
-#include <QDialog>
-#include <QEventLoop>
-#include <QPointer>
 
 #include <cstdint>
 #include <memory>
@@ -18,7 +15,7 @@
 /// A form names which argument element each widget shows and which result element it fills; a
 /// dialog overrides what goes beyond that. The argument accessors hold during `runDialog` only and
 /// are safe for arguments that were not passed.
-class KelvarinDialog : public QDialog {
+class KelvarinDialog : public WaitingDialog {
 public:
   KelvarinDialog(QWidget* parent, const char* objectName, bool modal, Qt::WindowFlags extraFlags);
   ~KelvarinDialog() override;
@@ -35,9 +32,6 @@ public:
   virtual void okClicked();
   virtual void cancelClicked();
 
-  /// Shows the dialog and waits for it. An exception that leaves a slot passes through.
-  int exec() override;
-  void setVisible(bool visible) override; ///< hiding it ends the waiting
   /// Finishes the field that the user is in, whoever accepts, before the dialog closes.
   void accept() override;
 
@@ -105,8 +99,6 @@ protected:
   std::unique_ptr<KelvarinDialogData> dialogData;
 
 private:
-  QPointer<QEventLoop> waiting; ///< the loop of `exec`
-
   const UserArgument* argument(int index) const;
   void commitAndAccept(QWidget* okButton);
 };

@@ -57,6 +57,7 @@ void ValueDialog::addRow(int row, const QString& caption, double value) {
   if (isLinkedRow(mode, row))
     connect(spinner, &Spinner::changed, this,
             row == 0 ? &ValueDialog::box1Change : &ValueDialog::box2Change);
+  spinner->setIncrement(rule.firstStep);
   if (rule.plainIncrement) {
     spinner->setStep125(false);
     spinner->setEngMode(false);

@@ -1,6 +1,8 @@
 #include "Properties/ListViewProperty.h"
 
+#include "Core/Frame/Integers.h"
 #include "Core/Properties/PropertyList.h"
+#include "HostSupportQt/Text.h"
 #include "Pieces/SelectColour.h"
 
 QVariant ListViewProperty::data(int column, int role) const {
@@ -8,8 +10,8 @@ QVariant ListViewProperty::data(int column, int role) const {
     return column == 0 ? m_property.name : m_property.shownValue();
   if (role == Qt::DecorationRole && column == 1 && m_property.kind() == PropertyKind::Colour) {
     bool isPacked = false; // else it is the name of a colour that the host knows
-    const int packed = m_property.value.text.toInt(&isPacked);
-    return isPacked ? QVariant(colourPatch(packed)) : QVariant();
+    m_property.value.text.toLongLong(&isPacked);
+    return isPacked ? QVariant(colourPatch(leadingWord(toYs(m_property.value.text)))) : QVariant();
   }
   return QTreeWidgetItem::data(column, role);
 }

@@ -101,6 +101,7 @@ void PWLDialog::showInitialCondition() {
   form.groupBoxInitialCondition->setTitle(tr("Initial segment"));
   form.initialConditionLabel->setText(tr("&Initial segment"));
   form.initialConditionEdit->setEngMode(false);
+  form.initialConditionEdit->setStep125(false);
   form.initialConditionEdit->setMin(1);
 }
 

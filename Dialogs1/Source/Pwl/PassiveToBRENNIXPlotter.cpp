@@ -23,7 +23,7 @@ void setRange(Axis* axis, double minimum, double maximum) {
 
 PassiveToBRENNIXPlotter::PassiveToBRENNIXPlotter(QWidget* parent, bool isInductor,
                                                  const EnergyPlot& plot)
-    : QDialog(parent) {
+    : WaitingDialog(parent) {
   form.setupUi(this);
   connect(form.closeButton, &QPushButton::clicked, this, &QDialog::accept);
   showLabels(isInductor, plot);

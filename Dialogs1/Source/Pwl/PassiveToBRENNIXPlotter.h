@@ -1,14 +1,13 @@
 #pragma once
 
 #include "Core/Pwl/EnergyConversion.h"
+#include "Frame/WaitingDialog.h"
 #include "HostWidgets/Axis.h"
 #include "Pwl/ui_PassiveToBRENNIXPlotter.h"
 
-#include <QDialog>
-
 /// Capacitance or inductance above, charge or flux linkage below: what was given, and what the
 /// polyline makes of it.
-class PassiveToBRENNIXPlotter : public QDialog {
+class PassiveToBRENNIXPlotter : public WaitingDialog {
   Q_OBJECT
 
 public:

@@ -190,15 +190,18 @@ int Nesting::depth = 0;
 /// Runs a handler: what it returns must be 0, and what it raises becomes a `CallError`.
 template <class Handler> void runGuarded(const QString& name, Handler handler) {
   int status = 0;
+  const std::optional<QString>& raised = Nesting::innermost->raised;
   try {
     status = handler();
   } catch (const CallError&) {
-    throw;
+    if (!raised) // else that was first
+      throw;
   } catch (...) {
-    throw CallError(describeException());
+    if (!raised)
+      throw CallError(describeException());
   }
-  if (Nesting::innermost->raised)
-    throw CallError(*Nesting::innermost->raised);
+  if (raised)
+    throw CallError(*raised);
   if (status != 0)
     throw CallError(QStringLiteral("%1: the handler returned %2").arg(name).arg(status));
 }

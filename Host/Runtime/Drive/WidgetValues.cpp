@@ -294,11 +294,21 @@ bool isWidgetChecked(const QWidget* widget) {
   throw DriveError(QStringLiteral("%1 cannot be checked").arg(describeWidget(widget)));
 }
 
+/// What a field says of its text stands on its line edit, which is a part of it.
+static QVariant toldByEdit(const QWidget* field, const QByteArray& property) {
+  if (property != "toolTip" && property != "accessibleDescription")
+    return {};
+  const QWidget* edit = field->focusProxy();
+  return edit && edit->parentWidget() == field ? edit->property(property.constData()) : QVariant();
+}
+
 QVariant widgetProperty(const QWidget* widget, const QString& property) {
   const QMetaObject* meta = widget->metaObject();
   if (property == QLatin1String("className"))
     return QString::fromUtf8(meta->className());
   const QByteArray name = property.toUtf8();
+  if (const QVariant told = toldByEdit(widget, name); !told.toString().isEmpty())
+    return told;
   const int index = meta->indexOfProperty(name.constData());
   const QVariant value = widget->property(name.constData());
   if (index < 0 && !value.isValid()) {
