@@ -213,19 +213,23 @@ bool translatePath(const char* path, GetFolder tempPath, YString* out) {
   return true;
 }
 
-/// What an option holds as a path; empty where it is not set, or starts with an unknown prefix.
+/// What an option holds as a path; empty where it is not set, depends on where somebody happens to
+/// work, or starts with an unknown prefix.
 YString pathOption(const char* key) {
   YString path = sp_GetStringOption(key);
   path.stripLeading(" \t").stripTrailing(" \t");
   // The option of the temporary folder may itself be told from the platform's.
-  return translatePath(path, platformTempPath, &path) ? sp_GetFullPath(path) : YString();
+  const bool isPlace =
+      translatePath(path, platformTempPath, &path) && pathOf(path.c_str()).is_absolute();
+  return isPlace ? sp_GetFullPath(path) : YString();
 }
 
 } // namespace
 
 YString sp_GetTempPath() {
   const YString chosen = pathOption("TempDataDir");
-  return sp_MakeTree(chosen) ? chosen : platformTempPath();
+  const bool isUsable = sp_MakeTree(chosen) && sp_DirectoryIsWriteable(chosen);
+  return isUsable ? chosen : platformTempPath();
 }
 
 YString sp_GetTempFile() {
@@ -302,7 +306,9 @@ bool sp_IsSystemSymbolLib(const YString& path) {
     std::error_code error;
     return textOf(fs::weakly_canonical(folderPath(sp_GetFullPath(place)), error));
   };
-  const std::string system = resolved(folder);
+  std::string system = resolved(folder);
+  while (!system.empty() && isPathSeparator(system.back())) // of a root
+    system.pop_back();
   const std::string file = path.isEmpty() ? std::string() : resolved(path);
   return file.size() > system.size() && isPathSeparator(file[system.size()]) &&
          YString(file.substr(0, system.size())).comparePath(YString(system)) == 0;

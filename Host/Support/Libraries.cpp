@@ -44,7 +44,7 @@ void* findLibraryFunction(const char* library, const char* function) {
   if (!handle)
     return nullptr;
   void* const entry = platformLibraryFunction(handle, function);
-  if (!keepLibrary(library, handle))
+  if (!entry || !keepLibrary(library, handle))
     platformUnloadLibrary(handle);
   return entry;
 }

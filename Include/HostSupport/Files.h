@@ -36,7 +36,7 @@ HOSTSUPPORT_EXPORT YString sp_GetDirFromPath(const char* path);
 HOSTSUPPORT_EXPORT void sp_SplitPath(YString path, PathName* parts);
 HOSTSUPPORT_EXPORT YString sp_GetCwd();
 /// The folder of the option "TempDataDir", made where it is missing; the platform's where none is
-/// chosen or it cannot be made.
+/// chosen, or none with a whole path that can be made and written to.
 HOSTSUPPORT_EXPORT YString sp_GetTempPath();
 HOSTSUPPORT_EXPORT YString
 sp_GetTempFile(); ///< a fresh name in the temporary folder; the file exists

@@ -255,6 +255,8 @@ for (const [serving, path, shown, fault] of [
   [p => ({ x: [], y: [] }), picture, [], ""],
   [p => null, picture, ["5 5", " "], ""],
   [p => { throw new Error("no such picture"); }, picture, null, "no such picture"],
+  [p => "nonsense", picture, null, "{x, y} or null"],
+  [p => [], picture, null, "{x, y} or null"],
   [null, picture, null, "dyn_GraphImageCapture"],
   [p => { check(false, "nobody chose a picture"); }, null, ["5 5", " "], ""],
 ]) {

@@ -179,15 +179,13 @@ void commandOnce(const FunctionTable& table, const QString& name, Chance& chance
   }
 }
 
-#ifdef KV_SANITIZE
-constexpr int usualCalls = 100; // each takes three times as long
-#else
-constexpr int usualCalls = 200;
-#endif
+int callsOfEach() {
+  const int rounds = qEnvironmentVariableIntValue("KV_FUZZ_ROUNDS");
+  return rounds > 0 ? rounds : 200;
+}
 
 void fuzz(const LoadedModule& module, const FunctionInfo& function, Chance& chance) {
-  const int rounds = qEnvironmentVariableIntValue("KV_FUZZ_ROUNDS");
-  const int calls = rounds > 0 ? rounds : usualCalls;
+  const int calls = callsOfEach();
   for (int i = 0; i < calls; ++i)
     playing(chance, [&] {
       if (function.kind == FunctionInfo::Kind::Command)
@@ -202,9 +200,10 @@ void fuzzEntries(const LoadedModule& module, Chance& chance) {
   for (const DynFuncDefRecord& record : module.served) {
     const ServedEntry* entry = servedEntry(record.name);
     ASSERT_TRUE(entry) << "ServedEntries.cpp does not say how to call " << record.name;
-    for (int i = 0; i < usualCalls; ++i)
+    const int calls = callsOfEach();
+    for (int i = 0; i < calls; ++i)
       playing(chance, [&] { entry->call(record.entry, unsigned(chance.below(1 << 20))); });
-    std::printf("%s: %d calls\n", record.name.c_str(), usualCalls);
+    std::printf("%s: %d calls\n", record.name.c_str(), calls);
   }
 }
 

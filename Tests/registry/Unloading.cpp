@@ -1,3 +1,4 @@
+#include "Call/HostCall.h"
 #include "Changes.h"
 #include "Drive/DriveError.h"
 #include "TestHost.h"
@@ -142,6 +143,14 @@ TEST_F(Unloading, WaitsForTheCallThatRuns) {
   EXPECT_TRUE(outcome.ok);
   EXPECT_FALSE(isLoaded());
   useQt();
+}
+
+TEST_F(Unloading, WaitsForAnEntryThatRuns) {
+  callEntry(QStringLiteral("anybody's"), [this] {
+    unload();
+    EXPECT_TRUE(isLoaded());
+  });
+  EXPECT_FALSE(isLoaded());
 }
 
 // Another module, or the same one, takes the place of the one that a call is in.

@@ -239,7 +239,7 @@ TEST_F(Files, TemporaryFilesGoWhereTheUserWants) {
       sp_WriteOption("TempDataDir", YString("%temp%").concat(inUsual.c_str() + usual.length())));
   EXPECT_STREQ(sp_GetTempPath(), inUsual);
   for (const YString& unusable : {YString(write("file", "x").concat("/x")), YString("%NOWHERE%/x"),
-                                  YString(" "), YString()}) {
+                                  YString(" "), YString("relative"), YString("/proc"), YString()}) {
     ASSERT_TRUE(sp_WriteOption("TempDataDir", unusable));
     EXPECT_STREQ(sp_GetTempPath(), usual) << unusable;
   }
@@ -313,6 +313,8 @@ TEST_F(Files, SymbolLibrariesOfTheSystem) {
   EXPECT_TRUE(sp_IsSystemSymbolLib(below("SYSTEM/a.kvsym")));
   sp_SetSystemValue("caseSensitiveFiles", nullptr);
   EXPECT_FALSE(sp_IsSystemSymbolLib(below("SYSTEM/a.kvsym")));
+  ASSERT_TRUE(sp_WriteOption("SymbolsDir", "/"));
+  EXPECT_TRUE(sp_IsSystemSymbolLib(below("a.kvsym"))) << "below a root";
   ASSERT_TRUE(sp_RemoveOption("SymbolsDir"));
   EXPECT_FALSE(sp_IsSystemSymbolLib(below("system/a.kvsym")));
   EXPECT_TRUE(sp_IsSystemSymbolLib(

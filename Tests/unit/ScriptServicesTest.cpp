@@ -91,6 +91,9 @@ TEST_F(ScriptServicesTest, handsOutGraphs) {
   EXPECT_FALSE(found(dyn_GetGraphEditData));
   run("host.provide('dyn_GetGraphEditData', undefined); host.graphs(null)");
   EXPECT_EQ(listed(), "0");
+  run("host.graphs({graphCount: 3})");
+  engine.reset();
+  EXPECT_EQ(listed(), "0") << "facts go with the script that told them";
 }
 
 TEST_F(ScriptServicesTest, ownsAnalysisBlocks) {
@@ -107,9 +110,16 @@ TEST_F(ScriptServicesTest, ownsAnalysisBlocks) {
 
   expectErrors({{"host.openAnalysis(b)", "*** FATAL ERROR *** Unresolved dynamic function "
                                          "'dyn_OpenBrennixAnalysisDialog' called"}});
+  static std::function<void()> destroyBlock;
+  destroyBlock = [this] { run("b.destroy(); host.wait(1)"); };
   const auto entry = serve(dyn_OpenBrennixAnalysisDialog, [](BrennixAnalysisData* data) {
     if (data->parameterCount == 0)
       throw KelvarinException("no parameters");
+    if (data->parameters[0].name == "DESTROYED") {
+      destroyBlock();
+      EXPECT_EQ(data->parameters[0].name, "DESTROYED") << "stays for the one who edits it";
+      return;
+    }
     data->parameters[0].value.real = 4;
     data->parameters[1].value.integer = -3;
     data->parameters[1].isSet = 1;
@@ -142,6 +152,7 @@ TEST_F(ScriptServicesTest, ownsAnalysisBlocks) {
        "host.analysis: fields has no \"run\"; it has: action, tranSelected, acSelected, "
        "popSelected, tranDefined, acDefined, popDefined"},
   });
+  run("var b = host.analysis([{name: 'DESTROYED', type: 0}]); host.openAnalysis(b)");
   // A block that is in use stays where it is, whatever is collected meanwhile.
   QObject::connect(engine.get(), &ScriptEngine::called,
                    [this] { engine->jsEngine()->collectGarbage(); });

@@ -169,7 +169,8 @@ TEST_F(ColourTest, OfOptionsAndPagesAreAlike) {
   }
   EXPECT_EQ(sp_ConvertHTMLcolourToRGB("1971210"), 0x1e140a);
   EXPECT_EQ(sp_ConvertRGBcolourToHTML(0x1e140a), "#0a141e");
-  for (const char* none : {"no colour", "#", "#12", "#12345", "#12345678901234", "#-12", ""})
+  for (const char* none : {"no colour", "transparent", "1k", "0xff", "1.5", "-1", "16777216", "#",
+                           "#12", "#12345", "#12345678901234", "#-12", ""})
     EXPECT_EQ(sp_ConvertHTMLcolourToRGB(none), 0) << none;
 }
 

@@ -75,6 +75,8 @@ TEST(System, FunctionsOfALibraryOnDemand) {
   EXPECT_EQ(sp_GetLibraryFunction("/nonexistent/lib.so", "f", false, "no library", false), nullptr);
   EXPECT_EQ(sp_GetLibraryFunction(nullptr, nullptr, false, nullptr, false), nullptr);
   EXPECT_EQ(sp_GetLibraryFunction("libm.so.6", "no_such_function", false, "", false), nullptr);
+  EXPECT_FALSE(sp_UnloadLibrary("libm.so.6"))
+      << "nothing is kept of a library without the function";
   EXPECT_EQ(shown, "no library");
   sp_SetMessageSink(nullptr);
   auto* cosine = reinterpret_cast<double (*)(double)>(

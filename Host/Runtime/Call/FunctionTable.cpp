@@ -229,6 +229,11 @@ QVector<FunctionInfo> readModule(QLibrary& library, const Registrations& own) {
   return functions;
 }
 
+std::vector<std::weak_ptr<QLibrary>>& everLoaded() {
+  static std::vector<std::weak_ptr<QLibrary>> all;
+  return all;
+}
+
 /// Ends this use of the library. What it had registered is its own no more, once it is gone.
 void release(QLibrary* library) {
   const QString path = library->fileName();
@@ -241,6 +246,15 @@ void release(QLibrary* library) {
 }
 
 } // namespace
+
+std::vector<std::shared_ptr<QLibrary>> loadedModules() {
+  std::vector<std::shared_ptr<QLibrary>> present;
+  for (const std::weak_ptr<QLibrary>& each : everLoaded())
+    if (std::shared_ptr<QLibrary> library = each.lock())
+      present.push_back(std::move(library));
+  everLoaded().assign(present.begin(), present.end());
+  return present;
+}
 
 QString kindName(FunctionInfo::Kind kind) {
   switch (kind) {
@@ -294,6 +308,7 @@ void FunctionTable::loadModule(const QString& file) {
     function.module = library;
   m_functions = functions;
   m_library = library;
+  everLoaded().push_back(library);
   if (!wasInMemory)
     tellLoaded();
 }

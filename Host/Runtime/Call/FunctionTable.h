@@ -9,6 +9,7 @@
 #include <QVector>
 
 #include <memory>
+#include <vector>
 
 /// One function or command that scripts can call.
 struct FunctionInfo {
@@ -34,6 +35,9 @@ class ModuleError : public std::runtime_error {
 public:
   explicit ModuleError(const QString& message) : std::runtime_error(message.toStdString()) {}
 };
+
+/// The modules that tables have loaded now; they stay as long as this is kept.
+std::vector<std::shared_ptr<QLibrary>> loadedModules();
 
 /// The functions and commands of the loaded module, which stays to the program's end if nobody
 /// unloads it.

@@ -340,6 +340,7 @@ void callCommand(FunctionInfo command, const QStringList& words) {
 }
 
 void callEntry(const QString& name, const std::function<void()>& call) {
+  const auto kept = loadedModules(); // nobody knows whose code an entry is
   const Nesting nesting(name);
   runGuarded(name, [&] {
     call();

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <memory>
 #include <stdexcept>
 #include <vector>
 
@@ -17,6 +18,7 @@ struct ScriptVector {
   std::vector<double> references;  ///< x values of `reals`; empty where there are none
   int divisions = 1;               ///< separate curves that `reals` holds one behind the other
   void* opaque = nullptr;
+  std::shared_ptr<void> owner; ///< keeps what `opaque` leads to, where a script could let go of it
 
   std::size_t count() const {
     return type == UserReal ? reals.size() : type == UserString ? strings.size() : 1;
@@ -32,10 +34,11 @@ struct ScriptVector {
     vector.strings = std::move(texts);
     return vector;
   }
-  static ScriptVector ofOpaque(void* pointer) {
+  static ScriptVector ofOpaque(void* pointer, std::shared_ptr<void> owner) {
     ScriptVector vector;
     vector.type = UserOpaque;
     vector.opaque = pointer;
+    vector.owner = std::move(owner);
     return vector;
   }
 };

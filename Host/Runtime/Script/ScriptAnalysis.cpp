@@ -82,16 +82,16 @@ QJSValue valueOf(const AnalysisParameter& parameter) {
 ScriptAnalysis::ScriptAnalysis(const QJSValue& parameters, const QJSValue& fields) {
   const QString list = QStringLiteral("host.analysis: parameters");
   for (const QJSValue& parameter : elementsOf(parameters, list))
-    m_parameters.push_back(
-        parameterOf(parameter, QStringLiteral("%1[%2]").arg(list).arg(m_parameters.size())));
-  m_data.parameters = m_parameters.data();
-  m_data.parameterCount = static_cast<std::int32_t>(m_parameters.size());
+    m_block->parameters.push_back(
+        parameterOf(parameter, QStringLiteral("%1[%2]").arg(list).arg(m_block->parameters.size())));
+  m_block->data.parameters = m_block->parameters.data();
+  m_block->data.parameterCount = static_cast<std::int32_t>(m_block->parameters.size());
   if (fields.isUndefined())
     return;
   const ScriptObject object(fields, QStringLiteral("host.analysis: fields"), fieldNames());
-  m_data.action = static_cast<BrennixAction>(object.integer(action));
+  m_block->data.action = static_cast<BrennixAction>(object.integer(action));
   for (const Flag& flag : flags)
-    m_data.*flag.place = object.flag(flag.name);
+    m_block->data.*flag.place = object.flag(flag.name);
 }
 
 ScriptAnalysis* ScriptAnalysis::of(const QJSValue& value) {
@@ -100,9 +100,9 @@ ScriptAnalysis* ScriptAnalysis::of(const QJSValue& value) {
 
 QJSValue ScriptAnalysis::parameters() const {
   QJSEngine* engine = qjsEngine(this);
-  QJSValue list = engine->newArray(static_cast<uint>(m_parameters.size()));
+  QJSValue list = engine->newArray(static_cast<uint>(m_block->parameters.size()));
   quint32 index = 0;
-  for (const AnalysisParameter& parameter : m_parameters) {
+  for (const AnalysisParameter& parameter : m_block->parameters) {
     QJSValue object = engine->newObject();
     object.setProperty(QStringLiteral("name"), toQs(parameter.name));
     object.setProperty(QStringLiteral("type"), static_cast<int>(parameter.type));
@@ -116,8 +116,8 @@ QJSValue ScriptAnalysis::parameters() const {
 
 QJSValue ScriptAnalysis::fields() const {
   QJSValue object = qjsEngine(this)->newObject();
-  object.setProperty(QLatin1String(action), static_cast<int>(m_data.action));
+  object.setProperty(QLatin1String(action), static_cast<int>(m_block->data.action));
   for (const Flag& flag : flags)
-    object.setProperty(QLatin1String(flag.name), m_data.*flag.place != 0);
+    object.setProperty(QLatin1String(flag.name), m_block->data.*flag.place != 0);
   return object;
 }

@@ -5,6 +5,7 @@
 #include <QJSValue>
 #include <QObject>
 
+#include <memory>
 #include <vector>
 
 /// What `host.analysis` gives: a block of analysis settings that the host owns, and its state now.
@@ -21,12 +22,17 @@ public:
   ScriptAnalysis& operator=(const ScriptAnalysis&) = delete;
 
   static ScriptAnalysis* of(const QJSValue& value); ///< null for any other value
-  BrennixAnalysisData* data() { return &m_data; }
+  /// The block, which stays as long as somebody holds it: a script may destroy this object while a
+  /// module edits what it stands for.
+  std::shared_ptr<BrennixAnalysisData> data() const { return {m_block, &m_block->data}; }
 
   QJSValue parameters() const;
   QJSValue fields() const;
 
 private:
-  std::vector<AnalysisParameter> m_parameters;
-  BrennixAnalysisData m_data{};
+  struct Block {
+    std::vector<AnalysisParameter> parameters;
+    BrennixAnalysisData data{};
+  };
+  std::shared_ptr<Block> m_block = std::make_shared<Block>();
 };

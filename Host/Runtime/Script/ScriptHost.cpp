@@ -474,8 +474,9 @@ void ScriptHost::openAnalysis(const QJSValue& block) {
       throw CallError(QStringLiteral("host.openAnalysis: the block must be one of host.analysis, "
                                      "%1 was given")
                           .arg(describeValue(block)));
+    const std::shared_ptr<BrennixAnalysisData> held = given->data();
     emit moved();
-    openAnalysisDialog(given->data());
+    openAnalysisDialog(held.get());
     emit moved();
   });
 }

@@ -49,7 +49,10 @@ ScriptObject::ScriptObject(const QJSValue& object, const QString& what, const QS
 }
 
 QJSValue ScriptObject::value(const char* member) const {
-  return m_object.property(QLatin1String(member));
+  const QJSValue value = m_object.property(QLatin1String(member));
+  if (value.isError()) // what a getter has thrown
+    throw CallError(QStringLiteral("%1: %2").arg(nameOf(member), value.toString()));
+  return value;
 }
 
 bool ScriptObject::has(const char* member) const {

@@ -62,6 +62,11 @@ CallResult answerOf(const QJSValue& value, const Service& service) {
     require(value.isArray() || value.isNull(), "an array or null");
     break;
   case Service::Answer::Curve:
+    require(value.isNull() ||
+                (value.isObject() && !value.isArray() && value.hasProperty(QStringLiteral("x")) &&
+                 value.hasProperty(QStringLiteral("y"))),
+            "{x, y} or null");
+    break;
   case Service::Answer::Any:
     break;
   }

@@ -188,7 +188,7 @@ ScriptVector vectorFromScript(const QJSValue& value, ArgType declared, const QSt
   if (value.isArray())
     return vectorFromArray(value, declared, what);
   if (ScriptAnalysis* const block = ScriptAnalysis::of(value))
-    return ScriptVector::ofOpaque(block->data());
+    return ScriptVector::ofOpaque(block->data().get(), block->data());
   if (value.isObject() && !value.isCallable() && value.hasProperty(QStringLiteral("y")))
     return vectorFromCurve(value, what);
   refuse(what, expected, value);
@@ -215,6 +215,8 @@ CallResult resultFromScript(const QJSValue& value, const QString& what) {
     return result;
   ScriptVector vector = vectorFromScript(value, RealArg, what,
                                          QStringLiteral("a number, a text, an array or {y, x}"));
+  if (vector.type == UserOpaque)
+    throw CallError(QStringLiteral("%1 must be no analysis block").arg(what));
   result.type = vector.type == UserString ? CallResult::Type::String : CallResult::Type::Real;
   result.reals = std::move(vector.reals);
   result.references = std::move(vector.references);

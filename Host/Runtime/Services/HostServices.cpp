@@ -4,6 +4,7 @@
 #include "HostSupport/Registry.h"
 #include "Services/Entries/Entries.h"
 #include "Services/Entries/EntryCall.h"
+#include "Services/Entries/Graphs.h"
 #include "Services/Entries/ProgressBox.h"
 #include "Services/Entries/RunCommand.h"
 #include "Services/Functions/Functions.h"
@@ -81,6 +82,7 @@ HostServices::HostServices(const FunctionTable* table) {
 HostServices::~HostServices() {
   if (lastMade == this) {
     setModuleCommands(nullptr);
+    setGraphFacts({});
     hideProgressBox();
     lastMade = nullptr;
   }

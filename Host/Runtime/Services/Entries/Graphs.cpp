@@ -3,6 +3,7 @@
 #include "GraphEditData.h"
 #include "HostSupportQt/Text.h"
 #include "Services/Entries/Entries.h"
+#include "Services/Entries/EntryCall.h"
 
 #include <algorithm>
 
@@ -34,9 +35,11 @@ void setGraphFacts(GraphFacts given) {
 
 /// The array goes over to the caller. What is not the host's to tell stays as it was.
 void graphEditDataEntry(GraphEditData* data) {
-  const GraphFacts& present = facts();
-  data->vectors = new GraphVector[present.vectors.size()];
-  std::transform(present.vectors.begin(), present.vectors.end(), data->vectors, vectorOf);
-  data->vectorCount = static_cast<std::int32_t>(present.vectors.size());
-  data->graphCount = present.graphCount;
+  asEntry([&] {
+    const GraphFacts& present = facts();
+    data->vectors = new GraphVector[present.vectors.size()];
+    std::transform(present.vectors.begin(), present.vectors.end(), data->vectors, vectorOf);
+    data->vectorCount = static_cast<std::int32_t>(present.vectors.size());
+    data->graphCount = present.graphCount;
+  });
 }
