@@ -12,12 +12,27 @@ namespace {
 
 constexpr int pollInterval = 100; // milliseconds
 
+constexpr int statusOfSignals = 128; ///< as shells have it, the signal's number added
+
+// What ends a program from outside: Ctrl+C, a request to end, and the end of its terminal, which
+// not every platform has.
+constexpr int endings[] = {SIGINT, SIGTERM,
+#ifdef SIGHUP
+                           SIGHUP
+#endif
+};
+
 volatile std::sig_atomic_t s_asked = 0;
 std::atomic<QJSEngine*> s_interpreter{nullptr};
 
-extern "C" void takeInterrupt(int) {
-  s_asked = 1;
-  std::signal(SIGINT, SIG_DFL);
+void handle(void (*handler)(int)) {
+  for (const int ending : endings)
+    std::signal(ending, handler);
+}
+
+extern "C" void takeInterrupt(int signal) {
+  s_asked = signal;
+  handle(SIG_DFL);
   // Sets an atomic flag that the running script looks at; a script that spins sees nothing else.
   if (QJSEngine* interpreter = s_interpreter.load())
     interpreter->setInterrupted(true);
@@ -26,7 +41,7 @@ extern "C" void takeInterrupt(int) {
 } // namespace
 
 Interruption::Interruption(std::function<void()> end) {
-  std::signal(SIGINT, takeInterrupt);
+  handle(takeInterrupt);
   QObject::connect(&m_poll, &QTimer::timeout, &m_poll, [end = std::move(end)] {
     if (wasAsked())
       end();
@@ -44,10 +59,14 @@ Interruption::Interruption(DialogDriver* driver, const ScriptEngine* engine)
 }
 
 Interruption::~Interruption() {
-  std::signal(SIGINT, SIG_DFL);
+  handle(SIG_DFL);
   s_interpreter = nullptr;
 }
 
 bool Interruption::wasAsked() {
   return s_asked != 0;
+}
+
+int Interruption::exitStatus() {
+  return statusOfSignals + s_asked;
 }

@@ -8,8 +8,8 @@ class DialogDriver;
 class QJSEngine;
 class ScriptEngine;
 
-/// Ends the program cleanly when the user presses Ctrl+C in the terminal. A second Ctrl+C ends the
-/// process at once. One at a time.
+/// Ends the program cleanly when the user presses Ctrl+C in the terminal, closes it, or asks the
+/// process to end. A second time ends the process at once. One at a time.
 class Interruption {
 public:
   /// Interrupts the script and rejects the dialogs that it has open.
@@ -21,7 +21,7 @@ public:
   Interruption& operator=(const Interruption&) = delete;
 
   static bool wasAsked();
-  static constexpr int exitStatus = 130; ///< as shells have it for an interrupted program
+  static int exitStatus(); ///< as shells have it for a program that a signal has ended
 
 private:
   QTimer m_poll;

@@ -75,7 +75,7 @@ int runScript(const CommandLine& line) {
   while (driver.isInteractive() && !driver.detachedWindows().isEmpty() && !Interruption::wasAsked())
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   if (Interruption::wasAsked())
-    return Interruption::exitStatus;
+    return Interruption::exitStatus();
   return engine.hasFailed() || !outcome.ok ? 1 : 0;
 }
 

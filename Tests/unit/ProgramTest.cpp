@@ -41,6 +41,20 @@ TEST(Program, removesItsTemporaryFolder) {
   EXPECT_EQ(levels, 3);
 }
 
+TEST(Program, removesItWhenItIsAskedToEnd) {
+  QProcess process;
+  process.start(QStringLiteral(KV_DIALOGHOST),
+                {QStringLiteral("--fresh"), QStringLiteral("eval"),
+                 QStringLiteral("print(host.tempDir()); while (true);")});
+  ASSERT_TRUE(process.waitForReadyRead(60000));
+  const QString folder = QString::fromUtf8(process.readLine()).trimmed();
+  ASSERT_TRUE(QDir(folder).exists()) << folder.toStdString();
+  process.terminate();
+  ASSERT_TRUE(process.waitForFinished(60000));
+  EXPECT_EQ(process.exitCode(), 128 + 15);
+  EXPECT_FALSE(QDir(folder).exists());
+}
+
 TEST(Program, startsFresh) {
   const QTemporaryDir folder;
   const QStringList kept{QStringLiteral("--settings"), folder.path()};

@@ -61,7 +61,7 @@ int Tour::run() {
   for (const Sample& sample : samples) {
     const TourEntry entry = visit(sample);
     if (Interruption::wasAsked())
-      return Interruption::exitStatus;
+      return Interruption::exitStatus();
     for (const QString& fault : entry.faults)
       printError(QStringLiteral("%1: %2").arg(sample.name, fault));
     if (entry.faults.isEmpty())

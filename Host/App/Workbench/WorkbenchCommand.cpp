@@ -67,7 +67,7 @@ int runWorkbench(const CommandLine& line) {
   const Interruption interruption([&workbench] {
     workbench.parts().session->stop();
     workbench.saveState();
-    QCoreApplication::exit(Interruption::exitStatus);
+    QCoreApplication::exit(Interruption::exitStatus());
   });
   return QApplication::exec();
 }
