@@ -90,9 +90,10 @@ QString Spinner::Private::format(double value, int digits) const {
 QString Spinner::Private::exactText() const {
   const QString shown = edit->text();
   double read = 0;
-  if (kind != Kind::Number || (sp_IsEngNumber(shown, &read) && read == number) || givenText)
+  if (kind != Kind::Number || (sp_IsEngNumber(shown, &read) && read == number) ||
+      author == Author::Program)
     return shown;
-  if (!ownText)
+  if (author == Author::User)
     return readableNumber(shown);
   QString text = shown;
   for (int digits = precision + 1; digits <= mostDigits && read != number; ++digits) {
@@ -105,32 +106,32 @@ QString Spinner::Private::exactText() const {
 void Spinner::Private::write(double value) {
   number = value;
   kind = Kind::Number;
-  ownText = true;
+  author = Author::Ours;
   writtenEngMode = q->engMode;
-  const QScopedValueRollback<bool> guard(writing, true);
+  const QScopedValueRollback<Author> guard(setting, Author::Ours);
   if (const QString text = format(value, precision); text != edit->text()) {
     edit->setText(text);
     rewritings.clear();
   }
-  lastOwn = {edit->text(), value, true};
+  untyped = {edit->text(), value, author};
 }
 
-void Spinner::Private::rewrite(double value, const QString& text) {
-  const Rewriting rewriting{{edit->text(), number, ownText}, {text, value, true}};
-  const bool undoable = kind == Kind::Number;
+void Spinner::Private::rewrite(double value, const QString& text, Author by) {
+  const Rewriting rewriting{{edit->text(), number, author}, {text, value, by}};
+  const bool undoable = kind == Kind::Number && text != edit->text();
   number = value;
   kind = Kind::Number;
-  ownText = true;
+  author = by;
   writtenEngMode = q->engMode;
-  if (text == edit->text())
-    return;
-  const QScopedValueRollback<bool> guard(writing, true);
-  edit->selectAll();
-  edit->insert(text);
-  if (!undoable)
-    return;
-  rewritings.push_back(rewriting);
-  lastOwn = rewriting.after;
+  if (text != edit->text()) {
+    const QScopedValueRollback<Author> guard(setting, Author::Ours);
+    edit->selectAll();
+    edit->insert(text);
+  }
+  if (undoable)
+    rewritings.push_back(rewriting);
+  if (by != Author::User)
+    untyped = rewriting.after;
 }
 
 bool Spinner::Private::undone(const QString& text) {
@@ -142,15 +143,15 @@ bool Spinner::Private::undone(const QString& text) {
       found = &each->after;
   }
   // What was typed over a text of ours has been undone: who had typed it could not redo anything.
-  if (!found && lastOwn.text == text && edit->isRedoAvailable())
-    found = &lastOwn;
+  if (!found && untyped && untyped->text == text && edit->isRedoAvailable())
+    found = &*untyped;
   if (!found)
     return false;
   number = found->number;
-  ownText = found->isOwn;
+  author = found->author;
   kind = Kind::Number;
-  if (ownText)
-    lastOwn = Written(*found);
+  if (author != Author::User)
+    untyped = Written(*found);
   return true;
 }
 
@@ -171,9 +172,8 @@ QString Spinner::Private::stepText(double from, double to) const {
 }
 
 void Spinner::Private::textChanged(const QString& text) {
-  if (!writing && !undone(text)) {
-    ownText = false;
-    givenText = giving;
+  if (setting != Author::Ours && !undone(text)) {
+    author = setting;
     kind = kindOf(text, &number);
   }
   lastText = text;
@@ -202,10 +202,8 @@ bool Spinner::Private::applyLimits(bool undoable) {
 
 void Spinner::Private::finish() {
   // The field shows the text that it gives.
-  if (kind == Kind::Number && !ownText && !givenText) {
-    rewrite(number, readableNumber(edit->text()));
-    ownText = false;
-  }
+  if (kind == Kind::Number && author == Author::User)
+    rewrite(number, readableNumber(edit->text()), Author::User);
   applyLimits(true);
   report();
 }
@@ -228,7 +226,7 @@ void Spinner::Private::keepNotation() {
 }
 
 void Spinner::Private::notation() {
-  if (kind != Kind::Number || !ownText)
+  if (kind != Kind::Number || author != Author::Ours)
     return;
   // The same value in another notation is no change.
   const bool wasReported = edit->text() == reportedText;
@@ -413,8 +411,11 @@ void Spinner::setValue(double value) {
 void Spinner::setText(const QString& text) {
   if (text != d->edit->text()) {
     d->rewritings.clear(); // the edit forgets what could be undone
-    const QScopedValueRollback<bool> guard(d->giving, true);
+    d->untyped.reset();
+    const QScopedValueRollback<Private::Author> guard(d->setting, Private::Author::Program);
     d->edit->setText(text);
+    if (d->kind == Private::Kind::Number)
+      d->untyped = {text, d->number, Private::Author::Program};
   }
   d->report();
 }

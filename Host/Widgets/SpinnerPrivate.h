@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QStyle>
 
+#include <optional>
 #include <vector>
 
 class QStyleOptionSpinBox;
@@ -13,6 +14,11 @@ class QStyleOptionSpinBox;
 class Spinner::Private {
 public:
   enum class Kind { Number, Expression, Empty, Bad };
+  enum class Author {
+    Ours,
+    Program,
+    User
+  };                                  ///< of a text: a writing of the number, or given, or typed
   enum class Span { Single, Coarse }; ///< one step, or ten increments or a decade
 
   explicit Private(Spinner* spinner);
@@ -23,9 +29,10 @@ public:
   double highest() const;
   double taken(double value) const; ///< whole where asked for, and within the limits
   QString format(double value, int digits) const;
-  QString exactText() const;                       ///< that reads as exactly the number
-  void write(double value);                        ///< for the program: there is nothing to undo
-  void rewrite(double value, const QString& text); ///< for the user, who can undo it
+  QString exactText() const; ///< that reads as exactly the number
+  void write(double value);  ///< for the program: there is nothing to undo
+  /// For the user, who can undo it.
+  void rewrite(double value, const QString& text, Author by = Author::Ours);
   bool undone(const QString& text); ///< whether `text` is back, or again, by undo or redo
   bool applyLimits(bool undoable);  ///< whether the value moved
   void finish();
@@ -62,7 +69,7 @@ public:
   struct Written {
     QString text;
     double number;
-    bool isOwn;
+    Author author;
   };
   struct Rewriting {
     Written before;
@@ -78,13 +85,12 @@ public:
   QString reportedText;
   double reportedValue = 0;
   int precision = 12;
-  bool writing = false;              ///< the text being set is a writing of `number`
-  bool giving = false;               ///< the text being set is the program's
-  bool givenText = false;            ///< the text is one that the program gave
-  bool ownText = true;               ///< the text is a writing of ours, not one that was given
+  Author author = Author::Ours;      ///< of the text
+  Author setting = Author::User;     ///< who is setting the text
   bool writtenEngMode = true;        ///< notation of the last writing
   std::vector<Rewriting> rewritings; ///< that the edit can undo
-  Written lastOwn{QStringLiteral("0"), 0, true};
+  std::optional<Written> untyped =
+      Written{QStringLiteral("0"), 0, Author::Ours}; ///< the last number
   QString lastText = QStringLiteral("0");
   bool markedBad = false;
 

@@ -264,6 +264,10 @@ TEST_F(SpinnerTest, NumbersThatNobodyTypedComeBackToTheLastDigit) {
       leave();
       EXPECT_EQ(spinner->value(), row.value) << row.eng;
     }
+  spinner->setEngMode(true);
+  spinner->setText(QStringLiteral("5n")); // as a form has it
+  spinner->setValue(5.1234567890123e-9);
+  EXPECT_EQ(spinner->stringValue(), QStringLiteral("5.1234567890123n")) << "behind a given text";
   type(QStringLiteral("0300m"));
   EXPECT_EQ(spinner->stringValue(), QStringLiteral("0300m")) << "as typed";
 }

@@ -14,8 +14,6 @@
 
 namespace {
 
-constexpr int allDigits = 17;
-
 /// The dialogs there are. A window that nobody waits for may be open when the host unloads the
 /// module; it goes with the code that it runs. At the program's end there is nothing to do.
 class OpenDialogs {
@@ -186,7 +184,7 @@ bool KelvarinDialog::getString(int index, YString* out) const {
   const UserArgument* found = argument(index);
   if (!found)
     return false;
-  *out = found->type == UserReal ? sp_ConvertRealToPlain(realOf(*found), allDigits)
+  *out = found->type == UserReal ? YString(realOf(*found))
                                  : YString(*static_cast<const char* const*>(found->data));
   return true;
 }
