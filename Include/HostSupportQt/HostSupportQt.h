@@ -8,4 +8,5 @@
 #include "HostSupportQt/KV_FunctionDef.h"
 #include "HostSupportQt/Paste.h"
 #include "HostSupportQt/QtMessages.h"
+#include "HostSupportQt/RichText.h"
 #include "HostSupportQt/Text.h"

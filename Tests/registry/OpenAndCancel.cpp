@@ -5,8 +5,6 @@
 
 #include <QDialog>
 #include <QFileInfo>
-#include <QJsonArray>
-#include <QJsonDocument>
 
 #include <algorithm>
 #include <functional>
@@ -77,39 +75,13 @@ void expectNoGrowth(const Call& call) {
   EXPECT_TRUE(TestHost::instance().driver().failures().isEmpty());
 }
 
-ScriptVector vectorOf(const QJsonValue& argument) {
-  ScriptVector vector;
-  for (const QJsonValue& element : argument.isArray() ? argument.toArray() : QJsonArray{argument}) {
-    if (element.isString()) {
-      vector.type = UserString;
-      vector.strings.push_back(element.toString().toUtf8());
-    } else {
-      vector.reals.push_back(element.toDouble());
-    }
-  }
-  return vector;
-}
-
-/// The call that a sample makes, taken from it once, so that the script engine's own memory stays
-/// out of the count. A sample of a command runs as it is.
+/// A sample of a command runs as it is.
 Call callOf(const QString& sample) {
-  TestHost& host = TestHost::instance();
-  QString name;
-  std::vector<ScriptVector> arguments;
-  const auto connection = QObject::connect(
-      &host.engine(), &ScriptEngine::called,
-      [&](const QString& function, const QString& argumentsJson) {
-        name = function;
-        arguments.clear();
-        for (const QJsonValue& argument : QJsonDocument::fromJson(argumentsJson.toUtf8()).array())
-          arguments.push_back(vectorOf(argument));
-      });
-  host.runSample(sample, [](DialogActions& dialog) { dialog.reject(); });
-  QObject::disconnect(connection);
-  const FunctionInfo* info = host.table().find(name);
+  const SampleCall call = TestHost::instance().callIn(sample);
   const bool opens = TestHost::opensDialog(sample);
-  if (info && info->kind != FunctionInfo::Kind::Command)
-    return {name.toStdString(), opens, [info, arguments] { callHandler(*info, arguments); }};
+  if (call.function && call.function->kind != FunctionInfo::Kind::Command)
+    return {call.function->name.toStdString(), opens,
+            [call] { callHandler(*call.function, call.arguments); }};
   return {QFileInfo(sample).baseName().toStdString(), opens,
           [sample] { TestHost::instance().engine().runFile(sample); }};
 }

@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QStyleFactory>
@@ -51,6 +52,19 @@ QByteArray withoutGeometry(const QByteArray& json) {
   for (const char* section : {"WidgetDims", "ColumnWidths"})
     contents.remove(QLatin1String(section));
   return contents.isEmpty() ? QByteArray() : QJsonDocument(contents).toJson();
+}
+
+ScriptVector vectorOf(const QJsonValue& argument) {
+  ScriptVector vector;
+  for (const QJsonValue& element : argument.isArray() ? argument.toArray() : QJsonArray{argument}) {
+    if (element.isString()) {
+      vector.type = UserString;
+      vector.strings.push_back(element.toString().toUtf8());
+    } else {
+      vector.reals.push_back(element.toDouble());
+    }
+  }
+  return vector;
 }
 
 } // namespace
@@ -139,6 +153,21 @@ ScriptEngine::Outcome TestHost::runSample(const QString& file,
   m_driver->endScope();
   closeDetachedWindows();
   return outcome;
+}
+
+SampleCall TestHost::callIn(const QString& sample) {
+  SampleCall call;
+  const auto connection = QObject::connect(
+      m_engine.get(), &ScriptEngine::called,
+      [&](const QString& function, const QString& argumentsJson) {
+        call.function = m_module.table.find(function);
+        call.arguments.clear();
+        for (const QJsonValue& argument : QJsonDocument::fromJson(argumentsJson.toUtf8()).array())
+          call.arguments.push_back(vectorOf(argument));
+      });
+  runSample(sample, [](DialogActions& dialog) { dialog.reject(); });
+  QObject::disconnect(connection);
+  return call;
 }
 
 void TestHost::closeDetachedWindows() {

@@ -21,6 +21,12 @@ struct LoadedModule {
   void load(const QString& file);
 };
 
+/// The call that a sample makes; its function is null where the last one is none of the registry.
+struct SampleCall {
+  const FunctionInfo* function = nullptr;
+  std::vector<ScriptVector> arguments;
+};
+
 /// The development host as the tests over the whole registry use it: offscreen, with settings and
 /// folders of its own, the real module loaded, and every Qt warning kept.
 class TestHost {
@@ -48,6 +54,9 @@ public:
   /// for; closes the windows that it leaves open.
   ScriptEngine::Outcome runSample(const QString& file,
                                   const std::function<void(DialogActions&)>& act);
+  /// Taken from a run of the sample that cancels its dialog, so that a test can repeat it without
+  /// the script engine.
+  SampleCall callIn(const QString& sample);
   void closeDetachedWindows();
 
   /// Samples of all functions, sorted. A line "// Opens: no dialog" in a sample says that its

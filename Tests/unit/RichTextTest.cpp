@@ -1,50 +1,114 @@
-#include "Core/Generic/RichText.h"
+#include "HostSupportQt/RichText.h"
 
 #include <gtest/gtest.h>
 
-#include <string>
+#include <QBuffer>
+#include <QUrl>
 
 namespace {
 
-std::string repeated(const std::string& text, int times) {
-  std::string all;
-  for (int i = 0; i < times; ++i)
-    all += text;
-  return all;
+std::string repeated(const char* text, int times) {
+  return QByteArray(text).repeated(times).toStdString();
+}
+
+/// A picture of w × h points, as it stands in a text.
+std::string pictureInText(int w, int h) {
+  QImage image(w, h, QImage::Format_Mono);
+  image.fill(0);
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  image.save(&buffer, "PNG");
+  return "<img src=\"data:image/png;base64," + bytes.toBase64().toStdString() + "\">";
 }
 
 } // namespace
 
-TEST(RichText, DepthCountsAndLengthDoesNot) {
+TEST(RichText, WhatWouldNotBeLaidOutInTimeIsNamed) {
   const struct {
     std::string text;
-    bool isTooDeep;
+    const char* fault;
   } cases[] = {
-      {"", false},
-      {"<", false},
-      {"a < b </ c <> d", false},
-      {repeated("<table><tr><td>", 8), false},
-      {repeated("<table><tr><td>", 9), true},
-      {repeated("<TABLE border=1>", 9), true},
-      {repeated("<table><tr><td>x</td></tr></table>", 100000), false},
-      {repeated("</table>", 100) + repeated("<table>", 9), true},
-      {repeated("<tablet>", 900), false},
-      {repeated("<div>", 1000), false},
-      {repeated("<div>", 1001), true},
-      {repeated("<b><i>", 501), true},
-      {repeated("<b>x</b>", 100000), false},
-      {repeated("<p>x<br><li>x", 100000), false},
+      {"", ""},
+      {"<", ""},
+      {"a < b </ c <> d <td", ""},
+      {repeated("<table><tr><td>", 8), ""},
+      {repeated("<table><tr><td>", 9), "deep"},
+      {repeated("<TABLE border=1>", 9), "deep"},
+      {repeated("<table><tr><td>x</td></tr></table>", 40000), ""},
+      {repeated("</table>", 100) + repeated("<table>", 9), "deep"},
+      {repeated("<tablet>", 900), ""},
+      {repeated("<div>", 1001), "deep"},
+      {repeated("<b><i>", 501), "deep"},
+      {repeated("<b>x</b>", 100000), ""},
+      {repeated("<p>x<br><li>x", 100000), ""},
+      {repeated("<table><tr><td>x</td></tr></table>", 60000), "50000 cells"},
+      {"<table>" + repeated("<tr><th>x<td>y", 30000), "50000 cells"},
+      {"<table><tr><td colspan=20000>x" + repeated("<tr><td>x", 10), "50000 cells"},
+      {"<table><tr><td ROWSPAN = '&#50;0000'><td><td>x", "50000 cells"},
+      {"<table>" + repeated("<tr><td rowspan=300>x", 300), "50000 cells"},
+      {"<table>" + repeated("<tr><td rowspan=2>x<td>y<tr><td>z", 5000), ""},
+      {repeated("<img src=':/x'>", 1001), "1000 pictures"},
+      {"<table cellpadding=1000000000><tr><td>x", "1000 pixels"},
+      {"<style>td { padding: 99999px }</style><table><tr><td>x", "1000 pixels"},
+      {"<table style='margin:1001px'><tr><td>x", "1000 pixels"},
+      {"<table width=9999 cellpadding=999 border=1 style='color:#123456'><tr><td>x", ""},
   };
-  for (const auto& c : cases)
-    EXPECT_EQ(nestsTooDeep(c.text.c_str()), c.isTooDeep) << c.text.substr(0, 40);
-  EXPECT_FALSE(nestsTooDeep(nullptr));
+  for (const auto& c : cases) {
+    const std::string fault = layoutFault(QString::fromStdString(c.text)).toStdString();
+    EXPECT_EQ(fault.empty(), !*c.fault) << c.text.substr(0, 60) << fault;
+    EXPECT_NE(fault.find(c.fault), std::string::npos) << c.text.substr(0, 60) << fault;
+  }
+}
+
+TEST(RichText, ALabelKeepsWhatIsInTheTextAndAsksForNoFile) {
+  const std::string inText = pictureInText(9, 9);
+  const struct {
+    std::string text;
+    std::string shown; ///< empty: unchanged
+  } cases[] = {
+      {"a < b\n<img src=/x>", {}},
+      {"<b>bold</b> <a href='/x'>link</a>", {}},
+      {"<img src=':/icons/x.svg'><img src=\"qrc:/x\"><img>", {}},
+      {inText, {}},
+      {pictureInText(1001, 1001), "-"},
+      {"<b>R</b>1<img src='/dev/zero'>", "-"},
+      {"<img src=&#47;x>", "-"},
+      {"<table background=/x><tr><td>R</table>", "R"},
+      {"<td background='//server1/x'>R", "R"},
+      {"<p style=\"background-image: u\\72l('/x')\">R</p>", "-"},
+      {"<link rel=stylesheet type='text/css' href=/x><b>R</b>", "-"},
+      {"<style>@import url(/x);</style><b>R</b>", "-"},
+      {repeated("<table><tr><td>", 9), "&lt;table"},
+      {"<table>" + repeated("<tr><td>x", 1001), "&lt;table"},
+  };
+  const auto shownFor = [](const std::string& text) {
+    return harmlessText(QString::fromStdString(text)).toStdString();
+  };
+  for (const auto& c : cases) {
+    const std::string shown = shownFor(c.text);
+    EXPECT_EQ(shown == c.text, c.shown.empty()) << c.text << shown;
+    EXPECT_TRUE(c.shown.size() < 2 || shown.find(c.shown) != std::string::npos) << shown;
+    for (const char* left : {"/x", "zero", "server1"})
+      EXPECT_TRUE(c.shown.empty() || shown.find(left) == std::string::npos) << shown;
+  }
+  const std::string mixed = shownFor(inText + "<b>R</b><img src=/x>");
+  EXPECT_NE(mixed.find("data:image/png"), std::string::npos);
+  EXPECT_NE(mixed.find("font-weight:600"), std::string::npos);
+}
+
+TEST(RichText, APictureIsNeverNull) {
+  const QString text = QString::fromStdString(pictureInText(20, 30));
+  const QByteArray bytes = dataOf(QUrl(text.section(QLatin1Char('"'), 1, 1)));
+  EXPECT_EQ(pictureOf(bytes, 600).size(), QSize(20, 30));
+  for (const QImage& stood : {pictureOf(bytes, 599), pictureOf("x", 600), pictureOf("", 600)})
+    EXPECT_EQ(stood.size(), QSize(16, 16));
 }
 
 TEST(RichText, LongestWord) {
   const struct {
     const char* text;
-    std::size_t length;
-  } cases[] = {{nullptr, 0}, {"", 0}, {" \n", 0}, {"a bcd\nef", 3}, {" ab", 2}, {"abc\tde ", 3}};
+    int length;
+  } cases[] = {{"", 0}, {" \n", 0}, {"a bcd\nef", 3}, {" ab", 2}, {"abc\tde ", 3}};
   for (const auto& c : cases)
-    EXPECT_EQ(longestWord(c.text), c.length) << (c.text ? c.text : "(null)");
+    EXPECT_EQ(longestWord(QString::fromLatin1(c.text)), c.length) << c.text;
 }

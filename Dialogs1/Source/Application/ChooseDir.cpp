@@ -7,9 +7,9 @@
 #include "HostSupport/Parsing.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "Pieces/Captions.h"
+#include "Pieces/Messages.h"
 
 #include <QDir>
-#include <QMessageBox>
 
 // The third argument is a filter word that scripts pass; a tree of directories has nothing to
 // filter.
@@ -74,10 +74,8 @@ void ChooseDir::createDirectoryButton_clicked() {
     openTree(sp_GetFullPath(toYs(*text))); // one without a root was made in the working directory
     return;
   }
-  QMessageBox box(QMessageBox::Warning, tr("Cannot Create Directory"),
-                  tr("Cannot create directory %1").arg(shownCaption(*text)), QMessageBox::Ok, this);
-  box.setTextFormat(Qt::PlainText);
-  box.exec();
+  warn(this, tr("Cannot Create Directory"),
+       tr("Cannot create directory %1").arg(shownCaption(*text)));
 }
 
 void ChooseDir::openTree(const YString& path) {

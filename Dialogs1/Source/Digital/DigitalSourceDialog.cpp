@@ -4,6 +4,7 @@
 #include "HostSupport/DigitalSource.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "Pieces/ListRows.h"
+#include "Pieces/Messages.h"
 
 #include <QMessageBox>
 #include <QRegularExpressionValidator>
@@ -102,8 +103,7 @@ bool DigitalSourceDialog::readDefinition(Timetable* table) {
   if (readTable(Tocs(form.definitionTextBox->toPlainText()), form.outputNamesListBox->count(),
                 table, &error))
     return true;
-  QMessageBox::warning(this, tr("Source Definition Error"),
-                       tr("Source definition error: %1").arg(toQs(error)));
+  warn(this, tr("Source Definition Error"), tr("Source definition error: %1").arg(toQs(error)));
   return false;
 }
 

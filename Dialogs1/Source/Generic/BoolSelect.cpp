@@ -53,7 +53,7 @@ void BoolSelect::prepareDialog(UserFunctionInterface* args, UserDataType type) {
   const QString groupTitle = shownCaption(toQs(getString(GroupTitle)));
   if (!groupTitle.isEmpty())
     form.groupBox->setTitle(groupTitle);
-  const QString heading = shownCaption(toQs(getString(Heading)));
+  const QString heading = labelText(toQs(getString(Heading)));
   int firstRow = 0;
   if (!heading.isEmpty()) {
     auto* label = new Label(form.groupBox);

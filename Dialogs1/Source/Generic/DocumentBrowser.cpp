@@ -1,12 +1,10 @@
 #include "Generic/DocumentBrowser.h"
 
-#include "Core/Generic/RichText.h"
+#include "HostSupportQt/RichText.h"
 
-#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QImageReader>
 #include <QTextCodec>
 #include <QTextDocument>
 
@@ -14,9 +12,9 @@ namespace {
 
 constexpr int shownColumns = 72;
 constexpr int shownLines = 22;
-constexpr qint64 largestFile = 32 << 20;         // longer ones take seconds to lay out
-constexpr qint64 largestPicture = 64'000'000;    // pixels
-constexpr std::size_t longestWordToBreak = 5000; // bytes
+constexpr qint64 largestFile = 32 << 20;  // longer ones take seconds to lay out
+constexpr qint64 mostPixels = 64'000'000; // of all pictures of a document
+constexpr int longestWordToBreak = 5000;
 
 /// A file's name may look like a URL; one that stands for a file is that file.
 QUrl documentUrl(const QString& name) {
@@ -54,27 +52,22 @@ QString textOf(const QByteArray& bytes) {
   return codec->toUnicode(bytes).remove(QChar::Null);
 }
 
-bool isTooDeep(const QString& text) {
-  return nestsTooDeep(text.toUtf8().constData());
-}
-
 bool isWebPage(const QUrl& url) {
   return url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
 }
 
-QByteArray dataOf(const QUrl& dataUrl) {
-  const QByteArray data = dataUrl.path(QUrl::FullyEncoded).toLatin1();
-  const int comma = data.indexOf(',');
-  const QByteArray payload = QByteArray::fromPercentEncoding(data.mid(comma + 1));
-  return data.left(comma).endsWith(";base64") ? QByteArray::fromBase64(payload) : payload;
+/// Whether a file is in the folder of the document that asks for it, or below.
+bool liesBeside(const QUrl& file, const QUrl& document) {
+  if (!document.isLocalFile() || !file.isLocalFile() || file.host() != document.host())
+    return false;
+  const QString path = QDir::cleanPath(file.toLocalFile());
+  const QString folder = QFileInfo(document.toLocalFile()).path();
+  return path.startsWith(folder.endsWith(QLatin1Char('/')) ? folder : folder + QLatin1Char('/')) &&
+         !path.contains(QLatin1Char('\\'));
 }
 
-QImage pictureOf(const QByteArray& bytes) {
-  QBuffer buffer;
-  buffer.setData(bytes);
-  QImageReader reader(&buffer);
-  const QSize size = reader.size(); // before the memory for it is taken
-  return qint64(size.width()) * size.height() <= largestPicture ? reader.read() : QImage();
+QString asWritten(const QString& text, const QString& reason) {
+  return reason + QStringLiteral("\n\n") + text;
 }
 
 } // namespace
@@ -89,8 +82,9 @@ QSize DocumentBrowser::sizeHint() const {
 }
 
 void DocumentBrowser::showText(const QString& text) {
-  if (isTooDeep(text))
-    setPlainText(text);
+  const QString fault = Qt::mightBeRichText(text) ? layoutFault(text) : QString();
+  if (!fault.isEmpty())
+    setPlainText(asWritten(text, tr("This text is shown as it is written, since %1.").arg(fault)));
   else
     setText(text);
   wrapLongWords();
@@ -102,22 +96,32 @@ void DocumentBrowser::showDocument(const QString& name) {
 }
 
 QVariant DocumentBrowser::loadResource(int type, const QUrl& name) {
-  const QUrl url = source().resolved(name);
-  if (type == QTextDocument::HtmlResource || type == QTextDocument::MarkdownResource)
-    return documentText(type, url);
+  if (type == QTextDocument::HtmlResource || type == QTextDocument::MarkdownResource) {
+    m_document = source().resolved(name); // which the source becomes only later
+    return documentText(type, m_document);
+  }
+  const QUrl url = m_document.resolved(name);
   QByteArray bytes;
   if (url.scheme() == QLatin1String("data"))
     bytes = dataOf(url);
-  else if (url.host() == source().host())
-    readFile(localPath(url), &bytes);
-  // Never null: the document would then look for the file itself.
+  else if (url.scheme() == QLatin1String("qrc") || liesBeside(url, m_document))
+    readFile(url.scheme() == QLatin1String("qrc") ? QLatin1Char(':') + url.path() : localPath(url),
+             &bytes);
   if (type == QTextDocument::ImageResource)
-    return pictureOf(bytes);
-  return textOf(bytes).append(QLatin1Char('\n'));
+    return picture(bytes);
+  const QString sheet = textOf(bytes);
+  return isTooLargeSheet(sheet) ? QString(QLatin1Char('\n')) : sheet + QLatin1Char('\n');
+}
+
+QImage DocumentBrowser::picture(const QByteArray& bytes) {
+  const QImage picture = pictureOf(bytes, m_pixelsLeft);
+  m_pixelsLeft -= qint64(picture.width()) * picture.height();
+  return picture;
 }
 
 QString DocumentBrowser::documentText(int type, const QUrl& url) {
   m_plainText.clear();
+  m_pixelsLeft = mostPixels;
   const QString path = localPath(url);
   const QString shownName =
       (path.isEmpty() ? url.toDisplayString() : QDir::toNativeSeparators(path)).toHtmlEscaped();
@@ -130,9 +134,16 @@ QString DocumentBrowser::documentText(int type, const QUrl& url) {
   const QString text = textOf(bytes);
   if (text.isEmpty())
     return tr("<p>The document %1 is empty.</p>").arg(shownName);
-  const bool isRich = type == QTextDocument::MarkdownResource || Qt::mightBeRichText(text);
-  if (isRich && !isTooDeep(text))
-    return text;
+  if (type != QTextDocument::MarkdownResource && !Qt::mightBeRichText(text))
+    return plainDocument(text);
+  const QString fault = layoutFault(text);
+  return fault.isEmpty()
+             ? text
+             : plainDocument(asWritten(
+                   text, tr("This document is shown as it is written, since %1.").arg(fault)));
+}
+
+QString DocumentBrowser::plainDocument(const QString& text) {
   m_plainText = text;
   return QStringLiteral(" "); // the base class wants something, and reads it as rich text
 }
@@ -144,7 +155,7 @@ void DocumentBrowser::finishDocument() {
 }
 
 void DocumentBrowser::wrapLongWords() {
-  const bool hasLongWord = longestWord(toPlainText().toUtf8().constData()) > longestWordToBreak;
+  const bool hasLongWord = longestWord(toPlainText()) > longestWordToBreak;
   setWordWrapMode(hasLongWord ? QTextOption::WrapAnywhere
                               : QTextOption::WrapAtWordBoundaryOrAnywhere);
 }

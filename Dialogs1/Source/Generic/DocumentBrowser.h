@@ -3,8 +3,8 @@
 #include <QTextBrowser>
 
 /// Shows a text, or a document of this computer, that a script hands in. It fetches nothing by
-/// itself but files that lie where the document does; links go to the system's browser, and those
-/// to local documents open here.
+/// itself but files that lie where the document does or below, and at most 64 million points of
+/// pictures; links go to the system's browser, and those to local documents open here.
 class DocumentBrowser : public QTextBrowser {
   Q_OBJECT
 
@@ -21,8 +21,12 @@ protected:
 
 private:
   QString documentText(int type, const QUrl& url);
+  QString plainDocument(const QString& text);
+  QImage picture(const QByteArray& bytes);
   void finishDocument();
   void wrapLongWords();
 
+  QUrl m_document;     ///< the one that asks for pictures and style sheets
   QString m_plainText; ///< of a document that is not to be read as rich text; null for none
+  qint64 m_pixelsLeft; ///< that further pictures may have
 };

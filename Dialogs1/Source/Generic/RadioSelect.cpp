@@ -51,7 +51,7 @@ void RadioSelect::prepareDialog(UserFunctionInterface* args, UserDataType type) 
 void RadioSelect::initialiseDialog() {
   const Texts settings = texts(Settings);
   load(settings.has(Title) ? settings.text(Title) : windowTitle(),
-       shownCaption(settings.text(Heading)), shownCaption(settings.text(Option)));
+       labelText(settings.text(Heading)), shownCaption(settings.text(Option)));
 
   const Texts passed = texts(Captions);
   QStringList captions;

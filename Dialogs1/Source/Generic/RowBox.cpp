@@ -61,7 +61,7 @@ void RowBox::hideSelectButtons() {
 
 void RowBox::addCaptioned(QWidget* field, const QString& caption, int row, int column) {
   // Not a buddy: the caption is the script's, and an ampersand in it is meant to be seen.
-  form.groupBoxLayout->addWidget(new QLabel(shownCaption(caption), form.groupBox), row, column);
+  form.groupBoxLayout->addWidget(new QLabel(labelText(caption), form.groupBox), row, column);
   addSelfCaptioned(field, caption, row, column + 1, 1);
 }
 

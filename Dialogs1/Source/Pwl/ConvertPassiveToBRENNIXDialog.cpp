@@ -3,6 +3,7 @@
 #include "Frame/ScriptFunction.h"
 #include "HostSupport/HostSupport.h"
 #include "HostSupportQt/HostSupportQt.h"
+#include "Pieces/Messages.h"
 #include "Pwl/PassiveToBRENNIXPlotter.h"
 #include "graphimagecapture_dynexport.h"
 
@@ -217,7 +218,7 @@ HostAnswer<PwlPoints> ConvertPassiveToBRENNIXDialog::fitCurve(const PwlPoints& i
 }
 
 bool ConvertPassiveToBRENNIXDialog::refuse(const QString& fault) {
-  QMessageBox::warning(isVisible() ? this : parentWidget(), tr("Cannot convert"), fault);
+  warn(isVisible() ? this : parentWidget(), tr("Cannot convert"), fault);
   return false;
 }
 

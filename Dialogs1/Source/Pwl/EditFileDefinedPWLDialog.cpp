@@ -6,6 +6,7 @@
 #include "HostSupport/HostSupport.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "Pieces/Captions.h"
+#include "Pieces/Messages.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -220,9 +221,8 @@ void EditFileDefinedPWLDialog::comboboxF11FileName_IndexChanged(const QString& f
 void EditFileDefinedPWLDialog::loadFile(const QString& path) {
   std::FILE* file = fopen_utf8(Tocs(path), "r");
   if (!file) {
-    QMessageBox::warning(
-        this, tr("Points File"),
-        tr("%1 cannot be read: %2.").arg(path, QString::fromLocal8Bit(std::strerror(errno))));
+    warn(this, tr("Points File"),
+         tr("%1 cannot be read: %2.").arg(path, QString::fromLocal8Bit(std::strerror(errno))));
     return;
   }
   LineStore read;
@@ -311,7 +311,8 @@ void EditFileDefinedPWLDialog::handleErrorMessages() {
     if (id != fileIsEmpty && id != hasTooFewPoints)
       continue;
     title = id == fileIsEmpty ? tr("File is empty") : tr("Less than two data points");
-    text = tr("The file\n\n  %1\n\n%2").arg(fileName(), message.text);
+    warn(this, title, tr("The file\n\n  %1\n\n%2").arg(fileName(), message.text));
+    return;
   }
   QMessageBox::warning(this, title, text);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "HostSupportQt/RichText.h"
+
 #include <QCoreApplication>
 #include <QTableWidget>
 #include <QWidget>
@@ -47,7 +49,7 @@ class ErrorPWLTableItem : public QTableWidgetItem {
 public:
   ErrorPWLTableItem(const QString& text, const QString& message) : QTableWidgetItem(text) {
     setForeground(QColor(255, 0, 0));
-    setToolTip(message);
+    setToolTip(harmlessText(message));
   }
   ~ErrorPWLTableItem() override = default;
 };
