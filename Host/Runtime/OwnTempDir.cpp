@@ -21,7 +21,7 @@ void setPresent(const QString& path) {
   present = path;
 }
 
-const QString folderName = QStringLiteral("dialoghost-XXXXXX");
+constexpr char folderName[] = "dialoghost-XXXXXX";
 
 QString lockIn(const QString& folder) {
   return folder + QStringLiteral("/.in-use");
@@ -37,7 +37,8 @@ bool isAbandoned(const QString& folder) {
 }
 
 void removeAbandoned(const QFileInfo& own) {
-  const QString pattern = QString(folderName).replace(QLatin1Char('X'), QLatin1Char('?'));
+  const QString pattern =
+      QString::fromLatin1(folderName).replace(QLatin1Char('X'), QLatin1Char('?'));
   const QFileInfoList folders =
       own.dir().entryInfoList({pattern}, QDir::Dirs | QDir::NoSymLinks | QDir::NoDotAndDotDot);
   for (const QFileInfo& folder : folders)
@@ -49,7 +50,8 @@ void removeAbandoned(const QFileInfo& own) {
 } // namespace
 
 OwnTempDir::OwnTempDir()
-    : m_folder(QDir::tempPath() + QLatin1Char('/') + folderName), m_inUse(lockIn(m_folder.path())) {
+    : m_folder(QDir::tempPath() + QLatin1Char('/') + QLatin1String(folderName)),
+      m_inUse(lockIn(m_folder.path())) {
   if (!m_folder.isValid()) {
     sp_ReportMessage(Tocs(QStringLiteral("No temporary folder of its own can be made in %1: %2. "
                                          "The common one is used.")
