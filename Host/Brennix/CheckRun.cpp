@@ -1,5 +1,6 @@
 #include "CheckRun.h"
 
+#include "HostSupport/Files.h"
 #include "PointsCheck.h"
 
 #include <QDir>
@@ -8,20 +9,13 @@
 
 namespace {
 
-constexpr qint64 largestFile = qint64(1) << 30; // bytes
+constexpr std::uint64_t largestFile = 1'000'000'000; // bytes
 
-/// The whole of an ordinary file: a pipe or a device would keep the run waiting.
-bool readFile(const QString& path, QByteArray* contents, QString* reason) {
-  QFile file(path);
-  if (!QFileInfo(path).isFile())
-    *reason = QStringLiteral("there is no such file");
-  else if (file.size() > largestFile)
-    *reason = QStringLiteral("it is too large");
-  else if (file.open(QIODevice::ReadOnly))
-    *contents = file.readAll();
-  if (reason->isEmpty() && file.error() != QFileDevice::NoError)
-    *reason = file.errorString();
-  return reason->isEmpty();
+bool readFile(const QString& path, std::string* contents, QString* reason) {
+  YString fault;
+  const bool isRead = sp_ReadPlainFile(path.toUtf8().constData(), contents, &fault, largestFile);
+  *reason = QString::fromUtf8(fault);
+  return isRead;
 }
 
 bool canRead(const QString& path) {
@@ -49,10 +43,10 @@ bool readSwitches(const QStringList& switches, QString* problem) {
   return problem->isEmpty();
 }
 
-QStringList pointsFiles(const QByteArray& deck) {
+QStringList pointsFiles(const std::string& deck) {
   static const QLatin1String source("FDPWL file=\"");
   QStringList files;
-  const QStringList lines = QString::fromUtf8(deck).split(QLatin1Char('\n'));
+  const QStringList lines = QString::fromStdString(deck).split(QLatin1Char('\n'));
   for (const QString& line : lines) {
     const QString plain = line.trimmed();
     if (plain.compare(QLatin1String(".END"), Qt::CaseInsensitive) == 0)
@@ -68,11 +62,11 @@ QStringList pointsFiles(const QByteArray& deck) {
 }
 
 QVector<Fault> faultsOf(const QString& pointsFile) {
-  QByteArray points;
+  std::string points;
   QString reason;
   QVector<Fault> faults;
   if (readFile(pointsFile, &points, &reason))
-    faults = checkPoints({points.constData(), static_cast<std::size_t>(points.size())}, canRead);
+    faults = checkPoints(points, canRead);
   else
     faults.append({FaultNumber::FileUnreadable, 0,
                    QStringLiteral("The file cannot be read: %1.").arg(reason)});
@@ -82,10 +76,12 @@ QVector<Fault> faultsOf(const QString& pointsFile) {
 }
 
 QString writeMessages(const QString& path, const QByteArray& messages) {
-  if (messages.isEmpty()) {
-    const bool isGone = !QFileInfo::exists(path) || QFile::remove(path);
-    return isGone ? QString() : QStringLiteral("%1 cannot be removed").arg(path);
-  }
+  const QFileInfo old(path); // what it links to is no message file
+  const bool isGone = (!old.exists() && !old.isSymLink()) || QFile::remove(path);
+  if (!isGone)
+    return QStringLiteral("%1 cannot be removed").arg(path);
+  if (messages.isEmpty())
+    return QString();
   QSaveFile file(path); // all of it or nothing: half a list would pass for the whole
   const bool isWritten =
       file.open(QIODevice::WriteOnly) && file.write(messages) == messages.size() && file.commit();
@@ -102,7 +98,7 @@ QString runCheck(const QStringList& words) {
   QString problem;
   if (!readSwitches(words.mid(0, words.size() - 1), &problem))
     return problem;
-  QByteArray deck;
+  std::string deck;
   if (!readFile(deckPath, &deck, &problem))
     return QStringLiteral("the deck %1 cannot be read: %2").arg(deckPath, problem);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLockFile>
 #include <QTemporaryDir>
 
 #include <utility>
@@ -7,7 +8,8 @@
 
 /// A temporary folder of this process alone, for all that it and the programs that it starts put
 /// aside under names of their own choice: while the object stands, the environment names it as the
-/// temporary folder. It goes with the object. One at a time.
+/// temporary folder. It goes with the object; what this user's processes that were killed have left
+/// goes when the next one starts. Where none can be made, that is reported. One at a time.
 class OwnTempDir {
 public:
   OwnTempDir();
@@ -20,5 +22,6 @@ public:
 
 private:
   QTemporaryDir m_folder;
+  QLockFile m_inUse;                                        ///< held as long as the process lives
   std::vector<std::pair<const char*, QByteArray>> m_before; ///< null: not set
 };

@@ -2,8 +2,6 @@
 
 #include "HostSupport/System.h"
 
-#include "Platform.h"
-
 #include <atomic>
 #include <cerrno>
 #include <mutex>
@@ -69,21 +67,38 @@ int unlinkFile(const char* path) {
   return fileOperationMayRun() ? platformUnlink(path) : -1;
 }
 
-ReadStatus readWholeFile(const std::string& path, std::size_t limit, std::string* bytes) {
-  bytes->clear();
-  std::error_code error;
+std::FILE* createFile(const char* path, Readers readers) {
+  if (unlinkFile(path) != 0 && errno != ENOENT)
+    return nullptr;
+  return fileOperationMayRun() ? platformCreateFile(path, readers) : nullptr;
+}
+
+ReadStatus openPlainFile(const std::string& path, std::uint64_t limit, std::FILE** file) {
+  *file = nullptr;
   const fs::path place = pathOf(path);
+  std::error_code error;
   if (fs::symlink_status(place, error).type() == fs::file_type::not_found)
     return ReadStatus::Missing;
-  // To open a pipe would wait for its writer.
-  if (!fs::is_regular_file(place, error))
+  const fs::file_status status = fs::status(place, error);
+  if (fs::exists(status) && !fs::is_regular_file(status))
+    return ReadStatus::NotPlain;
+  const std::uint64_t size = fs::file_size(place, error);
+  if (!succeeded(error))
     return ReadStatus::Unreadable;
-  std::FILE* file = openFile(path.c_str(), "rb");
+  if (size > limit)
+    return ReadStatus::TooLarge;
+  *file = fileOperationMayRun() ? platformOpenPlainFile(path.c_str()) : nullptr;
+  return *file ? ReadStatus::Read : ReadStatus::Unreadable;
+}
+
+ReadStatus readWholeFile(const std::string& path, std::uint64_t limit, std::string* bytes) {
+  bytes->clear();
+  std::FILE* file = nullptr;
+  ReadStatus status = openPlainFile(path, limit, &file);
   if (!file)
-    return ReadStatus::Unreadable;
+    return status;
   char chunk[16384];
   std::size_t count = 0;
-  ReadStatus status = ReadStatus::Read;
   do {
     count = fileOperationMayRun() ? std::fread(chunk, 1, sizeof chunk, file) : 0;
     bytes->append(chunk, count);
@@ -92,7 +107,9 @@ ReadStatus readWholeFile(const std::string& path, std::size_t limit, std::string
   } while (count == sizeof chunk && status == ReadStatus::Read);
   if (status == ReadStatus::Read && !std::feof(file))
     status = ReadStatus::Unreadable;
+  const int reason = errno;
   std::fclose(file);
+  errno = reason;
   return status;
 }
 
@@ -108,7 +125,7 @@ bool replaceFile(const std::string& path, std::string_view bytes) {
   }
   // The one name will do, since the caller holds the lock; so no leftovers pile up.
   const std::string next = path + ".new";
-  std::FILE* file = openFile(next.c_str(), "wb");
+  std::FILE* file = createFile(next.c_str(), Readers::AsUsual);
   if (!file)
     return false;
   if (writeAndClose(file, bytes)) {
@@ -149,7 +166,7 @@ std::string makeUniqueFile(const std::string& folder) {
       number = random();
     }
     const std::string path = folder + "/kv-" + std::to_string(number) + ".tmp";
-    if (std::FILE* file = platformCreateFile(path.c_str())) {
+    if (std::FILE* file = platformCreateFile(path.c_str(), Readers::Owner)) {
       std::fclose(file);
       return path;
     }

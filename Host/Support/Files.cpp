@@ -9,6 +9,7 @@
 #include "SettingsFolder.h"
 
 #include <QDir>
+#include <QLocale>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -117,6 +118,12 @@ bool sp_MakeDir(const YString& path) {
 
 bool sp_MakeTree(YString path) {
   return !path.isEmpty() && makeFolders(textOf(folderPath(path))) && sp_ExistDir(path);
+}
+
+bool sp_MakePrivateDir(const YString& path) {
+  const std::string folder = textOf(folderPath(path));
+  return !path.isEmpty() && makeFolders(textOf(pathOf(folder).parent_path())) &&
+         fileOperationMayRun() && platformMakePrivateDir(folder.c_str());
 }
 
 bool sp_DirectoryIsWriteable(const YString& path) {
@@ -328,6 +335,61 @@ int unlink_utf8(const char* path) {
     return -1;
   }
   return unlinkFile(path);
+}
+
+namespace {
+
+/// "1.2 GB"
+std::string sizeText(std::uint64_t bytes) {
+  const QString text =
+      QLocale::c().formattedDataSize(static_cast<qint64>(bytes), 1, QLocale::DataSizeSIFormat);
+  return QString(text).remove(QLatin1String(".0")).toStdString();
+}
+
+std::string faultOf(const fs::path& path, ReadStatus status, std::uint64_t limit) {
+  std::error_code error;
+  switch (status) {
+  case ReadStatus::Missing:
+    return std::strerror(ENOENT);
+  case ReadStatus::NotPlain:
+    return fs::is_directory(path, error) ? "it is a folder" : "it is no plain file";
+  case ReadStatus::TooLarge:
+    return "it has " + sizeText(std::max(fs::file_size(path, error), limit)) +
+           ", and no more than " + sizeText(limit) + " are read";
+  case ReadStatus::Unreadable:
+    return std::strerror(errno);
+  case ReadStatus::Read:
+    break;
+  }
+  return {};
+}
+
+/// True where the file was read; else says why not.
+bool wasRead(const char* path, ReadStatus status, std::uint64_t limit, YString* fault) {
+  if (fault)
+    *fault = YString(faultOf(pathOf(path), status, limit));
+  return status == ReadStatus::Read;
+}
+
+} // namespace
+
+std::FILE* sp_OpenPlainFile(const char* path, YString* fault, std::uint64_t limit) {
+  std::FILE* file = nullptr;
+  const char* const name = path ? path : "";
+  wasRead(name, openPlainFile(name, limit, &file), limit, fault);
+  return file;
+}
+
+bool sp_ReadPlainFile(const char* path, std::string* bytes, YString* fault, std::uint64_t limit) {
+  const char* const name = path ? path : "";
+  const bool isRead = wasRead(name, readWholeFile(name, limit, bytes), limit, fault);
+  if (!isRead)
+    bytes->clear();
+  return isRead;
+}
+
+std::FILE* sp_CreateFile(const char* path) {
+  return createFile(path ? path : "", Readers::Owner);
 }
 
 bool sp_ReadNextLine(std::FILE* file, YString* line) {

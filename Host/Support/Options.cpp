@@ -46,11 +46,12 @@ bool find(SettingsFile Store::*file, const std::string& section, const char* key
   });
 }
 
-bool write(SettingsFile Store::*file, const std::vector<SettingsFile::Change>& changes) {
+bool write(SettingsFile Store::*file, const std::vector<SettingsFile::Change>& changes,
+           SettingsFile::Worth worth = SettingsFile::Worth::Set) {
   for (const SettingsFile::Change& change : changes)
     if (change.key.empty())
       return false;
-  return withFile(file, [&](SettingsFile& settings) { return settings.write(changes); });
+  return withFile(file, [&](SettingsFile& settings) { return settings.write(changes, worth); });
 }
 
 SettingsFile::Change changeOf(const OptionSetting& setting) {
@@ -169,11 +170,20 @@ int cfgman_GetConfigSetting(const char* section, const char* key, char* buffer, 
   return 1;
 }
 
-int cfgman_WriteConfigSetting(const char* section, const char* key, const char* value) {
+static bool writeSetting(const char* section, const char* key, const char* value,
+                         SettingsFile::Worth worth) {
   if (!section)
-    return 0;
+    return false;
   SettingsFile::Change change{section, key ? key : "", std::nullopt};
   if (value)
     change.value = value;
-  return write(&Store::settings, {change}) ? 1 : 0;
+  return write(&Store::settings, {change}, worth);
+}
+
+int cfgman_WriteConfigSetting(const char* section, const char* key, const char* value) {
+  return writeSetting(section, key, value, SettingsFile::Worth::Set) ? 1 : 0;
+}
+
+bool sp_RememberSetting(const char* section, const char* key, const char* value) {
+  return writeSetting(section, key, value, SettingsFile::Worth::Remembered);
 }

@@ -154,12 +154,22 @@ std::FILE* platformOpenFile(const char* path, const char* mode) {
   return _wfopen(wide(path).c_str(), std::wstring(mode, mode + std::strlen(mode)).c_str());
 }
 
-std::FILE* platformCreateFile(const char* path) {
+std::FILE* platformOpenPlainFile(const char* path) {
+  return platformOpenFile(path, "rb"); // a pipe has no name among the files
+}
+
+std::FILE* platformCreateFile(const char* path, Readers) {
   int descriptor = -1;
   _wsopen_s(&descriptor, wide(path).c_str(),
             _O_CREAT | _O_EXCL | _O_WRONLY | _O_BINARY | _O_NOINHERIT, _SH_DENYNO,
             _S_IREAD | _S_IWRITE);
   return descriptor == -1 ? nullptr : _fdopen(descriptor, "wb");
+}
+
+bool platformMakePrivateDir(const char* path) {
+  std::error_code error;
+  std::filesystem::create_directory(platformPath(path), error);
+  return std::filesystem::is_directory(platformPath(path), error);
 }
 
 int platformUnlink(const char* path) {
@@ -323,9 +333,37 @@ std::FILE* platformOpenFile(const char* path, const char* mode) {
   return std::fopen(path, mode);
 }
 
-std::FILE* platformCreateFile(const char* path) {
-  const int descriptor = ::open(path, O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, S_IRUSR | S_IWUSR);
+std::FILE* platformOpenPlainFile(const char* path) {
+  // Looked at once it is open: what bore the name before may have been another file.
+  const int descriptor = ::open(path, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+  if (descriptor == -1)
+    return nullptr;
+  struct stat status;
+  if (::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode))
+    return ::fdopen(descriptor, "rb");
+  ::close(descriptor);
+  errno = EINVAL;
+  return nullptr;
+}
+
+std::FILE* platformCreateFile(const char* path, Readers readers) {
+  const mode_t mode = readers == Readers::Owner ? 0600 : 0666;
+  const int descriptor = ::open(path, O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, mode);
   return descriptor == -1 ? nullptr : ::fdopen(descriptor, "wb");
+}
+
+bool platformMakePrivateDir(const char* path) {
+  if (::mkdir(path, S_IRWXU) != 0 && errno != EEXIST)
+    return false;
+  struct stat own; // a link that somebody else may turn round is not ours, wherever it leads
+  struct stat told;
+  if (::lstat(path, &own) != 0 || ::stat(path, &told) != 0)
+    return false;
+  if (!S_ISDIR(told.st_mode) || own.st_uid != ::geteuid() || told.st_uid != ::geteuid()) {
+    errno = EPERM;
+    return false;
+  }
+  return (told.st_mode & (S_IRWXG | S_IRWXO)) == 0 || ::chmod(path, S_IRWXU) == 0;
 }
 
 int platformUnlink(const char* path) {

@@ -15,8 +15,14 @@ std::filesystem::path platformPath(std::string_view utf8);
 std::string platformText(const std::filesystem::path& path);
 
 std::FILE* platformOpenFile(const char* path, const char* mode);
-/// Opens a file that must not exist yet, for writing, readable by its owner only.
-std::FILE* platformCreateFile(const char* path);
+/// Opens what is a plain file at this moment for reading; never waits, as to open a pipe would.
+std::FILE* platformOpenPlainFile(const char* path);
+enum class Readers { Owner, AsUsual };
+/// Opens a file that must not exist yet, for writing.
+std::FILE* platformCreateFile(const char* path, Readers readers);
+/// Makes a folder that belongs to this user and is closed to others, or closes one that does; false
+/// with `errno` set. Where folders of users are closed by themselves, any will do.
+bool platformMakePrivateDir(const char* path);
 int platformUnlink(const char* path);
 /// Puts a file in the place of another, if there is one; false with `errno` set.
 bool platformRename(const char* from, const char* to);

@@ -1,5 +1,7 @@
 #include "SettingsFile.h"
 
+#include "HostSupport/OptionValue.h"
+
 #include "FileAccess.h"
 #include "SettingsFolder.h"
 
@@ -16,7 +18,14 @@ namespace {
 
 // No settings are so long; what is has been damaged.
 constexpr std::size_t sizeLimit = 64 * 1024 * 1024;
-constexpr int lockTimeout = 10'000; // ms
+
+// How long a change of each worth waits for the lock, and how long after it has waited in vain.
+// Then no change waits so long again for a while: a dialog that stores several would wait for each.
+constexpr struct {
+  int first; // ms
+  int again; // ms
+} lockWaits[] = {{100, 0}, {10'000, 100}};
+constexpr std::chrono::seconds busyTime{30};
 
 // Clocks of file systems tick this slowly at worst. A file that was read sooner after its change
 // may have changed again within the same tick, under the number of a file that is gone.
@@ -36,11 +45,31 @@ std::string storedText(const std::string& text) {
   return qtText(text).toStdString();
 }
 
+/// Why a file cannot be written, behind the words that it cannot.
+std::string reasonOf(int error) {
+  if (error == EWOULDBLOCK) // only a lock is told so
+    return ": another program is using it";
+  return error ? std::string(": ") + std::strerror(error) : std::string();
+}
+
+/// Numbers and flags are what a user may have written by hand; null is no value.
+std::optional<std::string> readText(const QJsonValue& value) {
+  if (value.isString())
+    return value.toString().toStdString();
+  if (value.isBool())
+    return OptionValue(value.toBool()).toText().c_str();
+  if (value.isDouble())
+    return OptionValue(value.toDouble()).toText().c_str();
+  return std::nullopt;
+}
+
 template <class Section> bool parseSection(const QJsonObject& object, Section* section) {
   for (auto entry = object.begin(); entry != object.end(); ++entry) {
-    if (!entry->isString())
+    const std::optional<std::string> text = readText(*entry);
+    if (text)
+      section->emplace(entry.key().toStdString(), *text);
+    else if (!entry->isNull())
       return false;
-    section->emplace(entry.key().toStdString(), entry->toString().toStdString());
   }
   return true;
 }
@@ -93,6 +122,20 @@ std::string SettingsFile::serialise(const Contents& contents) const {
   return QJsonDocument(root).toJson().toStdString();
 }
 
+/// Where a link leads, although nothing may stand there yet. The link itself where there is no
+/// folder for it either, as that of a disk that is not there, or where links go round in a circle.
+static std::filesystem::path behindLinks(const std::filesystem::path& link) {
+  constexpr int mostLinks = 40;
+  std::error_code error;
+  std::filesystem::path place = link;
+  for (int i = 0; std::filesystem::is_symlink(place, error); ++i) {
+    place = place.parent_path() / std::filesystem::read_symlink(place, error);
+    if (error || i == mostLinks)
+      return link;
+  }
+  return std::filesystem::is_directory(place.parent_path(), error) ? place : link;
+}
+
 /// Finds the file. A link leads to where the file, its lock and its successor stand.
 void SettingsFile::locate() {
   std::string linkPath = std::string(settingsFolder()) + "/" + m_name;
@@ -105,11 +148,8 @@ void SettingsFile::locate() {
   m_path = m_linkPath;
   std::error_code error;
   const std::filesystem::path link = pathOf(m_linkPath);
-  if (std::filesystem::is_symlink(link, error)) {
-    const std::filesystem::path target = std::filesystem::canonical(link, error);
-    if (!error)
-      m_path = textOf(target);
-  }
+  if (std::filesystem::is_symlink(link, error))
+    m_path = textOf(behindLinks(link));
 }
 
 SettingsFile::State SettingsFile::load() {
@@ -122,6 +162,7 @@ SettingsFile::State SettingsFile::load() {
   m_contents.clear();
   std::string bytes;
   switch (readWholeFile(m_path, sizeLimit, &bytes)) {
+  case ReadStatus::NotPlain:
   case ReadStatus::Unreadable:
     report(&m_lastReadMessage, m_path + " cannot be read. Defaults are used.");
     return State::Unreadable;
@@ -165,14 +206,24 @@ bool SettingsFile::setAside() {
   return moved;
 }
 
-bool SettingsFile::acquire(PlatformLock* lock) {
-  return fileOperationMayRun() && lock->acquire((m_path + ".lock").c_str(), lockTimeout);
+bool SettingsFile::acquire(PlatformLock* lock, Worth worth) {
+  using Clock = std::chrono::steady_clock;
+  const auto index = static_cast<std::size_t>(worth);
+  const auto& waits = lockWaits[index];
+  const int wait = Clock::now() < m_busyUntil[index] ? waits.again : waits.first;
+  const bool acquired = fileOperationMayRun() && lock->acquire((m_path + ".lock").c_str(), wait);
+  // Whoever has waited long has waited short as well.
+  for (std::size_t i = 0; i <= index && errno == EWOULDBLOCK && !acquired; ++i)
+    m_busyUntil[i] = Clock::now() + busyTime;
+  if (acquired)
+    std::fill(std::begin(m_busyUntil), std::end(m_busyUntil), Clock::time_point());
+  return acquired;
 }
 
 const std::string* SettingsFile::find(const std::string& section, const std::string& key) {
   if (load() == State::Damaged) {
     PlatformLock lock;
-    if (acquire(&lock))
+    if (acquire(&lock, Worth::Remembered))
       loadLocked();
     else
       report(&m_lastReadMessage, m_path + " is damaged. Defaults are used.");
@@ -189,7 +240,7 @@ const std::string* SettingsFile::findLoaded(const std::string& section,
   return found != foundSection->second.end() ? &found->second : nullptr;
 }
 
-bool SettingsFile::write(const std::vector<Change>& given) {
+bool SettingsFile::write(const std::vector<Change>& given, Worth worth) {
   std::size_t size = 0;
   std::vector<Change> changes;
   for (const Change& change : given) {
@@ -203,12 +254,11 @@ bool SettingsFile::write(const std::vector<Change>& given) {
   if (load() == State::Known && stand(changes))
     return true;
   errno = 0;
-  if (storeLocked(changes)) {
+  if (storeLocked(changes, worth)) {
     m_lastWriteMessage.clear();
     return true;
   }
-  report(&m_lastWriteMessage, m_path + " cannot be written" +
-                                  (errno ? std::string(": ") + std::strerror(errno) : "") + ".");
+  report(&m_lastWriteMessage, m_path + " cannot be written" + reasonOf(errno) + ".");
   return false;
 }
 
@@ -219,9 +269,9 @@ bool SettingsFile::stand(const std::vector<Change>& changes) const {
   });
 }
 
-bool SettingsFile::storeLocked(const std::vector<Change>& changes) {
+bool SettingsFile::storeLocked(const std::vector<Change>& changes, Worth worth) {
   PlatformLock lock;
-  if (!makeFolders(textOf(pathOf(m_path).parent_path())) || !acquire(&lock) ||
+  if (!makeFolders(textOf(pathOf(m_path).parent_path())) || !acquire(&lock, worth) ||
       loadLocked() != State::Known)
     return false;
   if (stand(changes))

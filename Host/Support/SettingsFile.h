@@ -2,6 +2,7 @@
 
 #include "Platform.h"
 
+#include <chrono>
 #include <map>
 #include <optional>
 #include <string>
@@ -22,9 +23,12 @@ public:
 
   /// The value that the file holds now; null if there is none.
   const std::string* find(const std::string& section, const std::string& key);
+  /// How long a change may wait for another program that keeps the file busy: what is only
+  /// remembered, a window's place say, much less than what the user has set.
+  enum class Worth { Remembered, Set };
   /// Makes all the changes at once, in their order, beside what others have stored meanwhile. False
   /// if they could not be stored; nothing has changed then.
-  bool write(const std::vector<Change>& changes);
+  bool write(const std::vector<Change>& changes, Worth worth = Worth::Set);
 
   /// What the user is to be told, for when no lock is held.
   std::vector<std::string> takeMessages() { return std::exchange(m_messages, {}); }
@@ -37,10 +41,10 @@ private:
   State load();
   State loadLocked();
   bool setAside();
-  bool acquire(PlatformLock* lock);
+  bool acquire(PlatformLock* lock, Worth worth);
   const std::string* findLoaded(const std::string& section, const std::string& key) const;
   bool stand(const std::vector<Change>& changes) const;
-  bool storeLocked(const std::vector<Change>& changes);
+  bool storeLocked(const std::vector<Change>& changes, Worth worth);
   bool parse(const std::string& bytes, Contents* contents) const;
   std::string serialise(const Contents& contents) const;
   void report(std::string* last, std::string message);
@@ -52,6 +56,8 @@ private:
   Contents m_contents;
   FileStamp m_stamp;
   bool m_isCurrent = false; ///< the contents are those of the file with this stamp
+  /// Until when the file counts as busy, after changes of each worth have waited in vain.
+  std::chrono::steady_clock::time_point m_busyUntil[2];
   std::string m_lastReadMessage;
   std::string m_lastWriteMessage;
   std::vector<std::string> m_messages;

@@ -94,7 +94,7 @@ void sp_SaveWidgetDims(QWidget* widget, const YString& key) {
                            .arg(geometry.width())
                            .arg(geometry.height());
   // Writing says by itself when it fails; a forgotten window size is not worth stopping for.
-  cfgman_WriteConfigSetting(geometrySection, name, Tocs(text));
+  sp_RememberSetting(geometrySection, name, Tocs(text));
 }
 
 bool sp_RestoreWidgetDims(QWidget* widget, const YString& key) {

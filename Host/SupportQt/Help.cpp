@@ -97,7 +97,7 @@ void sp_SetHelpViewer(HelpViewer viewer) {
 }
 
 bool sp_SetHelpDir(const YString& path) {
-  std::FILE* index = fopen_utf8(YString(path.concat("/topics.txt")), "rb");
+  std::FILE* index = sp_OpenPlainFile(YString(path.concat("/topics.txt")), nullptr);
   if (!index)
     return false;
   HelpState& help = state();

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <string>
 
 // Files and paths. All texts are UTF-8. Where a text is a folder it comes without a trailing
 // separator unless it is a root.
@@ -29,6 +30,9 @@ HOSTSUPPORT_EXPORT bool sp_ExistFile(const char* path);
 HOSTSUPPORT_EXPORT bool sp_ExistDir(YString path);
 HOSTSUPPORT_EXPORT bool sp_MakeDir(const YString& path); ///< one level; true if it is there
 HOSTSUPPORT_EXPORT bool sp_MakeTree(YString path);       ///< all levels; true if it is there
+/// Makes a folder of this user that is closed to all others, or closes one that stands there; all
+/// levels. False, with `errno` set, where it is another user's, or a link of one.
+HOSTSUPPORT_EXPORT bool sp_MakePrivateDir(const YString& path);
 /// Found out by writing, since permissions do not tell the whole truth.
 HOSTSUPPORT_EXPORT bool sp_DirectoryIsWriteable(const YString& path);
 HOSTSUPPORT_EXPORT YString sp_GetFullPath(const YString& path);
@@ -61,6 +65,22 @@ HOSTSUPPORT_EXPORT bool sp_CaseSensitiveFiles();
 HOSTSUPPORT_EXPORT bool sp_IsSystemSymbolLib(const YString& path);
 HOSTSUPPORT_EXPORT std::FILE* fopen_utf8(const char* path, const char* mode);
 HOSTSUPPORT_EXPORT int unlink_utf8(const char* path);
+
+/// No file that a user or a script names is read where it is longer, unless the reader says so.
+constexpr std::uint64_t largestPlainFile = 250'000'000; // bytes
+/// Opens for reading what somebody has named. It must be a plain file: a pipe or a device may never
+/// come to its end. Null, with the reason in `*fault`, which may be null, where it is none, is
+/// longer than `limit` bytes or cannot be opened; the reason follows the words "NAME: ".
+HOSTSUPPORT_EXPORT std::FILE* sp_OpenPlainFile(const char* path, YString* fault,
+                                               std::uint64_t limit = largestPlainFile);
+/// The whole of such a file. False, with `bytes` empty, as `sp_OpenPlainFile` is null.
+HOSTSUPPORT_EXPORT bool sp_ReadPlainFile(const char* path, std::string* bytes, YString* fault,
+                                         std::uint64_t limit = largestPlainFile);
+/// Makes a new file for writing, which its owner alone may read. What bears the name is removed,
+/// never written through: it may be a pipe, or a link to a file that is none of ours. Null with
+/// `errno` set.
+HOSTSUPPORT_EXPORT std::FILE* sp_CreateFile(const char* path);
+
 /// One line without its line break (LF, CRLF or CR); any length, NUL bytes dropped. False at the
 /// end of the file.
 HOSTSUPPORT_EXPORT bool sp_ReadNextLine(std::FILE* file, YString* line);

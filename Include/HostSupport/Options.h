@@ -10,7 +10,8 @@
 // Options are plain keys without a section; settings ("configuration") have a section and a key.
 // Both persist as text. Each write goes to the file at once and atomically; writers in several
 // processes do not lose each other's keys, and readers see another process's write at their next
-// call. A damaged file is set aside beside the new one and reported (`sp_SetMessageSink`).
+// call. A damaged file is set aside beside the new one and reported (`sp_SetMessageSink`). Numbers
+// and flags that somebody wrote into a file by hand are read as texts.
 
 HOSTSUPPORT_EXPORT YString sp_GetStringOption(const char* key); ///< empty if not set
 /// True if the key is set and not false: "false", "0", "no" and "off" in any case and the empty
@@ -58,3 +59,6 @@ HOSTSUPPORT_EXPORT int cfgman_GetConfigSetting(const char* section, const char* 
 /// Non-zero on success. A null `value` removes the key.
 HOSTSUPPORT_EXPORT int cfgman_WriteConfigSetting(const char* section, const char* key,
                                                  const char* value);
+/// The same for what nobody should wait for, a window's place say. Where another program keeps the
+/// file busy it gives up after a tenth of a second, and for the next half minute at once.
+HOSTSUPPORT_EXPORT bool sp_RememberSetting(const char* section, const char* key, const char* value);

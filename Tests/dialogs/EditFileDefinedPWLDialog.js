@@ -171,6 +171,42 @@ box([["9 9"], source], d => {
   d.reject();
 });
 
+// What is no plain file might never come to its end, and what is too long takes the memory of all.
+/// Runs a program, as the host runs its simulator.
+function shell(script) {
+  host.option("SimulatorProgram", "/bin/sh");
+  command(`RunBRENNIX -c "${script}"`);
+  host.option("SimulatorProgram", null);
+}
+const temporary = `${host.tempDir()}/Kelvarin`; // where the texts of the F11 window are staged
+host.option("TempDataDir", temporary.replace("/Kelvarin", ""));
+shell(`mkdir ${temporary}; cd ${temporary}; mkfifo pipe; truncate -s 2G huge; ln -s pipe link;
+  yes '' | head -c 5000000 > lines; echo 3 4 > plain; ln -s plain other`);
+for (const [path, reason] of [
+  [`${temporary}/pipe`, "it is no plain file"],
+  ["/dev/zero", "it is no plain file"],
+  ["staged pipe", "it is no plain file"],
+  ["staged link", "it is no plain file"],
+  ["staged huge", "it has 2.1 GB, and no more than 250 MB are read"],
+  ["staged lines", "it has more than 4000004 lines"],
+  ["staged other", ""],
+]) {
+  const name = path.replace(/^staged /, "");
+  const location = name === path ? "Disk" : "F11";
+  box([["9 9"], ["0", "0", "0", "", location, "0", "V7", "pipe|link|huge|lines|other"]], d => {
+    let said = "";
+    if (location === "Disk")
+      host.onDialog(f => { f.pick(path); f.accept(); });
+    if (reason)
+      host.onDialog(m => { said = m.message().text; m.accept(); });
+    location === "Disk" ? d.click("toolButtonDiskSelectFile") : d.set("comboboxF11FileName", name);
+    check(reason ? said.endsWith(` cannot be read: ${reason}.`) : !said, `${path}: ${said}`);
+    equal(rows(d)[0], reason ? "9|9" : "3|4", path);
+    d.reject();
+  });
+}
+host.option("TempDataDir", null);
+
 // --- the syntax check, with a simulator that says what it is told to ------------------------------
 
 let said = null; // what the simulator writes; null: nothing

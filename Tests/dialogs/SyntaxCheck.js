@@ -3,10 +3,11 @@
 const grid = "pwlGrid";
 /// Opens the dialog on these lines, checks, and gives the box that came and the rows in red, with
 /// what they say.
-function checked(lines, settings = ["0", "0", "0", "scope.txt", "Disk"]) {
+function checked(lines, settings = ["0", "0", "0", "scope.txt", "Disk"], isSilent = false) {
   const seen = { marks: {} };
   host.onDialog(d => {
-    host.onDialog(m => { Object.assign(seen, m.message()); m.accept(); });
+    if (!isSilent)
+      host.onDialog(m => { Object.assign(seen, m.message()); m.accept(); });
     d.click("toolButtonCheckSyntax");
     for (let row = 0; row < d.rows(grid); ++row) {
       const cell = d.cellInfo(grid, row, 0);
@@ -113,3 +114,59 @@ check(!host.exists(folder + "/d.deck.err"), "no faults, no file");
 let fault = null;
 try { run(folder + "/none.deck"); } catch (error) { fault = error.message; }
 check(fault.includes("none.deck"), fault);
+
+// --- a folder in which others have been before -----------------------------------------------------
+
+const temporary = folder + "/Kelvarin";
+const files = ["temp_points.txt", "fdpwl_test_syntax_deck.deck", "fdpwl_test_syntax_deck.deck.err"];
+/// Runs a program, as the host runs its simulator.
+function shell(script) {
+  host.option("SimulatorProgram", "/bin/sh");
+  command(`RunBRENNIX -c "cd ${folder}; ${script}"`);
+  host.option("SimulatorProgram", null);
+}
+host.option("TempDataDir", folder);
+for (const [name, script, title] of [
+  ["links to files of others", `mkdir -m 777 Kelvarin victims; for f in ${files.join(" ")};
+    do echo mine > victims/$f; ln -s ../victims/$f Kelvarin/$f; done`, faulty],
+  ["links to nothing", `for f in ${files.join(" ")}; do ln -s ../new-$f Kelvarin/$f; done`, faulty],
+  ["pipes", `for f in ${files.join(" ")}; do mkfifo Kelvarin/$f; done`, faulty],
+  ["a folder for the deck", `mkdir Kelvarin/${files[1]}`, "Temporary Directory Not Writeable"],
+  ["a folder for the points", `mkdir Kelvarin/${files[0]}`, undefined],
+  ["a file for the folder", "rmdir Kelvarin; touch Kelvarin", undefined],
+]) {
+  shell(`rm -rf Kelvarin/*; ${script}`);
+  equal(checked(["0 1", "x 2"], undefined, !title).title, title, name);
+  shell("stat -c %a Kelvarin > mode; cat victims/* > victims.txt; ls > names");
+  check(/00\n/.test(host.readFile(folder + "/mode")) || title !== faulty, "closed to others");
+  equal(host.readFile(folder + "/victims.txt"), "mine\n".repeat(3), name);
+  check(!host.readFile(folder + "/names").includes("new-"), name);
+}
+shell("rm Kelvarin");
+host.provide("dyn_RunCommand", () => {
+  host.provide("dyn_RunCommand", undefined);
+  shell(`mkfifo Kelvarin/${files[2]}`);
+});
+equal(checked(["0 1", "x 2"]).title, "Messages Not Readable", "a pipe for an answer");
+shell(`rm Kelvarin/${files[2]}`);
+host.provide("dyn_RunCommand", () => {
+  host.provide("dyn_RunCommand", undefined);
+  EditFileDefinedPWLDialog(["0 1", "x 2"], ["0"]);
+});
+const told = [];
+const clicking = handlers => d => {
+  for (const handler of handlers)
+    host.onDialog(handler);
+  d.click("toolButtonCheckSyntax");
+  d.reject();
+};
+const note = m => { told.push(m.message().title); m.accept(); };
+host.onDialog(clicking([clicking([note]), note]));
+EditFileDefinedPWLDialog(["0 1", "1 2"], ["0"]);
+equal(told, ["Temporary Directory In Use", passed], "of two at once each reads its own answer or none");
+for (const script of ["chown 12345 Kelvarin", "mv Kelvarin K; ln -s K Kelvarin; chown -h 12345 Kelvarin"]) {
+  shell(`rm -rf Kelvarin; mkdir Kelvarin; ${script}; stat -c %u Kelvarin > owner`);
+  if (host.readFile(folder + "/owner") === "12345\n") // not every user may give folders away
+    equal(checked(["0 1", "x 2"]).title, "Temporary Directory Not Private", script);
+}
+host.option("TempDataDir", null);

@@ -698,6 +698,11 @@ TEST(PictureFile, SaysWhatIsWrong) {
     EXPECT_TRUE(read.fault.contains(text(one.fault))) << read.fault.toStdString();
     EXPECT_TRUE(read.fault.contains(QDir::toNativeSeparators(path))) << read.fault.toStdString();
   }
+  const QString drawing = folder.filePath(text("long.svg"));
+  QFile file(drawing);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("<svg>") == 5 &&
+              file.resize(3'000'000'000)); // a hole, which takes no room
+  EXPECT_TRUE(readPicture(drawing).fault.contains(text("has 3 GB")));
   EXPECT_TRUE(readPicture(folder.path()).fault.contains(text("is not a file")));
   EXPECT_TRUE(
       readPicture(folder.filePath(text("none.png"))).fault.contains(text("does not exist")));

@@ -6,7 +6,9 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 #include <string>
+#include <sys/stat.h>
 #include <vector>
 
 namespace fs = std::filesystem;
@@ -66,6 +68,61 @@ TEST_F(Files, LinesOfEveryLengthAndEnding) {
   YString line("left over");
   EXPECT_FALSE(sp_ReadNextLine(nullptr, &line));
   EXPECT_TRUE(line.isEmpty());
+}
+
+TEST_F(Files, OnlyPlainFilesAreRead) {
+  const std::string bytes("a\0\r\n\xff", 5);
+  write("plain", bytes);
+  std::ofstream(below("huge")).seekp(3'000'000'000 - 1).put('x'); // a hole, which takes no room
+  ASSERT_EQ(mkfifo(below("pipe"), 0600), 0);
+  fs::create_symlink("plain", below("link").c_str());
+  fs::create_symlink("pipe", below("linked pipe").c_str());
+  fs::create_symlink("none", below("astray").c_str());
+  fs::create_symlink("circle", below("circle").c_str());
+  const struct {
+    YString path;
+    const char* fault;
+  } cases[] = {{below("plain"), ""},
+               {below("link"), ""},
+               {"/proc/self/status", ""}, // says that it is empty
+               {below("none"), "No such file or directory"},
+               {below("astray"), "No such file or directory"},
+               {YString(), "No such file or directory"},
+               {m_folder, "it is a folder"},
+               {below("pipe"), "it is no plain file"},
+               {below("linked pipe"), "it is no plain file"},
+               {"/dev/zero", "it is no plain file"},
+               {below("plain/below"), "No such file or directory"},
+               {below("circle"), "Too many levels of symbolic links"},
+               {below("huge"), "it has 3 GB, and no more than 250 MB are read"}};
+  for (const auto& example : cases) {
+    std::string read("left over");
+    YString fault;
+    EXPECT_EQ(sp_ReadPlainFile(example.path, &read, &fault), !*example.fault) << example.path;
+    EXPECT_STREQ(fault, example.fault) << example.path;
+    EXPECT_EQ(read.empty(), *example.fault != '\0') << example.path;
+  }
+  std::string read;
+  YString fault;
+  EXPECT_TRUE(sp_ReadPlainFile(below("plain"), &read, nullptr, bytes.size()));
+  EXPECT_EQ(read, bytes);
+  EXPECT_FALSE(sp_ReadPlainFile("/proc/self/status", &read, &fault, 20));
+  EXPECT_STREQ(fault, "it has 20 bytes, and no more than 20 bytes are read");
+}
+
+TEST_F(Files, PrivateFoldersAreClosedToOthers) {
+  const auto isClosed = [&] {
+    return fs::status(below("a/new").c_str()).permissions() == fs::perms::owner_all;
+  };
+  EXPECT_TRUE(sp_MakePrivateDir(below("a/new")));
+  EXPECT_TRUE(isClosed());
+  fs::permissions(below("a/new").c_str(), fs::perms::all);
+  fs::create_directory_symlink("a/new", below("link").c_str());
+  EXPECT_TRUE(sp_MakePrivateDir(below("link//")));
+  EXPECT_TRUE(isClosed());
+  fs::create_directory_symlink("none", below("astray").c_str());
+  for (const YString& path : {below("astray"), write("file", "x"), below("file/below"), YString()})
+    EXPECT_FALSE(sp_MakePrivateDir(path)) << path;
 }
 
 TEST_F(Files, PartsOfAPathJoinToThePath) {

@@ -358,6 +358,13 @@ TEST_F(CheckRun, RefusesWhatItCannotDo) {
   EXPECT_FALSE(runCheck({}).isEmpty());
   EXPECT_FALSE(run(usualSwitches, "absent.deck").isEmpty());
   EXPECT_FALSE(run(usualSwitches, ".").isEmpty());
+  write("victim", "mine");
+  ASSERT_TRUE(QFile::link(path("victim"), path("d.deck.err")));
+  write("d.deck", "");
+  EXPECT_EQ(run(usualSwitches).toStdString(), "");
+  EXPECT_EQ(messages(), "1001@0"); // in a file of its own
+  EXPECT_EQ(QFileInfo(path("victim")).size(), 4);
+  QFile::remove(path("d.deck.err"));
   QDir(folder.path()).mkdir(QStringLiteral("d.deck.err"));
   EXPECT_FALSE(run(usualSwitches).isEmpty()); // there is no room for the messages
 }

@@ -55,6 +55,38 @@ TEST(Program, removesItWhenItIsAskedToEnd) {
   EXPECT_FALSE(QDir(folder).exists());
 }
 
+// The names of the files of a check are the same for both, and so is the folder that the user
+// chose.
+TEST(Program, checksBesideAnotherInOneFolder) {
+  const QTemporaryDir folder;
+  const QStringList options{QStringLiteral("--settings"), folder.path()};
+  const QString chosen = QStringLiteral("host.option('TempDataDir', '%1/chosen')");
+  eval(options, chosen.arg(folder.path()).toUtf8().constData());
+  const char* const text = R"(
+    for (let i = 0; i < 15; ++i)
+      for (const fault of [true, false]) {
+        host.onDialog(d => {
+          host.onDialog(m => {
+            equal(m.title === "Syntax Check Passed", !fault, m.title);
+            m.accept();
+          });
+          d.click("toolButtonCheckSyntax");
+          d.reject();
+        });
+        EditFileDefinedPWLDialog(["0 1", fault ? "x 2" : "1 2"], ["0", "0", "0", "s", "Disk"]);
+      }
+  )";
+  QProcess hosts[2];
+  for (QProcess& host : hosts)
+    host.start(QStringLiteral(KV_DIALOGHOST),
+               options + QStringList{QStringLiteral("eval"), QString::fromUtf8(text)});
+  for (QProcess& host : hosts) {
+    ASSERT_TRUE(host.waitForFinished(60000));
+    EXPECT_EQ(host.exitCode(), 0) << host.readAllStandardOutput().constData()
+                                  << host.readAllStandardError().constData();
+  }
+}
+
 TEST(Program, startsFresh) {
   const QTemporaryDir folder;
   const QStringList kept{QStringLiteral("--settings"), folder.path()};

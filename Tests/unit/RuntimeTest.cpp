@@ -15,6 +15,10 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
+#include <sys/wait.h>
+#include <unistd.h>
+
 namespace {
 
 QString moduleFile(const QString& name) {
@@ -192,6 +196,56 @@ TEST(OwnTempDir, isThatOfTheProcessAndItsChildren) {
 
   const OwnTempDir folder;
   path = QDir::tempPath();
+  EXPECT_EQ(QFile::permissions(path) & (QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
+                                        QFile::ReadOther | QFile::WriteOther | QFile::ExeOther),
+            0);
   OwnTempDir::removeBeforeExit();
   EXPECT_FALSE(QFileInfo::exists(path));
+}
+
+// What a killed process has left goes when the next one starts; what is another's stays.
+TEST(OwnTempDir, goesWithItsProcess) {
+  const QTemporaryDir temp;
+  const auto foldersIn = [&] {
+    return QDir(temp.path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+  };
+  qputenv("TMPDIR", temp.path().toLocal8Bit());
+  QVector<pid_t> children;
+  for (int i = 0; i < 2; ++i) {
+    int ready[2];
+    ASSERT_EQ(pipe(ready), 0);
+    children.append(fork());
+    if (children.last() == 0) {
+      const OwnTempDir own;
+      QDir(QDir::tempPath()).mkpath(QStringLiteral("Kelvarin/deep"));
+      alarm(60);
+      while (write(ready[1], "x", 1) == 1)
+        pause();
+    }
+    char byte;
+    ASSERT_EQ(read(ready[0], &byte, 1), 1);
+    close(ready[0]);
+    close(ready[1]);
+  }
+  ASSERT_EQ(foldersIn().size(), 2);
+  const QString other = QStringLiteral("dialoghost-123456"); // no process has ever locked it
+  ASSERT_TRUE(QDir(temp.path()).mkdir(other));
+  const auto end = [](pid_t child) {
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+  };
+  end(children[0]);
+  { const OwnTempDir own; }
+  EXPECT_EQ(foldersIn().size(), 2);
+  end(children[1]);
+  { const OwnTempDir own; }
+  EXPECT_EQ(foldersIn(), QStringList{other});
+
+  static QString said;
+  sp_SetMessageSink([](const char* text) { said = QString::fromUtf8(text); });
+  qputenv("TMPDIR", "/proc");
+  { const OwnTempDir own; }
+  EXPECT_TRUE(said.contains(QStringLiteral("in /proc"))) << said.toStdString();
+  sp_SetMessageSink(nullptr);
+  qunsetenv("TMPDIR");
 }

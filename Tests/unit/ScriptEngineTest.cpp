@@ -18,6 +18,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 namespace {
 
 using ScriptEngineTest = ScriptFixture;
@@ -218,8 +220,12 @@ TEST_F(ScriptEngineTest, servesFilesAndSettings) {
   };
   for (const Case& c : cases)
     EXPECT_EQ(run(c.script), c.expected) << c.script;
+  // A pipe would be waited for, and a device has no end.
+  ASSERT_EQ(mkfifo(QFile::encodeName(folder.filePath(QStringLiteral("pipe"))), 0600), 0);
   for (const char* script :
        {"host.writeFile(host.args[0] + '/no/f', '')", "host.writeFile(host.args[0], '')",
+        "host.writeFile(host.args[0] + '/pipe', '')", "host.readFile(host.args[0] + '/pipe')",
+        "include(host.args[0] + '/pipe')", "host.readFile('/dev/zero')",
         "host.readFile(host.args[0])", "host.readFile()", "host.option('k', {})"})
     EXPECT_FALSE(engine->evaluate(QString::fromUtf8(script)).ok) << script;
 

@@ -5,7 +5,9 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <fcntl.h>
 #include <functional>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -134,7 +136,7 @@ TEST_F(SettingsFiles, ThatAreDamagedAreSetAside) {
                                "not JSON",
                                "[]",
                                "\"text\"",
-                               "{\"Key\": 5}",
+                               "{\"Key\": [5]}",
                                "{\"Key\": {\"a\": \"b\"}}",
                                "{\"Key\": \"cut",
                                "{\"Key\": \"\xff\"}",
@@ -164,7 +166,7 @@ TEST_F(SettingsFiles, ThatAreDamagedAreSetAside) {
 TEST_F(SettingsFiles, ThatCannotBeReadAreLeftAlone) {
   const fs::path file = m_folder / "options.json";
   const std::function<void()> obstacles[] = {[&] { fs::create_directories(file); },
-                                             [&] { fs::create_symlink("nowhere", file); },
+                                             [&] { fs::create_symlink("nowhere/file", file); },
                                              [&] { fs::create_symlink("options.json", file); },
                                              [&] { ASSERT_EQ(mkfifo(file.c_str(), 0600), 0); },
                                              [&] {
@@ -205,6 +207,70 @@ TEST_F(SettingsFiles, BehindALinkAreWrittenThroughIt) {
             fs::perms::owner_read | fs::perms::owner_write);
 }
 
+TEST_F(SettingsFiles, AreMadeWhereALinkLeads) {
+  fs::create_directories(m_folder / "target");
+  fs::create_symlink("target/link.json", m_folder / "options.json");
+  fs::create_symlink("real.json", m_folder / "target/link.json");
+  for (const char* value : {"1", "2"}) {
+    EXPECT_TRUE(sp_WriteOption("Key", value));
+    forget();
+    EXPECT_STREQ(sp_GetStringOption("Key"), value);
+  }
+  EXPECT_NE(get("target/real.json").find("\"Key\""), std::string::npos);
+  EXPECT_TRUE(fs::is_symlink(m_folder / "options.json"));
+  EXPECT_TRUE(messages().empty());
+}
+
+TEST_F(SettingsFiles, AreReadAsSomebodyWroteThemByHand) {
+  put("options.json", "{\"A\": 5, \"B\": 0.1, \"C\": 1e6, \"D\": -2.5E-9, \"E\": true, "
+                      "\"F\": false, \"G\": null, \"H\": \"text\"}");
+  const struct {
+    const char* key;
+    const char* text;
+  } cases[] = {{"A", "5"},    {"B", "0.1"},           {"C", "1000000"},
+               {"E", "true"}, {"D", "-0.0000000025"}, {"F", "false"},
+               {"G", ""},     {"H", "text"}};
+  for (const bool isAfterAWrite : {false, true}) {
+    for (const auto& example : cases)
+      EXPECT_STREQ(sp_GetStringOption(example.key), example.text) << isAfterAWrite;
+    EXPECT_TRUE(sp_WriteOption("New", "1"));
+    forget();
+  }
+  put("settings.json", "{\"Section\": {\"Key\": 7}}");
+  YString setting;
+  EXPECT_TRUE(cfgman_GetConfigSetting("Section", "Key", &setting));
+  EXPECT_STREQ(setting, "7");
+  EXPECT_TRUE(messages().empty());
+}
+
+// The successor has a name that anybody can foresee.
+TEST_F(SettingsFiles, AreNotWrittenThroughWhatBearsTheSuccessorsName) {
+  ASSERT_TRUE(sp_WriteOption("Old", "kept"));
+  put("victim", "mine");
+  const fs::path next = m_folder / "options.json.new";
+  const struct {
+    std::function<void()> plant;
+    bool isStored;
+  } cases[] = {{[&] { put("options.json.new", "left behind"); }, true},
+               {[&] { ASSERT_EQ(mkfifo(next.c_str(), 0600), 0); }, true},
+               {[&] { fs::create_symlink("victim", next); }, true},
+               {[&] { fs::create_symlink("nowhere", next); }, true},
+               {[&] { fs::create_directory(next); }, false}};
+  for (const auto& example : cases) {
+    example.plant();
+    const std::string value = std::to_string(&example - cases);
+    const pid_t child = startChild([&] {
+      alarm(20); // to open a pipe would wait for its reader
+      return sp_WriteOption("New", value.c_str());
+    });
+    EXPECT_EQ(childSucceeded(child), example.isStored) << value;
+    EXPECT_EQ(sp_GetStringOption("New") == value.c_str(), example.isStored);
+    EXPECT_STREQ(sp_GetStringOption("Old"), "kept");
+  }
+  EXPECT_EQ(get("victim"), "mine");
+  EXPECT_FALSE(fs::exists(m_folder / "nowhere"));
+}
+
 TEST_F(SettingsFiles, CannotBeMadeBelowAFile) {
   put("file", "");
   sp_SetSettingsDir(YString((m_folder / "file/below").u8string()));
@@ -212,6 +278,33 @@ TEST_F(SettingsFiles, CannotBeMadeBelowAFile) {
   EXPECT_FALSE(sp_WriteOption("Key", "x"));
   EXPECT_EQ(messages().size(), 1u);
   EXPECT_STREQ(sp_GetStringOption("Key"), "");
+}
+
+// A dialog that closes stores where it was and how wide its columns are: it waits for nobody.
+TEST_F(SettingsFiles, ThatAnotherProgramUsesAreNotWaitedForLong) {
+  ASSERT_TRUE(cfgman_WriteConfigSetting("Section", "Key", "before"));
+  const int lock = open((m_folder / "settings.json.lock").c_str(), O_RDWR);
+  ASSERT_EQ(flock(lock, LOCK_EX), 0);
+  const auto start = std::chrono::steady_clock::now();
+  for (int i = 0; i < 100; ++i)
+    EXPECT_FALSE(sp_RememberSetting("Section", "Key", YString(i)));
+  const auto taken = std::chrono::steady_clock::now() - start;
+  EXPECT_GE(taken, std::chrono::milliseconds(100));
+  EXPECT_LT(taken, std::chrono::seconds(3));
+  ASSERT_EQ(messages().size(), 1u);
+  EXPECT_NE(messages()[0].find("another program is using it"), std::string::npos);
+  YString value;
+  EXPECT_TRUE(cfgman_GetConfigSetting("Section", "Key", &value));
+  EXPECT_STREQ(value, "before");
+  // What the user has set is worth more.
+  const pid_t child = startChild([lock] { // whose descriptor is the same lock's
+    usleep(500'000);
+    return flock(lock, LOCK_UN) == 0;
+  });
+  EXPECT_TRUE(cfgman_WriteConfigSetting("Section", "Key", "set"));
+  EXPECT_TRUE(childSucceeded(child));
+  close(lock);
+  EXPECT_TRUE(sp_RememberSetting("Section", "Key", "after"));
 }
 
 // Lets the n-th operation fail, and then all from the n-th on, until `work` runs without a failure.

@@ -39,4 +39,5 @@ QString syntaxCheckCommand(const QString& deckPath);
 
 constexpr const char* syntaxPointsFile = "temp_points.txt";
 constexpr const char* syntaxDeckFile = "fdpwl_test_syntax_deck.deck";
+constexpr const char* syntaxLockFile = "fdpwl_test_syntax.lock";
 constexpr const char* syntaxMessageFile = "fdpwl_test_syntax_deck.deck.err";

@@ -19,7 +19,7 @@ void saveColumnWidths(const QTreeView* tree, const char* key) {
   for (int column = 0; column < tree->header()->count(); ++column)
     widths.push_back(tree->columnWidth(column));
   // Writing says by itself when it fails; a forgotten width is not worth stopping for.
-  cfgman_WriteConfigSetting(widthsSection, key, writeColumnWidths(widths));
+  sp_RememberSetting(widthsSection, key, writeColumnWidths(widths));
 }
 
 void restoreColumnWidths(QTreeView* tree, const char* key) {

@@ -13,9 +13,6 @@
 #include <QMessageBox>
 #include <QRegExpValidator>
 
-#include <cerrno>
-#include <cstring>
-
 static const ScriptFunction declaration("EditFileDefinedPWLDialog", 1, "SSS", StringVectorResult,
                                         runDialogFunction<EditFileDefinedPWLDialog, UserString>);
 
@@ -36,8 +33,24 @@ enum DialogSetting : unsigned { Title, XHeading, YHeading, HelpContext, LeastPoi
 
 constexpr int leastPoints = 2;
 constexpr int mostPoints = 1000001;
+constexpr int mostLines = 4 * mostPoints; // of a file, comments among them
 constexpr int fileIsEmpty = 1217;
 constexpr int hasTooFewPoints = 1219;
+
+/// Reads a file that the user named; why it cannot be read, or nothing.
+QString readLines(const QString& path, LineStore* lines) {
+  YString fault;
+  std::FILE* file = sp_OpenPlainFile(Tocs(path), &fault);
+  if (!file)
+    return toQs(fault);
+  YString line;
+  while (lines->size() <= mostLines && sp_ReadNextLine(file, &line))
+    lines->append(line.c_str());
+  std::fclose(file);
+  if (lines->size() <= mostLines)
+    return QString();
+  return EditFileDefinedPWLDialog::tr("it has more than %1 lines").arg(mostLines);
+}
 
 QString askForPointsFile(QWidget* over, const QString& caption, const QString& path) {
   QFileDialog::Options options;
@@ -60,8 +73,7 @@ EditFileDefinedPWLDialog::EditFileDefinedPWLDialog()
   connectControls();
 
   tempDirectory = toYs(toQs(sp_GetTempPath()) + QStringLiteral("/Kelvarin"));
-  if (!sp_ExistDir(tempDirectory))
-    sp_MakeTree(tempDirectory);
+  sp_MakePrivateDir(tempDirectory); // the check says so where it cannot be
 }
 
 void EditFileDefinedPWLDialog::connectControls() {
@@ -219,18 +231,11 @@ void EditFileDefinedPWLDialog::comboboxF11FileName_IndexChanged(const QString& f
 }
 
 void EditFileDefinedPWLDialog::loadFile(const QString& path) {
-  std::FILE* file = fopen_utf8(Tocs(path), "r");
-  if (!file) {
-    warn(this, tr("Points File"),
-         tr("%1 cannot be read: %2.").arg(path, QString::fromLocal8Bit(std::strerror(errno))));
-    return;
-  }
   LineStore read;
-  YString line;
-  while (sp_ReadNextLine(file, &line))
-    read.append(line.c_str());
-  std::fclose(file);
-  if (read.isEmpty())
+  const QString fault = readLines(path, &read);
+  if (!fault.isEmpty())
+    warn(this, tr("Points File"), tr("%1 cannot be read: %2.").arg(path, fault));
+  if (!fault.isEmpty() || read.isEmpty())
     return;
   lines = read;
   populateDialogFromData();
@@ -278,25 +283,38 @@ void EditFileDefinedPWLDialog::validate_clicked() {
   if (syntaxStatus == SyntaxStatus::NotRun)
     return;
   populateDialogFromData();
-  switch (syntaxStatus) {
-  case SyntaxStatus::NotRun:
-    break;
-  case SyntaxStatus::Passed:
+  if (syntaxStatus == SyntaxStatus::Passed)
     QMessageBox::information(this, tr("Syntax Check Passed"),
                              tr("Syntax check passed with no errors."));
-    break;
-  case SyntaxStatus::Faults:
+  else if (syntaxStatus == SyntaxStatus::Faults)
     handleErrorMessages();
-    break;
-  case SyntaxStatus::NotWriteable:
-    QMessageBox::warning(
-        this, tr("Temporary Directory Not Writeable"),
-        tr("The temporary directory:<br /><br /><b>%1</b><br /><br />is not writeable. The program "
-           "needs to be able to write temporary files to this directory.<br /><br />The file "
-           "syntax has not been checked.")
-            .arg(toQs(tempDirectory).toHtmlEscaped()));
-    break;
+  else
+    sayNotChecked();
+}
+
+void EditFileDefinedPWLDialog::sayNotChecked() {
+  QString title = tr("Temporary Directory Not Writeable");
+  QString text =
+      tr("The temporary directory:<br /><br /><b>%1</b><br /><br />is not writeable. The program "
+         "needs to be able to write temporary files to this directory.<br /><br />The file "
+         "syntax has not been checked.");
+  if (syntaxStatus == SyntaxStatus::NotPrivate) {
+    title = tr("Temporary Directory Not Private");
+    text = tr("The temporary directory:<br /><br /><b>%1</b><br /><br />belongs to another user, "
+              "who could change what the program writes to it. Remove it, or choose another place "
+              "for temporary files in the options.<br /><br />The file syntax has not been "
+              "checked.");
+  } else if (syntaxStatus == SyntaxStatus::Busy) {
+    title = tr("Temporary Directory In Use");
+    text = tr("Another program is checking a file in the temporary directory:<br /><br /><b>%1</b>"
+              "<br /><br />Try again when it has finished.<br /><br />The file syntax has not been "
+              "checked.");
+  } else if (syntaxStatus == SyntaxStatus::Unreadable) {
+    title = tr("Messages Not Readable");
+    text = tr("What the simulator has left in the temporary directory:<br /><br /><b>%1</b><br />"
+              "<br />cannot be read.<br /><br />The file syntax has not been checked.");
   }
+  QMessageBox::warning(this, title, text.arg(toQs(tempDirectory).toHtmlEscaped()));
 }
 
 void EditFileDefinedPWLDialog::handleErrorMessages() {

@@ -30,7 +30,8 @@ public slots:
   virtual void aCell_Changed(int row, int column);
   virtual void cellClicked(int, int) {} ///< the table says itself when a file is wanted
   virtual void validate_clicked();
-  virtual void handleErrorMessages();
+  virtual void sayNotChecked();
+  void handleErrorMessages();
   virtual void comboboxF11FileName_IndexChanged(const QString& fileName);
 
 private:

@@ -1,11 +1,12 @@
 #include "Workbench/MarkdownView.h"
 
+#include "HostSupport/Files.h"
+#include "HostSupportQt/Text.h"
 #include "Palettes.h"
 #include "Workbench/HelpPages.h"
 
 #include <QDesktopServices>
 #include <QEvent>
-#include <QFile>
 #include <QFileInfo>
 #include <QImage>
 #include <QScrollBar>
@@ -17,6 +18,7 @@ namespace {
 const QString contentsScheme = QStringLiteral("contents");
 const QString noticeScheme = QStringLiteral("notice");
 constexpr double pageMargin = 12;
+constexpr std::uint64_t longestPage = 5'000'000; // bytes
 
 bool isWebLink(const QUrl& link) {
   return link.scheme() == QLatin1String("http") || link.scheme() == QLatin1String("https") ||
@@ -91,10 +93,10 @@ QVariant MarkdownView::loadResource(int type, const QUrl& name) {
     return helpContents();
   if (name.scheme() == noticeScheme)
     return name.path();
-  QFile file(name.toLocalFile());
-  if (!file.open(QIODevice::ReadOnly))
+  std::string page;
+  if (!sp_ReadPlainFile(Tocs(name.toLocalFile()), &page, nullptr, longestPage))
     return tr("The page %1 cannot be read.").arg(name.toLocalFile());
-  return QString::fromUtf8(file.readAll());
+  return QString::fromStdString(page);
 }
 
 void MarkdownView::changeEvent(QEvent* event) {

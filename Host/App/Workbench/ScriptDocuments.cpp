@@ -1,8 +1,9 @@
 #include "Workbench/ScriptDocuments.h"
 
+#include "HostSupport/Files.h"
+#include "HostSupportQt/Text.h"
 #include "Workbench/ScriptEditor.h"
 
-#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
@@ -19,6 +20,8 @@ struct ScriptDocuments::Script {
 };
 
 namespace {
+
+constexpr std::uint64_t longestScript = 20'000'000; // bytes; an editor of more does not answer
 
 std::unique_ptr<QTextDocument> makeDocument(const QString& text) {
   auto document = std::make_unique<QTextDocument>();
@@ -98,16 +101,17 @@ bool ScriptDocuments::openFile(const QString& path) {
     show(key, nullptr);
     return true;
   }
-  QFile file(key);
-  if (!file.open(QIODevice::ReadOnly)) {
+  std::string bytes;
+  YString fault;
+  if (!sp_ReadPlainFile(Tocs(key), &bytes, &fault, longestScript)) {
     QMessageBox::warning(window(), tr("Open Script"),
-                         tr("%1 cannot be read: %2").arg(key, file.errorString()));
+                         tr("%1 cannot be read: %2").arg(key, toQs(fault)));
     return false;
   }
   auto script = std::make_unique<Script>();
   script->title = info.fileName();
   script->path = key;
-  script->document = makeDocument(QString::fromUtf8(file.readAll()));
+  script->document = makeDocument(QString::fromStdString(bytes));
   show(key, std::move(script));
   m_folder = info.absolutePath();
   emit fileUsed(key);

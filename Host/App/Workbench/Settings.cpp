@@ -13,7 +13,7 @@ QString setting(const char* section, const char* key, const QString& fallback) {
 void setSetting(const char* section, const char* key, const QString& value) {
   // Each write is a write of the file.
   if (setting(section, key) != value)
-    cfgman_WriteConfigSetting(section, key, Tocs(value));
+    sp_RememberSetting(section, key, Tocs(value));
 }
 
 QVector<int> numberListSetting(const char* section, const char* key) {

@@ -2,6 +2,7 @@
 
 #include "Call/HostCall.h"
 #include "Drive/DialogDriver.h"
+#include "HostSupport/Files.h"
 #include "HostSupport/Options.h"
 #include "HostSupportQt/Text.h"
 #include "Script/HostScript.h"
@@ -200,19 +201,11 @@ QJSValue ScriptHost::toText(const QJSValue& value) {
 }
 
 QString ScriptHost::readText(const QString& path) {
-  QFile file(path);
-  const auto fault = [&] {
-    return CallError(
-        QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(path), file.errorString()));
-  };
-  if (QFileInfo(path).isDir())
-    throw CallError(QStringLiteral("%1: it is a folder").arg(QDir::toNativeSeparators(path)));
-  if (!file.open(QIODevice::ReadOnly))
-    throw fault();
-  const QByteArray bytes = file.readAll();
-  if (file.error() != QFileDevice::NoError)
-    throw fault();
-  return QString::fromUtf8(bytes);
+  std::string bytes;
+  YString fault;
+  if (!sp_ReadPlainFile(Tocs(path), &bytes, &fault))
+    throw CallError(QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(path), toQs(fault)));
+  return QString::fromStdString(bytes);
 }
 
 QJSValue ScriptHost::include(const QString& file, const QString& stack) {
@@ -279,6 +272,10 @@ QJSValue ScriptHost::readFile(const QString& path) {
 
 void ScriptHost::writeFile(const QString& path, const QString& text) {
   guarded([&] {
+    const QFileInfo present(path);
+    if (present.exists() && !present.isFile()) // a pipe would wait for its reader
+      throw CallError(QStringLiteral("host.writeFile: %1: it is no plain file")
+                          .arg(QDir::toNativeSeparators(path)));
     QFile file(path);
     const QByteArray bytes = text.toUtf8();
     // Every step is checked: a full disk shows only in one of them.

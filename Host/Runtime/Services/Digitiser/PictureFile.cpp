@@ -1,5 +1,7 @@
 #include "Services/Digitiser/PictureFile.h"
 
+#include "HostSupport/Files.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -11,6 +13,10 @@ namespace {
 
 QString tr(const char* text) {
   return QCoreApplication::translate("PictureFile", text);
+}
+
+QString sizeText(quint64 bytes) {
+  return QLocale::c().formattedDataSize(qint64(bytes), 0, QLocale::DataSizeSIFormat);
 }
 
 /// Opaque 32-bit, as everything behind expects it.
@@ -36,6 +42,11 @@ PictureFile readPicture(const QString& path) {
     return {{}, tr("%1 is not a file.").arg(shown)};
   if (file.size() == 0)
     return {{}, tr("%1 is empty.").arg(shown)};
+
+  if (quint64(file.size()) > largestPlainFile) // a drawing is read as a whole
+    return {{},
+            tr("%1 has %2. The digitiser takes at most %3.")
+                .arg(shown, sizeText(file.size()), sizeText(largestPlainFile))};
 
   QImageReader reader(path);
   reader.setDecideFormatFromContent(true);
