@@ -3,11 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <QDialog>
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
 #include <algorithm>
 #include <sys/inotify.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 // Puts a text that names a file as picture and as background into each text that a sample hands to
@@ -114,4 +116,33 @@ TEST(ForeignTexts, OpenNoFile) {
   }
   std::printf("%d calls\n", calls);
   EXPECT_GT(calls, 100);
+}
+
+TEST(ForeignTexts, ADocumentOpensWhatLiesBesideIt) {
+  WatchedPicture picture;
+  const QFileInfo beside(picture.path());
+  const QString pipe = beside.path() + QStringLiteral("/pipe.png"); // would never end
+  ASSERT_EQ(mkfifo(qPrintable(pipe), 0600), 0);
+  ASSERT_TRUE(beside.dir().mkdir(QStringLiteral("below")));
+  const struct {
+    const char* document;
+    const char* source;
+    bool opens;
+  } cases[] = {{"/page.html", "picture.png", true},
+               {"/page.html", "below/../picture.png", true},
+               {"/below/page.html", "../picture.png", false},
+               {"/page.html", "pipe.png", false},
+               {"/page.html", "//server1/share/picture.png", false},
+               {"/page.html", "\\\\server1\\share\\picture.png", false}};
+  const FunctionInfo* const view =
+      TestHost::instance().table().find(QStringLiteral("ViewFormattedFile"));
+  for (const auto& c : cases) {
+    const QString page = beside.path() + QLatin1String(c.document);
+    QFile file(page);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray("<p>x<img src='") + c.source + "'>");
+    file.close();
+    callShown(*view, {ScriptVector::ofStrings({page.toUtf8()})});
+    EXPECT_EQ(picture.wasOpened(), c.opens) << c.source;
+  }
 }

@@ -1,6 +1,8 @@
 #include "Generic/DocumentBrowser.h"
 
+#include "HostSupport/Files.h"
 #include "HostSupportQt/RichText.h"
+#include "HostSupportQt/Text.h"
 
 #include <QDir>
 #include <QFile>
@@ -12,8 +14,8 @@ namespace {
 
 constexpr int shownColumns = 72;
 constexpr int shownLines = 22;
-constexpr qint64 largestFile = 32 << 20;  // longer ones take seconds to lay out
-constexpr qint64 mostPixels = 64'000'000; // of all pictures of a document
+constexpr std::uint64_t largestFile = 32 << 20; // longer ones take seconds to lay out
+constexpr qint64 mostPixels = 64'000'000;       // of all pictures of a document
 constexpr int longestWordToBreak = 5000;
 
 /// A file's name may look like a URL; one that stands for a file is that file.
@@ -37,14 +39,16 @@ QString localPath(const QUrl& url) {
   return url.isRelative() ? url.path() : url.toLocalFile();
 }
 
-/// False for all but plain files: a device or a pipe might never come to its end.
 bool readFile(const QString& path, QByteArray* bytes) {
-  const QFileInfo info(path);
-  QFile file(path);
-  if (!info.isFile() || info.size() > largestFile || !file.open(QIODevice::ReadOnly))
-    return false;
-  *bytes = file.read(info.size());
-  return file.error() == QFileDevice::NoError;
+  std::string read;
+  const bool isRead = sp_ReadPlainFile(Tocs(path), &read, nullptr, largestFile);
+  *bytes = QByteArray::fromStdString(read);
+  return isRead;
+}
+
+QByteArray resource(const QUrl& qrc) {
+  QFile file(QLatin1Char(':') + qrc.path());
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 QString textOf(const QByteArray& bytes) {
@@ -104,9 +108,10 @@ QVariant DocumentBrowser::loadResource(int type, const QUrl& name) {
   QByteArray bytes;
   if (url.scheme() == QLatin1String("data"))
     bytes = dataOf(url);
-  else if (url.scheme() == QLatin1String("qrc") || liesBeside(url, m_document))
-    readFile(url.scheme() == QLatin1String("qrc") ? QLatin1Char(':') + url.path() : localPath(url),
-             &bytes);
+  else if (url.scheme() == QLatin1String("qrc"))
+    bytes = resource(url);
+  else if (liesBeside(url, m_document))
+    readFile(localPath(url), &bytes);
   if (type == QTextDocument::ImageResource)
     return picture(bytes);
   const QString sheet = textOf(bytes);
