@@ -131,11 +131,18 @@ TEST(PointRows, AnySequenceOfEditsIsThatOfANaiveTable) {
   const auto below = [&random](int end) { return static_cast<int>(random() % unsigned(end)); };
   PointRows rows(Counted::Points);
   Naive naive;
+  struct Step {
+    PointRows::Change change;
+    Naive before;
+  };
+  std::vector<Step> steps;
   for (int step = 0; step < 6000; ++step) {
     const int count = rows.count();
     const int row = count > 0 ? below(count) : 0;
     const auto at = naive.rows.begin() + row;
     const int operation = below(count > 0 ? 12 : 2);
+    const PointRows::State state = rows.state();
+    const Naive before = naive;
     if (step % 300 == 0) {
       std::vector<const char*> loaded;
       std::vector<int> faults;
@@ -143,7 +150,10 @@ TEST(PointRows, AnySequenceOfEditsIsThatOfANaiveTable) {
         loaded.push_back(lines[below(std::size(lines))]);
       for (int i = below(3); i > 0; --i)
         faults.push_back(1 + 2 * i);
-      rows = rowsOf(loaded, faults);
+      LineStore store;
+      for (const char* line : loaded)
+        store.append(line);
+      rows.setLines(store, faultsIn(faults));
       naive.load(loaded, faults);
     } else if (operation < 2) {
       const int more = below(3);
@@ -173,9 +183,34 @@ TEST(PointRows, AnySequenceOfEditsIsThatOfANaiveTable) {
       if (isOther)
         *at = {{kind, text, value.y, QString()}, {}, true};
     }
+    steps.push_back({rows.changeSince(state), before});
     compare(rows, naive);
     if (HasFatalFailure())
       return;
+    if (below(50) > 0)
+      continue;
+    // Some steps back, and some of these forth again; what can come back no more is forgotten.
+    const Naive after = naive;
+    const std::size_t undone = std::min(steps.size(), std::size_t(below(8)));
+    for (std::size_t i = 0; i < undone; ++i) {
+      const Step& last = steps[steps.size() - 1 - i];
+      rows.apply(last.change, true);
+      compare(rows, last.before);
+    }
+    const std::size_t redone = below(2) ? undone : 0;
+    for (std::size_t i = steps.size() - undone; i < steps.size() - undone + redone; ++i)
+      rows.apply(steps[i].change, false);
+    naive = redone || !undone ? after : steps[steps.size() - undone].before;
+    compare(rows, naive);
+    for (std::size_t i = redone; i < undone; ++i) {
+      rows.forget(steps.back().change, true);
+      steps.pop_back();
+    }
+    while (steps.size() > 20) {
+      rows.forget(steps.front().change, false);
+      steps.erase(steps.begin());
+    }
+    compare(rows, naive);
   }
 }
 

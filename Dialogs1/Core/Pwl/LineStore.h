@@ -18,6 +18,11 @@ public:
   bool isEmpty() const { return m_ends.isEmpty(); }
   /// As it came; holds until a line is appended.
   std::string_view at(int index) const;
+  /// Whether they are the same lines, without comparing them.
+  bool operator==(const LineStore& other) const {
+    return m_text.constData() == other.m_text.constData() &&
+           m_ends.constData() == other.m_ends.constData();
+  }
   QByteArray joined() const; ///< with line breaks between the lines
 
 private:

@@ -8,7 +8,11 @@ bool PointRow::hasCell(int column) const {
   return kind == Kind::Point && fault.isEmpty();
 }
 
-bool PointRow::isEditable(int column) const {
+bool PointRow::isSelectable(int column) const {
   const bool isWritten = kind == Kind::StartData && column == 0 && fault.isEmpty();
-  return kind != Kind::Origin && !isWritten && column < 2 && hasCell(column);
+  return kind != Kind::Origin && !isWritten && hasCell(column);
+}
+
+bool PointRow::isEditable(int column) const {
+  return column < 2 && isSelectable(column);
 }

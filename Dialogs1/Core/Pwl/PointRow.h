@@ -19,10 +19,12 @@ struct PointRow {
   QString fault; ///< what the simulator has found; empty where there is nothing to be said
 
   const QString& text(int column) const { return column == 0 ? x : y; }
+  bool isLine() const { return kind == Kind::Comment || kind == Kind::StartData; }
   bool isBlank() const { return x.isEmpty() && y.isEmpty(); }
   bool isFilled() const { return !x.isEmpty() && !y.isEmpty(); }
   /// A points file's table has a third column, in which only points that are not at fault have a
   /// cell; a start data line at fault has only its first.
   bool hasCell(int column) const;
-  bool isEditable(int column) const; ///< of the first two columns
+  bool isSelectable(int column) const; ///< the origin and what the controls write are not
+  bool isEditable(int column) const;   ///< those of the first two columns
 };

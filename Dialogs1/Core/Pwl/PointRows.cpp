@@ -2,7 +2,10 @@
 
 #include "Core/Pwl/PointsFile.h"
 
+#include <QSet>
+
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 
 using Kind = PointRow::Kind;
@@ -22,13 +25,20 @@ Kind PointRows::kindAt(int row) const {
   return isLine(row) ? kindOfPointsLine(lineOf(row)) : at(row).kind;
 }
 
+PointRow PointRows::shapeOf(int row) const {
+  return isLine(row) ? PointRow{kindAt(row), {}, {}, {}} : at(row);
+}
+
 bool PointRows::hasCell(int row, int column) const {
-  return (isLine(row) ? PointRow{kindAt(row), {}, {}, {}} : at(row)).hasCell(column);
+  return shapeOf(row).hasCell(column);
+}
+
+bool PointRows::isSelectable(int row, int column) const {
+  return shapeOf(row).isSelectable(column);
 }
 
 void PointRows::setLines(const LineStore& lines, const SyntaxMessages& messages) {
   m_lines = lines;
-  m_edited.clear();
   m_places.resize(lines.size());
   std::iota(m_places.begin(), m_places.end(), 0);
   for (const SyntaxMessage& message : messages.all()) {
@@ -39,16 +49,12 @@ void PointRows::setLines(const LineStore& lines, const SyntaxMessages& messages)
 }
 
 void PointRows::remove(int first, int rows) {
-  for (int row = first; row < first + rows && !m_edited.isEmpty(); ++row)
-    m_edited.remove(m_places.at(row));
   m_places.remove(first, rows);
 }
 
 void PointRows::set(int row, const PointRow& value) {
-  int& place = m_places[row];
-  if (place >= blankPlace)
-    place = --m_lastKey;
-  m_edited.insert(place, value);
+  m_places[row] = --m_lastKey;
+  m_edited.insert(m_lastKey, value);
 }
 
 void PointRows::setText(int row, int column, const QString& text) {
@@ -66,6 +72,49 @@ bool PointRows::adapt(int row) {
     return false;
   set(row, {kind, text, before.y, QString()});
   return true;
+}
+
+PointRows::Change PointRows::changeSince(const State& before) const {
+  Change change;
+  if (!(before.lines == m_lines)) {
+    change.lines.emplace(before.lines, m_lines);
+    change.before = before.places;
+    change.after = m_places;
+    return change;
+  }
+  const auto [a, b] =
+      std::mismatch(before.places.begin(), before.places.end(), m_places.begin(), m_places.end());
+  change.first = int(a - before.places.begin());
+  const auto lastA = std::make_reverse_iterator(a);
+  const auto lastB = std::make_reverse_iterator(b);
+  const auto ends = std::mismatch(before.places.rbegin(), lastA, m_places.rbegin(), lastB);
+  std::copy(a, ends.first.base(), std::back_inserter(change.before));
+  std::copy(b, ends.second.base(), std::back_inserter(change.after));
+  return change;
+}
+
+void PointRows::apply(const Change& change, bool isUndone) {
+  const QVector<int>& from = isUndone ? change.after : change.before;
+  const QVector<int>& to = isUndone ? change.before : change.after;
+  if (change.lines) {
+    m_lines = isUndone ? change.lines->first : change.lines->second;
+    m_places = to;
+    return;
+  }
+  const int common = std::min(from.size(), to.size());
+  std::copy(to.begin(), to.begin() + common, m_places.begin() + change.first);
+  m_places.remove(change.first + common, from.size() - common);
+  m_places.insert(change.first + common, to.size() - common, blankPlace);
+  std::copy(to.begin() + common, to.end(), m_places.begin() + change.first + common);
+}
+
+void PointRows::forget(const Change& change, bool isUndone) {
+  const QVector<int>& lost = isUndone ? change.after : change.before;
+  const QVector<int>& kept = isUndone ? change.before : change.after;
+  const QSet<int> alive(kept.begin(), kept.end());
+  for (int place : lost)
+    if (place < blankPlace && !alive.contains(place))
+      m_edited.remove(place);
 }
 
 int PointRows::completeRows(int first) const {
@@ -132,6 +181,12 @@ bool PointRows::mayInsert(int rows, int most) const {
 
 bool PointRows::mayDelete(int least) const {
   return m_counted == Counted::Points ? countPoints(least + 1) > least : completeRows() > least + 1;
+}
+
+int PointRows::faultFrom(int row, int step) const {
+  while (row >= 0 && row < count() && (isLine(row) || at(row).fault.isEmpty()))
+    row += step;
+  return row >= 0 && row < count() ? row : -1;
 }
 
 bool PointRows::isRemovable(int first, int rows) const {

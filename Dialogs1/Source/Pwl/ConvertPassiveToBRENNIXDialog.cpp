@@ -281,7 +281,9 @@ void ConvertPassiveToBRENNIXDialog::revert() {
                          tr("The revert function requires at least 2 output points."));
     return;
   }
-  form.inputTable->setPoints(engTextOfCurve(differentiate(curveOfEngText(output))), 0);
+  form.inputTable->step(tr("Conversion"), [&] {
+    form.inputTable->setPoints(engTextOfCurve(differentiate(curveOfEngText(output))), 0);
+  });
   setEnabled({form.okButton, form.plotButton}, true);
   showComputed(form.integralDataTable, {PwlPoint()});
   showComputed(form.inputInterpDataTable, {PwlPoint()});
@@ -290,6 +292,7 @@ void ConvertPassiveToBRENNIXDialog::revert() {
 // ---- input --------------------------------------------------------------------------------------
 
 void ConvertPassiveToBRENNIXDialog::pasteButton_clicked() {
+  form.inputTable->commitOpenCell();
   YString clipboard;
   if (!sp_PasteTextFromClipboard(&clipboard) || clipboard.isEmpty())
     return;
@@ -300,7 +303,9 @@ void ConvertPassiveToBRENNIXDialog::pasteButton_clicked() {
                              tooManyText().arg(maximumPoints));
     return;
   }
-  form.inputTable->overwritePoints(withoutSuffixes(pasted));
+  form.inputTable->step(tr("Paste"),
+                        [&] { form.inputTable->overwritePoints(withoutSuffixes(pasted)); });
+  form.inputTable->enterFirstCell();
 }
 
 void ConvertPassiveToBRENNIXDialog::DigitizeData() {
@@ -314,13 +319,16 @@ void ConvertPassiveToBRENNIXDialog::DigitizeData() {
     return;
   if (graphImageCapture(picture, &settled, &x, &y)) {
     y.resize(x.size());
-    form.inputTable->setPoints(engTextOfCurve({x.values(), y.values()}), 0);
+    form.inputTable->step(tr("Digitise"), [&] {
+      form.inputTable->setPoints(engTextOfCurve({x.values(), y.values()}), 0);
+    });
   }
 }
 
 // ---- plot ---------------------------------------------------------------------------------------
 
 void ConvertPassiveToBRENNIXDialog::plot_waveforms() {
+  form.inputTable->commitOpenCell();
   const EnergyPlot plot = energyPlot(curveOfEngText(form.inputTable->rows().points()),
                                      curveOfExactText(form.integralDataTable->rows().points()),
                                      curveOfEngText(form.outputPWLTable->rows().points()));

@@ -17,6 +17,8 @@ constexpr int widestTime = 30; // characters
 DefinitionTable::DefinitionTable(QWidget* parent) : PointTable(parent, PointRows::Counted::Points) {
   setColumnCount(fileColumn + 1);
   horizontalHeader()->setResizeContentsPrecision(measuredRows);
+  horizontalHeader()->setStretchLastSection(false);
+  horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
   connect(this, &QTableWidget::cellClicked, this, [this](int row, int column) {
     // With Ctrl or Shift held the user selects.
     if (isFileCell(row, column) && QGuiApplication::keyboardModifiers() == Qt::NoModifier)
@@ -32,18 +34,21 @@ void DefinitionTable::setLines(const LineStore& lines, const SyntaxMessages& mes
   setRowCount(0);
   setRowCount(lines.size());
   m_rows.setLines(lines, messages);
-  for (int row = 0; row < std::min(rowCount(), measuredRows); ++row)
-    touchRow(row);
-  fitColumns();
+  wantFit();
 }
 
 void DefinitionTable::fitColumns() {
+  m_wantsFit = false;
+  const int top = std::max(rowAt(0), 0);
+  for (int seen = top; seen < std::min(rowCount(), top + measuredRows); ++seen)
+    touchRow(seen);
   // The start data line takes its whole row; it and long comments do not push the values away.
   const int row = m_rows.startDataRow();
   clearSpans();
   if (row >= 0)
     setSpan(row, 0, 1, columnCount());
-  resizeColumnsToContents();
+  resizeColumnToContents(fileColumn);
+  resizeColumnToContents(0);
   setColumnWidth(0, std::min(columnWidth(0), widestTime * fontMetrics().averageCharWidth()));
 }
 
@@ -57,7 +62,7 @@ void DefinitionTable::adaptRow(int row) {
   if (!m_rows.adapt(row))
     return;
   showRow(row);
-  fitColumns();
+  wantFit();
 }
 
 void DefinitionTable::touchRow(int row) {
@@ -76,19 +81,6 @@ void DefinitionTable::keyPressEvent(QKeyEvent* event) {
 bool DefinitionTable::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
   // Nothing in the third column goes into the file.
   return index.column() < fileColumn && PointTable::edit(index, trigger, event);
-}
-
-void DefinitionTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
-  // Qt itself would go on to the next cell and complain of one that opens no editor.
-  const bool isNext = hint == QAbstractItemDelegate::EditNextItem;
-  const bool goesOn = isNext || hint == QAbstractItemDelegate::EditPreviousItem;
-  PointTable::closeEditor(editor, goesOn ? QAbstractItemDelegate::NoHint : hint);
-  const QModelIndex next =
-      goesOn ? moveCursor(isNext ? MoveNext : MovePrevious, Qt::NoModifier) : QModelIndex();
-  if (!next.isValid())
-    return;
-  setCurrentIndex(next);
-  edit(next, AllEditTriggers, nullptr);
 }
 
 void DefinitionTable::paintEvent(QPaintEvent* event) {

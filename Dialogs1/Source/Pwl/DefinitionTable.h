@@ -18,6 +18,7 @@ public:
   /// Makes a row what its text, just changed, says: comment or data.
   void adaptRow(int row);
 
+  void fitColumns() override;
   void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
 signals:
@@ -25,7 +26,7 @@ signals:
 
 protected:
   void keyPressEvent(QKeyEvent* event) override;
-  void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+  bool showsAll() const override { return false; }
   bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
@@ -33,5 +34,4 @@ protected:
 private:
   bool isFileCell(int row, int column) const;
   void touchRow(int row); ///< shows it, if it has not been seen yet
-  void fitColumns();
 };

@@ -84,6 +84,7 @@ void EditFileDefinedPWLDialog::connectControls() {
   connect(form.spinnerRepeatCount, &Spinner::changed, this, &Self::anyFileOptionsChanged);
   connect(form.checkboxShiftFirstToZero, &QCheckBox::toggled, this, &Self::anyFileOptionsChanged);
   connect(form.pwlGrid, &QTableWidget::cellChanged, this, &Self::aCell_Changed);
+  connect(form.pwlGrid, &PointTable::stepRestored, this, &Self::showStartDataOfTable);
   connect(form.pwlGrid, &DefinitionTable::fileWanted, this, &Self::aFileSelectionButton_clicked);
   connect(form.toolButtonCheckSyntax, &QToolButton::clicked, this, &Self::validate_clicked);
   connect(form.radioButtonDisk, &QRadioButton::toggled, this, &Self::updateEnables);
@@ -112,8 +113,8 @@ void EditFileDefinedPWLDialog::initialiseDialog() {
             comboboxF11FileName_IndexChanged(form.comboboxF11FileName->itemText(index));
           });
   updateEnables();
-  form.pwlGrid->setCurrentCell(0, 0);
   form.pwlGrid->setFocus(Qt::TabFocusReason);
+  form.pwlGrid->forgetSteps();
 }
 
 void EditFileDefinedPWLDialog::loadSettings() {
@@ -171,10 +172,20 @@ void EditFileDefinedPWLDialog::populateDialogFromData() {
     const Updating guard(this);
     if (!lines.at(lines.size() - 1).empty())
       lines.append("");
-    form.pwlGrid->setLines(lines, messages);
+    form.pwlGrid->step(tr("Load"), [this] { form.pwlGrid->setLines(lines, messages); });
     for (int i = 0; i < lines.size(); ++i)
       if (kindOfPointsLine(lines.at(i)) == PointRow::Kind::StartData)
         showStartData(readStartData(readPointsLine(lines.at(i)).x));
+  }
+  anyFileOptionsChanged();
+  form.pwlGrid->enterFirstCell();
+}
+
+void EditFileDefinedPWLDialog::showStartDataOfTable() {
+  const int row = form.pwlGrid->rows().startDataRow();
+  if (row >= 0) {
+    const Updating guard(this);
+    showStartData(readStartData(form.pwlGrid->rows().at(row).x));
   }
   anyFileOptionsChanged();
 }
@@ -197,7 +208,7 @@ void EditFileDefinedPWLDialog::anyFileOptionsChanged() {
 }
 
 void EditFileDefinedPWLDialog::aCell_Changed(int row, int column) {
-  if (updating || column != 0)
+  if (updating || column > 1)
     return;
   const Updating guard(this);
   form.pwlGrid->adaptRow(row);
@@ -214,6 +225,7 @@ void EditFileDefinedPWLDialog::aFileSelectionButton_clicked(int row) {
 }
 
 void EditFileDefinedPWLDialog::selectFile_clicked() {
+  form.pwlGrid->commitOpenCell();
   const QString chosen =
       askForPointsFile(this, tr("Select Points File"),
                        QFileInfo(form.editboxDiskFileName->text()).absoluteFilePath());
@@ -242,6 +254,7 @@ void EditFileDefinedPWLDialog::loadFile(const QString& path) {
 }
 
 void EditFileDefinedPWLDialog::pasteButton_clicked() {
+  form.pwlGrid->commitOpenCell();
   YString clipboard;
   if (!sp_PasteTextFromClipboard(&clipboard))
     return;
@@ -277,6 +290,7 @@ int EditFileDefinedPWLDialog::countDataPoints(bool fromTable) const {
 }
 
 void EditFileDefinedPWLDialog::validate_clicked() {
+  form.pwlGrid->commitOpenCell();
   syntaxStatus = SyntaxStatus::Passed;
   readLinesFromTable();
   syntaxStatus = checkSyntax(tempDirectory, deviceName, lines, &messages);
@@ -319,7 +333,8 @@ void EditFileDefinedPWLDialog::sayNotChecked() {
 
 void EditFileDefinedPWLDialog::handleErrorMessages() {
   QString title = tr("Source definition file has errors");
-  QString text =
+  QString quoted;
+  const QString text =
       tr("The file definition has one or more errors.<br /><br />The values in error are "
          "highlighted in the table with <span style=\"color:red\">red text</span>. If you hover "
          "your mouse over the red text, an error description will appear. After you correct the "
@@ -329,10 +344,12 @@ void EditFileDefinedPWLDialog::handleErrorMessages() {
     if (id != fileIsEmpty && id != hasTooFewPoints)
       continue;
     title = id == fileIsEmpty ? tr("File is empty") : tr("Less than two data points");
-    warn(this, title, tr("The file\n\n  %1\n\n%2").arg(fileName(), message.text));
-    return;
+    quoted = tr("The file\n\n  %1\n\n%2").arg(fileName(), message.text);
   }
-  QMessageBox::warning(this, title, text);
+  if (quoted.isEmpty())
+    QMessageBox::warning(this, title, text);
+  else
+    warn(this, title, quoted);
 }
 
 void EditFileDefinedPWLDialog::okClicked() {

@@ -39,6 +39,7 @@ private:
   void loadSettings();
   void loadSource();
   void loadFile(const QString& path);
+  void showStartDataOfTable();
   void showStartData(const StartData& start);
   void readLinesFromTable();
   void updateEnables();

@@ -22,10 +22,6 @@ enum Argument { Points, Options, Numbers, ConverterMemory };
 /// The numbers of the call. An initial condition comes back in the same two places.
 enum Number : unsigned { UsesCondition, Condition, SourceIdle, Cycles };
 
-constexpr int leastColumnWidth = 80;
-constexpr int cellMargin = 16;
-constexpr int longestMeasured = 200; // characters; a column is no wider than what a window shows
-
 QString tooManyText() {
   return PWLDialog::tr("This dialog box can handle a maximum of %1 PWL points. For Kelvarin\n"
                        "simulations you can use a PWLFILE source for larger definitions ");
@@ -58,6 +54,7 @@ PWLDialog::PWLDialog() : KelvarinDialog(nullptr, "PWLDialog", true, {}) {
                            tr("Minimum segments"), tr("You must have at least %1 segments")});
   form.pwlGrid->addRowActions(this);
   connect(form.pwlGrid, &PointTable::rowsChanged, this, &PWLDialog::limitInitialSegment);
+  connect(form.pwlGrid, &PointTable::stepRestored, this, &PWLDialog::showMode);
   connect(form.pasteButton, &QPushButton::clicked, this, &PWLDialog::pasteButton_clicked);
   connect(form.rbFixedNumCycles, &QRadioButton::toggled, this, &PWLDialog::repeatButtonClicked);
 
@@ -73,7 +70,8 @@ void PWLDialog::initialiseDialog() {
   loadNumbers();
   offerConverter();
   form.pwlGrid->setFocus(Qt::TabFocusReason);
-  form.pwlGrid->setCurrentCell(symmetric ? 1 : 0, 0);
+  form.pwlGrid->enterFirstCell();
+  form.pwlGrid->forgetSteps();
 }
 
 void PWLDialog::showOptions() {
@@ -111,7 +109,7 @@ void PWLDialog::loadPoints() {
     points.append({coordinates.text(i), coordinates.text(i + 1)});
 
   if (options.offersSymmetric) {
-    symmetric = isSymmetric(points);
+    setSymmetric(isSymmetric(points));
     form.radiobuttonSymmetric->setChecked(symmetric);
     connect(form.radiogroupSymmetric, &RadioGroup::clicked, this,
             &PWLDialog::radiogroupSymmetric_clicked);
@@ -126,18 +124,9 @@ void PWLDialog::loadPoints() {
 }
 
 void PWLDialog::populateTable() {
-  PointTable* grid = form.pwlGrid;
-  grid->setPoints(symmetric ? firstQuadrant(points) : points);
+  form.pwlGrid->setPoints(symmetric ? firstQuadrant(points) : points);
   if (symmetric)
     putOrigin();
-  for (int column = 0; column < grid->columnCount(); ++column) {
-    const QFontMetrics metrics = grid->fontMetrics();
-    int width = metrics.horizontalAdvance(grid->horizontalHeaderItem(column)->text());
-    for (int row = 0; row < grid->rowCount(); ++row)
-      width = std::max(width, metrics.horizontalAdvance(
-                                  grid->rows().at(row).text(column).left(longestMeasured)));
-    grid->setColumnWidth(column, std::max(width + cellMargin, leastColumnWidth));
-  }
 }
 
 void PWLDialog::putOrigin() {
@@ -230,19 +219,33 @@ int PWLDialog::countPoints() {
   return form.pwlGrid->rows().completeRows(symmetric ? 1 : 0);
 }
 
+void PWLDialog::setSymmetric(bool on) {
+  symmetric = on;
+  form.pwlGrid->setMode(on);
+}
+
+void PWLDialog::showMode(int mode) {
+  symmetric = mode != 0;
+  (symmetric ? form.radiobuttonSymmetric : form.radiobuttonAsymmetric)->setChecked(true);
+}
+
 void PWLDialog::radiogroupSymmetric_clicked(int selectedId) {
-  symmetric = selectedId != 0;
-  const PointRow first = form.pwlGrid->rows().at(0);
-  if (symmetric) {
-    if (isZero(first.x) && isZero(first.y))
-      form.pwlGrid->removeRow(0);
-    putOrigin();
-  } else if (first.kind == PointRow::Kind::Origin) {
-    form.pwlGrid->setRow(0, zero(PointRow::Kind::Point));
-  }
+  form.pwlGrid->commitOpenCell();
+  form.pwlGrid->step(tr("Entry Mode"), [this, selectedId] {
+    setSymmetric(selectedId != 0);
+    const PointRow first = form.pwlGrid->rows().at(0);
+    if (symmetric) {
+      if (isZero(first.x) && isZero(first.y))
+        form.pwlGrid->removeRow(0);
+      putOrigin();
+    } else if (first.kind == PointRow::Kind::Origin) {
+      form.pwlGrid->setRow(0, zero(PointRow::Kind::Point));
+    }
+  });
 }
 
 void PWLDialog::pasteButton_clicked() {
+  form.pwlGrid->commitOpenCell();
   YString clipboard;
   if (!sp_PasteTextFromClipboard(&clipboard) || clipboard.isEmpty())
     return;
@@ -254,8 +257,11 @@ void PWLDialog::pasteButton_clicked() {
     return;
   }
   // What is pasted is a whole curve, whatever the buttons go on to show.
-  radiogroupSymmetric_clicked(0);
-  form.pwlGrid->overwritePoints(pasted);
+  form.pwlGrid->step(tr("Paste"), [this, &pasted] {
+    radiogroupSymmetric_clicked(0);
+    form.pwlGrid->overwritePoints(pasted);
+  });
+  form.pwlGrid->enterFirstCell();
   limitInitialSegment();
 }
 
@@ -273,6 +279,7 @@ void PWLDialog::limitInitialSegment() {
 }
 
 void PWLDialog::open_converter_tool() {
+  form.pwlGrid->commitOpenCell();
   // A curve that was typed by hand reaches the tool as what comes out of it.
   if (converterMemory.input.isEmpty() && converterMemory.output.isEmpty())
     converterMemory.output = textOfPoints(normalisedPoints(0));
@@ -281,7 +288,9 @@ void PWLDialog::open_converter_tool() {
   if (tool.exec() != Accepted)
     return;
   // Also of a symmetric curve the points land from the first row on, in place of the origin.
-  form.pwlGrid->setPoints(pointsOfText(tool.outputText));
+  form.pwlGrid->step(tr("Conversion"),
+                     [&] { form.pwlGrid->setPoints(pointsOfText(tool.outputText)); });
+  form.pwlGrid->enterFirstCell();
   converterMemory = {tool.inputText, tool.outputText, tool.limitFlag, tool.limitValue};
   limitInitialSegment();
 }

@@ -44,6 +44,8 @@ private:
   void loadNumbers();
   void offerConverter();
   PwlPoints normalisedPoints(int first) const; ///< of the table, from this row on
+  void setSymmetric(bool on);
+  void showMode(int mode);
   void putOrigin();
   void limitInitialSegment();
 

@@ -1,8 +1,8 @@
 #include "Pwl/PointTable.h"
 
 #include "Core/Pieces/CellBlock.h"
-#include "Pieces/ListRows.h"
 #include "Pwl/PWLTableItems.h"
+#include "Pwl/PointDelegate.h"
 
 #include <QAction>
 #include <QApplication>
@@ -13,42 +13,13 @@
 #include <QSignalBlocker>
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace {
 
 constexpr int pointColumns = 2;
 constexpr int fewRows = 6;
-constexpr int leastContrast = 90; // of lightness, in 255ths
-constexpr int onDark = 180;       // lightness of a colour that is seen there
-constexpr int onLight = 40;
-
-/// Cells have colours of their own, which have to be seen on a dark table as well, and an alignment
-/// that says only left.
-class PointDelegate : public OneLineDelegate {
-public:
-  using OneLineDelegate::OneLineDelegate;
-
-protected:
-  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-    QStyledItemDelegate::initStyleOption(option, index);
-    if (!(option->displayAlignment & Qt::AlignVertical_Mask))
-      option->displayAlignment |= Qt::AlignVCenter;
-    const QColor ground = option->backgroundBrush.style() == Qt::NoBrush
-                              ? option->palette.color(QPalette::Base)
-                              : option->backgroundBrush.color();
-    const QColor text = option->palette.color(QPalette::Text);
-    const int groundLightness = qGray(ground.rgb());
-    if (std::abs(qGray(text.rgb()) - groundLightness) >= leastContrast)
-      return;
-    const bool isGrey = text.hslHue() < 0;
-    option->palette.setColor(QPalette::Text,
-                             QColor::fromHsl(isGrey ? 0 : text.hslHue(),
-                                             isGrey ? 0 : text.hslSaturation(),
-                                             groundLightness < 128 ? onDark : onLight));
-  }
-};
-
+constexpr int rowsAtFirst = 11;
+constexpr int leastColumnWidth = 80;
 PointRow rowOf(const PwlPoint& point, PointRow::Kind kind = PointRow::Kind::Point) {
   return {kind, point.x, point.y, QString()};
 }
@@ -76,10 +47,25 @@ QTableWidgetItem* newItem(const PointRow& row, int column) {
   return new PWLTableItem(text);
 }
 
+QList<QKeySequence> redoKeys() {
+  return {Qt::CTRL + Qt::SHIFT + Qt::Key_Z, Qt::CTRL + Qt::Key_Y};
+}
+
+/// Whether a key is one of the row operations'.
+bool isRowKey(const QKeyEvent& event) {
+  static constexpr int plain[] = {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Insert, Qt::Key_Delete};
+  const QKeySequence pressed(int(event.modifiers() & ~Qt::KeypadModifier) + event.key());
+  return std::find(std::begin(plain), std::end(plain), event.key()) != std::end(plain) ||
+         event.matches(QKeySequence::Undo) || redoKeys().contains(pressed);
+}
+
 } // namespace
 
 PointTable::PointTable(QWidget* parent, PointRows::Counted counted)
-    : QTableWidget(parent), m_rows(counted) {
+    : QTableWidget(parent), m_rows(counted),
+      m_history(&m_rows, [this](const PointRows::Change& change, bool isUndone, int mode) {
+        restore(change, isUndone, mode);
+      }) {
   setItemDelegate(new PointDelegate(this));
   setColumnCount(pointColumns);
   setTabKeyNavigation(false);
@@ -89,22 +75,38 @@ PointTable::PointTable(QWidget* parent, PointRows::Counted counted)
   numbers->setDefaultSectionSize(numbers->fontMetrics().height() * 3 / 2);
   numbers->setSectionResizeMode(QHeaderView::Fixed);
   horizontalHeader()->setStretchLastSection(true);
-  connect(
-      model(), &QAbstractItemModel::rowsInserted, this,
-      [this](const QModelIndex&, int first, int last) { m_rows.insert(first, last - first + 1); });
-  connect(
-      model(), &QAbstractItemModel::rowsRemoved, this,
-      [this](const QModelIndex&, int first, int last) { m_rows.remove(first, last - first + 1); });
+  connect(model(), &QAbstractItemModel::rowsInserted, this,
+          [this](const QModelIndex&, int first, int last) {
+            if (!m_isRestoring)
+              m_rows.insert(first, last - first + 1);
+          });
+  connect(model(), &QAbstractItemModel::rowsRemoved, this,
+          [this](const QModelIndex&, int first, int last) {
+            if (!m_isRestoring)
+              m_rows.remove(first, last - first + 1);
+          });
   connect(this, &QTableWidget::cellChanged, this, [this](int row, int column) {
     if (column < pointColumns)
       m_rows.setText(row, column, item(row, column)->text());
   });
 }
 
+void PointTable::showEvent(QShowEvent* event) {
+  QTableWidget::showEvent(event);
+  fitColumns(); // now that there is a width
+}
+
+int PointTable::heightOf(int rows) const {
+  return horizontalHeader()->sizeHint().height() + rows * verticalHeader()->defaultSectionSize() +
+         2 * frameWidth();
+}
+
 QSize PointTable::minimumSizeHint() const {
-  return {QTableWidget::minimumSizeHint().width(),
-          horizontalHeader()->sizeHint().height() +
-              fewRows * verticalHeader()->defaultSectionSize() + 2 * frameWidth()};
+  return {QTableWidget::minimumSizeHint().width(), heightOf(fewRows)};
+}
+
+QSize PointTable::sizeHint() const {
+  return {QTableWidget::sizeHint().width(), heightOf(rowsAtFirst)};
 }
 
 void PointTable::setLimits(int least, int most) {
@@ -123,14 +125,19 @@ void PointTable::addRowActions(QWidget* owner) {
       {tr("Delete Rows"), {Qt::Key_Delete}, &PointTable::deleteRows},
       {tr("Next Cell"), {Qt::Key_Return, Qt::Key_Enter}, &PointTable::nextCell},
   };
-  for (const Operation& operation : operations) {
-    auto* action = new QAction(operation.caption, owner);
-    action->setShortcuts(operation.keys);
+  const auto add = [this, owner](QAction* action, const QList<QKeySequence>& keys) {
+    action->setShortcuts(keys);
     if (owner == this)
       action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    connect(action, &QAction::triggered, this, operation.slot);
     owner->addAction(action);
+  };
+  for (const Operation& operation : operations) {
+    auto* action = new QAction(operation.caption, owner);
+    connect(action, &QAction::triggered, this, operation.slot);
+    add(action, operation.keys);
   }
+  add(m_history.undoAction(owner), {QKeySequence::Undo});
+  add(m_history.redoAction(owner), redoKeys());
   owner->setContextMenuPolicy(Qt::ActionsContextMenu);
   owner->installEventFilter(this);
 }
@@ -138,24 +145,22 @@ void PointTable::addRowActions(QWidget* owner) {
 bool PointTable::eventFilter(QObject* watched, QEvent* event) {
   // Keys that the focus widget has not claimed come by here before they become shortcuts.
   if (event->type() == QEvent::ShortcutOverride && !hasFocus() &&
-      !isAncestorOf(QApplication::focusWidget())) {
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Insert ||
-        key == Qt::Key_Delete) {
-      event->accept();
-      return true;
-    }
+      !isAncestorOf(QApplication::focusWidget()) && isRowKey(*static_cast<QKeyEvent*>(event))) {
+    event->accept();
+    return true;
   }
   return QTableWidget::eventFilter(watched, event);
 }
 
 void PointTable::setPoints(const PwlPoints& points, int blankRows, PointRow::Kind kind) {
+  wantFit();
   setRowCount(points.size() + blankRows);
   for (int row = 0; row < rowCount(); ++row)
     setRow(row, row < points.size() ? rowOf(points.at(row), kind) : PointRow());
 }
 
 void PointTable::overwritePoints(const PwlPoints& points) {
+  wantFit();
   setRowCount(points.size() + 1);
   for (int row = 0; row < points.size(); ++row)
     setRow(row, rowOf(points.at(row)));
@@ -178,18 +183,26 @@ void PointTable::showRow(int row) {
 }
 
 void PointTable::setText(int row, int column, const QString& text) {
-  if (!isShown(row))
-    showRow(row);
-  item(row, column)->setText(text);
+  step(tr("Edit"), [&] {
+    if (!isShown(row))
+      showRow(row);
+    item(row, column)->setText(text);
+  });
 }
 
-int PointTable::selectedCells() const {
-  int count = 0;
+PointTable::Selected PointTable::selectedCells() const {
+  Selected found;
   for (const QItemSelectionRange& range : selectionModel()->selection())
     for (int row = range.top(); row <= range.bottom(); ++row)
-      for (int column = range.left(); column <= range.right(); ++column)
-        count += m_rows.hasCell(row, column);
-  return count;
+      for (int column = range.left(); column <= range.right(); ++column) {
+        if (!m_rows.isSelectable(row, column))
+          continue;
+        if (found.cells++ == 0)
+          found = {1, row, row, row};
+        found.top = std::min(found.top, row);
+        found.bottom = std::max(found.bottom, row);
+      }
+  return found;
 }
 
 void PointTable::showTooMany() {
@@ -197,30 +210,26 @@ void PointTable::showTooMany() {
 }
 
 void PointTable::insertRows() {
+  commitOpenCell();
   const int currentAtRow = currentRow();
   const int currentAtColumn = currentColumn();
-  const QItemSelection selected = selectionModel()->selection();
-  int first = currentAtRow < 0 ? rowCount() : currentAtRow;
-  int count = 1;
-  if (!selected.isEmpty()) {
-    first = selected.first().top();
-    int last = first;
-    for (const QItemSelectionRange& range : selected) {
-      first = std::min(first, range.top());
-      last = std::max(last, range.bottom());
-    }
-    count = last - first + 1;
-  }
+  const Selected selected = selectedCells();
+  int first = selected.cells > 0 ? selected.top : currentAtRow < 0 ? rowCount() : currentAtRow;
+  if (m_rows.at(first).kind == PointRow::Kind::Origin)
+    ++first; // which stays the first
+  const int count = selected.bottom - selected.top + 1;
   if (!m_rows.mayInsert(count, limits.most)) {
     showTooMany();
     return;
   }
-  // All at once: the header looks at every row below each time that rows come in.
-  model()->insertRows(first, count);
-  for (int row = first; row < first + count; ++row)
-    showRow(row);
+  step(tr("Insert Rows"), [&] {
+    // All at once: the header looks at every row below each time that rows come in.
+    model()->insertRows(first, count);
+    for (int row = first; row < first + count; ++row)
+      showRow(row);
+  });
   clearSelection();
-  if (!selected.isEmpty())
+  if (selected.cells > 0)
     setRangeSelected({first, 0, first + count - 1, columnCount() - 1}, true);
   setCurrentCell(std::max(currentAtRow, 0), std::max(currentAtColumn, 0),
                  QItemSelectionModel::NoUpdate);
@@ -228,21 +237,19 @@ void PointTable::insertRows() {
 }
 
 void PointTable::deleteRows() {
+  commitOpenCell();
   const int currentAtRow = currentRow();
   const int currentAtColumn = currentColumn();
   if (!m_rows.at(currentAtRow).isBlank() && !m_rows.mayDelete(limits.least)) {
     QMessageBox::warning(window(), limits.tooFewTitle, limits.tooFew.arg(limits.least));
     return;
   }
-  const QItemSelection selected = selectionModel()->selection();
-  if (selected.isEmpty())
-    return;
   // A row for each cell: who selects both cells of a row takes the one below as well.
-  const int first = selected.first().top();
-  const int count = std::min(selectedCells(), rowCount() - first);
-  if (count == 0 || !m_rows.isRemovable(first, count))
+  const Selected selected = selectedCells();
+  const int count = std::min(selected.cells, rowCount() - selected.first);
+  if (count == 0 || !m_rows.isRemovable(selected.first, count))
     return;
-  model()->removeRows(first, count);
+  step(tr("Delete Rows"), [&] { model()->removeRows(selected.first, count); });
   setCurrentCell(std::min(currentAtRow, rowCount() - 1), currentAtColumn);
   emit rowsChanged();
 }
@@ -264,6 +271,94 @@ void PointTable::nextCell() {
   setCurrentCell(row, atRowEnd ? 0 : 1);
 }
 
+void PointTable::goOn(int step) {
+  int row = currentRow();
+  int column = currentColumn();
+  do {
+    column += step;
+    row += column < 0 ? -1 : column >= pointColumns ? 1 : 0;
+    column = (column + pointColumns) % pointColumns;
+  } while (row >= 0 && row < rowCount() && !m_rows.at(row).isEditable(column));
+  if (row < 0)
+    return;
+  if (row == rowCount()) {
+    if (!m_rows.mayInsert(1, limits.most)) {
+      showTooMany();
+      return;
+    }
+    insertRow(row);
+    showRow(row);
+    emit rowsChanged();
+  }
+  setCurrentCell(row, column);
+  edit(currentIndex());
+}
+
+void PointTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+  // Qt itself would go from the last cell to the first, and complain of one that opens no editor.
+  const bool isNext = hint == QAbstractItemDelegate::EditNextItem;
+  const bool goesOn = isNext || hint == QAbstractItemDelegate::EditPreviousItem;
+  QTableWidget::closeEditor(editor, goesOn ? QAbstractItemDelegate::NoHint : hint);
+  if (goesOn)
+    goOn(isNext ? 1 : -1);
+}
+
+void PointTable::commitData(QWidget* editor) {
+  step(tr("Edit"), [&] { QTableWidget::commitData(editor); });
+}
+
+void PointTable::commitOpenCell() {
+  QWidget* const editor = state() == EditingState ? viewport()->focusWidget() : nullptr;
+  if (!editor)
+    return;
+  commitData(editor);
+  closeEditor(editor, QAbstractItemDelegate::NoHint);
+}
+
+void PointTable::enterFirstCell() {
+  int row = 0;
+  while (row < rowCount() - 1 && !m_rows.at(row).isEditable(0))
+    ++row;
+  setCurrentCell(row, 0);
+}
+
+void PointTable::step(const QString& text, const std::function<void()>& act) {
+  m_history.step(text, m_mode, act);
+  if (m_wantsFit && !m_history.isInStep())
+    fitColumns();
+}
+
+void PointTable::fitColumns() {
+  m_wantsFit = false;
+  if (horizontalHeader()->sectionResizeMode(0) == QHeaderView::Stretch)
+    return;
+  const int needed = std::max(sizeHintForColumn(0), horizontalHeader()->sectionSizeHint(0));
+  const int share = std::max(viewport()->width() / pointColumns, leastColumnWidth);
+  setColumnWidth(0, std::clamp(needed, leastColumnWidth, share));
+}
+
+void PointTable::restore(const PointRows::Change& change, bool isUndone, int mode) {
+  const int now = isUndone ? change.after.size() : change.before.size();
+  const int then = isUndone ? change.before.size() : change.after.size();
+  const int end = change.first + std::min(now, then);
+  m_isRestoring = true;
+  if (then > now)
+    model()->insertRows(end, then - now);
+  else if (then < now)
+    model()->removeRows(end, now - then);
+  m_rows.apply(change, isUndone);
+  setRowCount(m_rows.count()); // of lines that were loaded, blank rows may have been added
+  m_isRestoring = false;
+  for (int row = change.first; row < change.first + then; ++row)
+    if (showsAll() || isShown(row))
+      showRow(row);
+  m_mode = mode;
+  clearSelection();
+  setCurrentCell(std::min(change.first, rowCount() - 1), 0);
+  emit stepRestored(mode);
+  emit rowsChanged();
+}
+
 void PointTable::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Copy))
     copySelection();
@@ -273,23 +368,22 @@ void PointTable::keyPressEvent(QKeyEvent* event) {
     QTableWidget::keyPressEvent(event);
 }
 
-QString PointTable::textOf(const QModelIndex& cell) const {
-  const PointRow row = m_rows.at(cell.row());
-  if (!row.hasCell(cell.column()))
-    return QString();
-  return cell.column() < pointColumns ? row.text(cell.column()) : ToolButtonPWLTableItem::caption();
-}
-
 void PointTable::copySelection() const {
-  QString text;
   QModelIndexList cells = selectedIndexes();
   std::sort(cells.begin(), cells.end());
-  for (int i = 0; i < cells.size(); ++i) {
-    if (i > 0)
-      text += cells.at(i).row() == cells.at(i - 1).row() ? QLatin1Char('\t') : QLatin1Char('\n');
-    text += textOf(cells.at(i));
+  QString text;
+  int lastRow = -1;
+  for (const QModelIndex& cell : cells) {
+    const PointRow row = m_rows.at(cell.row());
+    // A line has no second field; the buttons of the third column are no data.
+    if (cell.column() >= (row.isLine() ? 1 : pointColumns))
+      continue;
+    if (lastRow >= 0)
+      text += cell.row() == lastRow ? QLatin1Char('\t') : QLatin1Char('\n');
+    text += row.text(cell.column());
+    lastRow = cell.row();
   }
-  if (!cells.isEmpty())
+  if (lastRow >= 0)
     QGuiApplication::clipboard()->setText(text);
 }
 
@@ -302,12 +396,15 @@ void PointTable::pasteCells() {
     showTooMany();
     return;
   }
-  if (newRows > 0)
-    model()->insertRows(rowCount(), newRows);
-  for (int row = 0; row < block.size(); ++row)
-    for (int column = 0; column < block.at(row).size(); ++column)
-      if (m_rows.at(top + row).isEditable(left + column))
-        setText(top + row, left + column, block.at(row).at(column));
+  step(tr("Paste"), [&] {
+    wantFit();
+    if (newRows > 0)
+      model()->insertRows(rowCount(), newRows);
+    for (int row = 0; row < block.size(); ++row)
+      for (int column = 0; column < block.at(row).size(); ++column)
+        if (m_rows.at(top + row).isEditable(left + column))
+          setText(top + row, left + column, block.at(row).at(column));
+  });
   if (newRows > 0)
     emit rowsChanged();
 }

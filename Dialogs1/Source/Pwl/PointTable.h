@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Core/Pwl/PointRows.h"
+#include "Pwl/PointHistory.h"
 
 #include <QTableWidget>
 
@@ -44,6 +44,16 @@ public:
   void setText(int row, int column, const QString& text); ///< as if the user had typed it
 
   QSize minimumSizeHint() const override; ///< of a few rows
+  QSize sizeHint() const override;        ///< of as many as one likes to see
+  virtual void fitColumns();              ///< to what is in sight
+
+  /// Finishes a cell that is being typed in. Whatever reads the table does so first.
+  void commitOpenCell();
+  void enterFirstCell(); ///< makes the first that can be typed in the current one
+  /// What `act` does to the rows is undone and done again as a whole, with the mode.
+  void step(const QString& text, const std::function<void()>& act);
+  void setMode(int mode) { m_mode = mode; } ///< what its owner takes the rows for
+  void forgetSteps() { m_history.clear(); }
 
   void insertRows(); ///< blank, as many as are selected
   void deleteRows(); ///< a row for each selected cell, from the first on
@@ -51,21 +61,40 @@ public:
   void showTooMany();
 
 signals:
-  void rowsChanged(); ///< the user has inserted or deleted rows
+  void rowsChanged();          ///< the user has inserted or deleted rows
+  void stepRestored(int mode); ///< a step was undone or done again
 
 protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+  void commitData(QWidget* editor) override;
+  virtual bool showsAll() const { return true; } ///< else a row has no items until it is seen
 
   bool isShown(int row) const { return item(row, 0); }
-  void showRow(int row); ///< gives a row its items
+  void showRow(int row);                ///< gives a row its items
+  void wantFit() { m_wantsFit = true; } ///< when the step has been done
+  bool m_wantsFit = false;
 
   Limits limits;
   PointRows m_rows;
 
 private:
-  int selectedCells() const;
-  QString textOf(const QModelIndex& cell) const;
+  int heightOf(int rows) const;
+  struct Selected {
+    int cells = 0; ///< that can be selected at all
+    int first = 0; ///< row of the first of them
+    int top = 0;
+    int bottom = 0;
+  };
+  Selected selectedCells() const;
+  void goOn(int step); ///< to the next or last cell that can be typed in
+  void restore(const PointRows::Change& change, bool isUndone, int mode);
   void copySelection() const;
   void pasteCells();
+
+  int m_mode = 0;
+  bool m_isRestoring = false;
+  PointHistory m_history; ///< goes before the rows
 };

@@ -60,8 +60,7 @@ SyntaxStatus checkSyntax(const YString& folder, const QString& deviceName, const
   QLockFile lock(path(syntaxLockFile));
   lock.setStaleLockTime(0); // but that of a program that has died
   if (!acquire(&lock))
-    return lock.error() == QLockFile::LockFailedError ? SyntaxStatus::Busy
-                                                      : SyntaxStatus::NotRun;
+    return lock.error() == QLockFile::LockFailedError ? SyntaxStatus::Busy : SyntaxStatus::NotRun;
   const QString deck = path(syntaxDeckFile);
   if (!writeFile(path(syntaxPointsFile), points.joined()))
     return SyntaxStatus::NotRun;
