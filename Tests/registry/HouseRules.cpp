@@ -1,3 +1,4 @@
+#include "AccessibleRules.h"
 #include "Changes.h"
 #include "Drive/DriveError.h"
 #include "Drive/InputPlayer.h"
@@ -103,45 +104,6 @@ QWidget* composite(QWidget* widget) {
   while (widget && isInnerPart(widget) && widget->parentWidget())
     widget = widget->parentWidget();
   return widget;
-}
-
-bool hasAccessibleName(QWidget* widget) {
-  QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(widget);
-  if (!accessible || !widget->accessibleName().isEmpty())
-    return accessible;
-  for (const QLabel* label : widget->window()->findChildren<QLabel*>())
-    if (label->buddy() == widget)
-      return true;
-  // A combo box gives its entry for a name, and any field the title of the box that it stands in.
-  const auto* box = qobject_cast<const QGroupBox*>(widget->parentWidget());
-  const QString name = accessible->text(QAccessible::Name);
-  const bool isOwn =
-      qobject_cast<const QAbstractButton*>(widget) ||
-      (!qobject_cast<const QComboBox*>(widget) && !(box && name == plainCaption(box->title())));
-  return isOwn && !name.isEmpty();
-}
-
-/// What a screen reader comes to, the inner edits of fields among it; cells say what is in them.
-void expectNamesForReaders(QAccessibleInterface* accessible) {
-  const QAccessible::State state = accessible->state();
-  const auto* widget = qobject_cast<const QWidget*>(accessible->object());
-  if (widget && state.focusable && !state.invisible && !state.disabled) {
-    EXPECT_TRUE(!accessible->text(QAccessible::Name).isEmpty() ||
-                !accessible->relations(QAccessible::Label).isEmpty())
-        << nameOf(widget) << " in " << nameOf(widget->parentWidget()) << " has no name for readers";
-  }
-  for (int i = 0; i < accessible->childCount(); ++i)
-    if (QAccessibleInterface* child = accessible->child(i); child && child->object())
-      expectNamesForReaders(child);
-}
-
-void expectAccessible(QWidget* dialog) {
-  expectNamesForReaders(QAccessible::queryAccessibleInterface(dialog));
-  for (QWidget* widget : shownWidgets(dialog)) {
-    if (widget->focusPolicy() == Qt::NoFocus || !widget->isEnabled())
-      continue;
-    EXPECT_TRUE(hasAccessibleName(widget)) << nameOf(widget) << " has no accessible name";
-  }
 }
 
 /// Two groups of this one have had the same mnemonic for so long that users know it.
@@ -474,20 +436,26 @@ TEST_P(HouseRules, LooksAndReadsAsItShould) {
     expectOwnClassName(actions.dialog());
     expectPictures(actions.dialog());
     expectSteps(actions.dialog());
+    expectRoles(actions.dialog());
+    expectWords(actions.dialog());
+    expectOffStays(actions.dialog());
     EXPECT_TRUE(actions.dialog()->focusWidget()) << "nothing has the focus on opening";
     onEveryPage(actions, [&](const std::string& page) {
       SCOPED_TRACE(page);
       expectNothingClipped(actions.dialog());
-      expectAccessible(actions.dialog());
+      expectNames(actions.dialog());
       expectMnemonics(actions.dialog());
       expectButtons(actions.dialog());
       expectTabCycle(actions);
     });
     changeFields(actions);
+    expectRoles(actions.dialog());
+    expectWords(actions.dialog());
+    expectOffStays(actions.dialog());
     onEveryPage(actions, [&](const std::string& page) {
       SCOPED_TRACE(page + ", changed");
       expectNothingClipped(actions.dialog());
-      expectAccessible(actions.dialog());
+      expectNames(actions.dialog());
       expectMnemonics(actions.dialog());
     });
     actions.reject();
