@@ -17,8 +17,10 @@ public:
 
   QString text(QAccessible::Text kind) const override {
     switch (kind) {
-    case QAccessible::Name:
-      return fieldName(m_box);
+    case QAccessible::Name: {
+      const QString name = fieldName(m_box);
+      return name.isEmpty() ? m_box->currentText() : name;
+    }
     case QAccessible::Value:
       return m_box->currentText();
     default:

@@ -116,7 +116,23 @@ void changeByReader(QAccessibleInterface* accessible) {
       actions->doAction(QString::fromLatin1(action));
 }
 
-} // namespace
+/// A table is read cell by cell, each behind the name of its column; what a cell says when it is
+/// pointed at is read as well.
+void expectCells(QAbstractItemView* view) {
+  QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(view);
+  QAccessibleTableInterface* table = accessible ? accessible->tableInterface() : nullptr;
+  for (int column = 0; table && column < table->columnCount(); ++column) {
+    EXPECT_TRUE(accessible->role() == Role::List ||
+                !table->columnDescription(column).trimmed().isEmpty())
+        << nameOf(view) << ", column " << column << " has no name for readers";
+    for (int row = 0; row < std::min(table->rowCount(), 64); ++row) {
+      const QVariant tip = view->model()->index(row, column).data(Qt::ToolTipRole);
+      EXPECT_TRUE(tip.toString().isEmpty() ||
+                  !table->cellAt(row, column)->text(QAccessible::Description).isEmpty())
+          << nameOf(view) << " shows " << tip.toString().toStdString() << " and does not say it";
+    }
+  }
+}
 
 void expectRoles(const QWidget* dialog) {
   for (QWidget* widget : dialog->findChildren<QWidget*>()) {
@@ -133,29 +149,6 @@ void expectRoles(const QWidget* dialog) {
         << nameOf(widget) << " has the role 0x" << std::hex << accessible->role()
         << " (was it made inside of what is off?)";
   }
-}
-
-void expectNames(QWidget* dialog) {
-  std::map<QString, QObject*> named;
-  visit(QAccessible::queryAccessibleInterface(dialog), [&](QAccessibleInterface* accessible) {
-    const QString name = accessible->text(QAccessible::Name);
-    const QAccessible::State state = accessible->state();
-    const auto* view = qobject_cast<QAbstractItemView*>(accessible->object());
-    if (state.invisible || !(view ? view->isVisible() : state.focusable) ||
-        accessible->object()->inherits("QTabBar"))
-      return;
-    EXPECT_FALSE(name.trimmed().isEmpty())
-        << nameOf(accessible->object()) << " in " << nameOf(accessible->object()->parent())
-        << " has no name for readers";
-    if (const auto* combo = qobject_cast<QComboBox*>(accessible->object())) {
-      EXPECT_EQ(accessible->text(QAccessible::Value), combo->currentText());
-      EXPECT_NE(name, combo->currentText()) << nameOf(combo) << " is called by what it shows";
-    }
-    QObject*& first = named[placeOf(accessible) + name + QString::number(accessible->role())];
-    EXPECT_FALSE(first) << nameOf(accessible->object()) << " is called \"" << name.toStdString()
-                        << "\" as is " << nameOf(first);
-    first = accessible->object();
-  });
 }
 
 void expectWords(QWidget* dialog) {
@@ -180,4 +173,38 @@ void expectOffStays(QWidget* dialog) {
     EXPECT_EQ(stateOf(dialog).toStdString(), before.toStdString())
         << "a reader has changed " << nameOf(widget);
   }
+}
+
+} // namespace
+
+void expectNames(QWidget* dialog) {
+  std::map<QString, QObject*> named;
+  visit(QAccessible::queryAccessibleInterface(dialog), [&](QAccessibleInterface* accessible) {
+    const QString name = accessible->text(QAccessible::Name);
+    const QAccessible::State state = accessible->state();
+    auto* view = qobject_cast<QAbstractItemView*>(accessible->object());
+    if (state.invisible || !(view ? view->isVisible() : state.focusable) ||
+        accessible->object()->inherits("QTabBar"))
+      return;
+    EXPECT_FALSE(name.trimmed().isEmpty())
+        << nameOf(accessible->object()) << " in " << nameOf(accessible->object()->parent())
+        << " has no name for readers";
+    if (const auto* combo = qobject_cast<QComboBox*>(accessible->object())) {
+      EXPECT_EQ(accessible->text(QAccessible::Value), combo->currentText());
+      EXPECT_NE(name, combo->currentText()) << nameOf(combo) << " is called by what it shows";
+    }
+    if (view)
+      expectCells(view);
+    QObject*& first = named[placeOf(accessible) + name + QString::number(accessible->role())];
+    EXPECT_FALSE(first) << nameOf(accessible->object()) << " is called \"" << name.toStdString()
+                        << "\" as is " << nameOf(first);
+    first = accessible->object();
+  });
+}
+
+void expectReadable(QWidget* dialog) {
+  expectRoles(dialog);
+  expectNames(dialog);
+  expectWords(dialog);
+  expectOffStays(dialog);
 }

@@ -6,14 +6,10 @@ class QWidget;
 /// it, as it were: whatever changes, it asks at once what has changed, be it finished or not.
 
 /// Whether each widget that can have the focus, and each label, is what its class says, shown or
-/// not, enabled or not.
-void expectRoles(const QWidget* dialog);
+/// not, enabled or not; names and descriptions are words, without the tags of what is shown; and
+/// what is off, or only to be read, takes nothing from a reader. The page in front has names.
+void expectReadable(QWidget* dialog);
 
-/// Whether what a reader comes to on the page in front has a name, which tells it from the others.
+/// Whether what a reader comes to on the page in front has a name that tells it from the others,
+/// and the columns of tables have one.
 void expectNames(QWidget* dialog);
-
-/// Whether names and descriptions are words, without the tags of what is shown.
-void expectWords(QWidget* dialog);
-
-/// Whether what is off, or only to be read, takes nothing from a reader.
-void expectOffStays(QWidget* dialog);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QLineEdit>
 #include <QTest>
@@ -32,4 +33,18 @@ TEST(DefinitionTable, TabGoesFromCellToCell) {
     EXPECT_EQ(table.currentColumn(), step.column);
     EXPECT_EQ(table.findChild<QLineEdit*>() != nullptr, step.opens);
   }
+}
+
+TEST(DefinitionTable, AFaultIsHeardAsItIsShown) {
+  LineStore lines;
+  lines.append("0 x");
+  DefinitionTable table;
+  table.setLines(lines,
+                 SyntaxMessages(QStringLiteral("<<<<<<<< Error Message ID: 7 >>>>>>>>\n"
+                                               "in points.txt, line 1:\nNo number.\n****\n")));
+  QAccessibleTableInterface* cells =
+      QAccessible::queryAccessibleInterface(&table)->tableInterface();
+  const QString heard = cells->cellAt(0, 1)->text(QAccessible::Description);
+  EXPECT_EQ(heard, table.item(0, 1)->toolTip());
+  EXPECT_TRUE(heard.contains(QStringLiteral("No number.")));
 }
