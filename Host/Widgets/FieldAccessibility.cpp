@@ -2,12 +2,19 @@
 
 #include "HostSupportQt/Captions.h"
 
+#include <QAbstractItemView>
 #include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 
 #ifndef QT_NO_ACCESSIBILITY
+
+/// The view that the editor of a cell stands in.
+static QAbstractItemView* viewAround(const QWidget* editor) {
+  const QWidget* viewport = editor->parentWidget();
+  return viewport ? qobject_cast<QAbstractItemView*>(viewport->parentWidget()) : nullptr;
+}
 
 QString fieldName(QWidget* field) {
   if (!field->accessibleName().isEmpty())
@@ -16,6 +23,9 @@ QString fieldName(QWidget* field) {
   for (QLabel* label : field->window()->findChildren<QLabel*>())
     if (label->buddy() == field && !label->text().isEmpty())
       return plainCaption(plainText(label->text()));
+  const QAbstractItemView* view = viewAround(field);
+  if (view && view->currentIndex().isValid())
+    return view->model()->headerData(view->currentIndex().column(), Qt::Horizontal).toString();
   auto* box = qobject_cast<QGroupBox*>(field->parentWidget());
   return box ? plainCaption(box->title()) : QString();
 }

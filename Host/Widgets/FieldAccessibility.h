@@ -9,8 +9,8 @@
 #ifndef QT_NO_ACCESSIBILITY
 
 /// What a field is called for those who hear it, and so is the line edit in it, which has the
-/// focus: its accessible name, the label that has it for a buddy, wherever that stands, or the
-/// title of its box.
+/// focus: its accessible name, the label that has it for a buddy, wherever that stands, the column
+/// of the cell that it edits, or the title of its box.
 QString fieldName(QWidget* field);
 
 /// The factories, by the class that Qt asks for; null for what is none of theirs.

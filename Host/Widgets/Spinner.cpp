@@ -302,7 +302,9 @@ Spinner::Spinner(QWidget* parent, const char* objectName)
   setAttribute(Qt::WA_Hover);
 }
 
-Spinner::~Spinner() = default;
+Spinner::~Spinner() {
+  d->edit->disconnect(this); // its parts are gone when the edit loses the focus
+}
 
 double Spinner::value() const {
   switch (d->kind) {

@@ -1,5 +1,7 @@
 #include "Pwl/DefinitionTable.h"
 
+#include "HostWidgets/Accessibility.h"
+
 #include <gtest/gtest.h>
 
 #include <QAccessible>
@@ -9,11 +11,15 @@
 
 // A warning of Qt fails these tests: it has one for a cell that opens no editor.
 TEST(DefinitionTable, TabGoesFromCellToCell) {
+  installFieldAccessibility();
   LineStore lines;
   for (const char* line : {"0 0", "1u 5", "* a comment"})
     lines.append(line);
   DefinitionTable table;
   table.setLines(lines, {});
+  const QStringList headings{QStringLiteral("Time"), QStringLiteral("Value"),
+                             QStringLiteral("File")};
+  table.setHorizontalHeaderLabels(headings);
   table.show();
   QApplication::setActiveWindow(&table);
   table.setCurrentCell(0, 0);
@@ -27,6 +33,8 @@ TEST(DefinitionTable, TabGoesFromCellToCell) {
   for (const auto& step : steps) {
     auto* editor = table.findChild<QLineEdit*>();
     ASSERT_TRUE(editor);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(editor)->text(QAccessible::Name),
+              headings.at(table.currentColumn()));
     QTest::keyClick(editor, step.key);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(table.currentRow(), step.row);
