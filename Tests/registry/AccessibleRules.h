@@ -8,7 +8,8 @@ class QWidget;
 /// Whether each widget that can have the focus, and each label, is what its class says, shown or
 /// not, enabled or not; names and descriptions are words, without the tags of what is shown; and
 /// what is off, or only to be read, takes nothing from a reader. The page in front has names.
-void expectReadable(QWidget* dialog);
+/// Returns how many widgets were off.
+int expectReadable(QWidget* dialog);
 
 /// Whether what a reader comes to on the page in front has a name that tells it from the others,
 /// and the columns of tables have one.
