@@ -3,14 +3,31 @@
 #include "BoundElement.h"
 #include "HostSupport/Arguments.h"
 #include "HostSupportQt/Text.h"
+#include "HostWidgets/Accessibility.h"
 
 #include <QKeyEvent>
+#include <QStandardItemModel>
 #include <QWheelEvent>
 
 #include <cmath>
 
+namespace {
+
+/// Nobody rewrites an entry; Qt's own would let a reader.
+class EntryModel : public QStandardItemModel {
+public:
+  using QStandardItemModel::QStandardItemModel;
+
+  Qt::ItemFlags flags(const QModelIndex& index) const override {
+    return QStandardItemModel::flags(index) & ~Qt::ItemIsEditable;
+  }
+};
+
+} // namespace
+
 ComboBox::ComboBox(QWidget* parent, const char* objectName) : QComboBox(parent) {
-  installAccessibility();
+  installFieldAccessibility();
+  setModel(new EntryModel(this));
   setObjectName(QLatin1String(objectName));
   // The wheel that scrolls a page must not take the focus on its way.
   setFocusPolicy(Qt::StrongFocus);

@@ -1,81 +1,128 @@
 #pragma once
 
+#include "HostWidgets/Accessibility.h"
+
 #include <QAccessibleWidget>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 
 #ifndef QT_NO_ACCESSIBILITY
 
 /// What a field is called for those who hear it, and so is the line edit in it, which has the
-/// focus: its accessible name, the label that has it for a buddy, wherever that stands, or the
-/// title of its box.
+/// focus: its accessible name, the label that has it for a buddy, wherever that stands, the column
+/// of the cell that it edits, or the title of its box.
 QString fieldName(QWidget* field);
 
-/// The editable text of a field's line edit.
-class EditText : public QAccessibleTextInterface, public QAccessibleEditableTextInterface {
-public:
-  explicit EditText(QLineEdit* edit) : m_edit(edit) {}
+/// The factories, by the class that Qt asks for; null for what is none of theirs.
+QAccessibleInterface* makeSpinnerAccessible(const QString& className, QObject* object);
+QAccessibleInterface* makeChoiceAccessible(const QString& className, QObject* object);
+QAccessibleInterface* makeTextAccessible(const QString& className, QObject* object);
 
-  void selection(int index, int* start, int* end) const override {
-    const bool selected = index == 0 && m_edit->hasSelectedText();
-    *start = selected ? m_edit->selectionStart() : 0;
-    *end = selected ? m_edit->selectionEnd() : 0;
-  }
-  int selectionCount() const override { return m_edit->hasSelectedText() ? 1 : 0; }
+/// The text of an edit, as a reader moves in it and changes it. What the user cannot change, a
+/// reader cannot; a change can be undone like one that was typed.
+class FieldText : public QAccessibleTextInterface, public QAccessibleEditableTextInterface {
+public:
   void addSelection(int start, int end) override { setSelection(0, start, end); }
-  void removeSelection(int index) override {
-    if (index == 0)
-      m_edit->deselect();
-  }
-  void setSelection(int index, int start, int end) override {
-    if (index == 0)
-      m_edit->setSelection(start, end - start);
-  }
-  int cursorPosition() const override { return m_edit->cursorPosition(); }
-  void setCursorPosition(int position) override { m_edit->setCursorPosition(position); }
-  QString text(int start, int end) const override { return m_edit->text().mid(start, end - start); }
-  int characterCount() const override { return m_edit->text().length(); }
-  QRect characterRect(int offset) const override {
-    const QFontMetrics metrics = m_edit->fontMetrics();
-    const QString all = m_edit->text();
-    if (offset < 0 || offset > all.length())
-      return {};
-    const int x = metrics.horizontalAdvance(all.left(offset));
-    const int width = metrics.horizontalAdvance(all.mid(offset, 1));
-    const QRect rect(x, (m_edit->height() - metrics.height()) / 2, width, metrics.height());
-    return rect.translated(m_edit->mapToGlobal(QPoint(0, 0)));
-  }
-  int offsetAtPoint(const QPoint& point) const override {
-    const QPoint local = m_edit->mapFromGlobal(point);
-    return m_edit->rect().contains(local) ? m_edit->cursorPositionAt(local) : -1;
-  }
-  void scrollToSubstring(int start, int) override { m_edit->setCursorPosition(start); }
   QString attributes(int offset, int* start, int* end) const override {
     *start = *end = offset;
     return {};
   }
   void deleteText(int start, int end) override { replaceText(start, end, {}); }
   void insertText(int offset, const QString& text) override { replaceText(offset, offset, text); }
-  void replaceText(int start, int end, const QString& text) override {
-    m_edit->setText(m_edit->text().replace(start, end - start, text));
-  }
+};
+
+class LineText : public FieldText {
+public:
+  explicit LineText(QLineEdit* edit) : m_edit(edit) {}
+
+  void selection(int index, int* start, int* end) const override;
+  int selectionCount() const override { return m_edit->hasSelectedText() ? 1 : 0; }
+  void removeSelection(int index) override;
+  void setSelection(int index, int start, int end) override;
+  int cursorPosition() const override { return m_edit->cursorPosition(); }
+  void setCursorPosition(int position) override { m_edit->setCursorPosition(position); }
+  QString text(int start, int end) const override;
+  int characterCount() const override { return m_edit->text().length(); }
+  QRect characterRect(int offset) const override;
+  int offsetAtPoint(const QPoint& point) const override;
+  void scrollToSubstring(int start, int) override { m_edit->setCursorPosition(start); }
+  void replaceText(int start, int end, const QString& text) override;
 
 private:
   QLineEdit* m_edit;
 };
 
-/// A widget that is heard as a line of text: the line edit of a field, or the field itself.
-class TextAccessible : public QAccessibleWidget {
+class PageText : public FieldText {
 public:
-  void* interface_cast(QAccessible::InterfaceType type) override;
+  explicit PageText(QPlainTextEdit* edit) : m_edit(edit) {}
 
-protected:
-  TextAccessible(QWidget* widget, QAccessible::Role role, QLineEdit* lineEdit)
-      : QAccessibleWidget(widget, role), edit(lineEdit), m_text(lineEdit) {}
-
-  QLineEdit* const edit;
+  void selection(int index, int* start, int* end) const override;
+  int selectionCount() const override { return m_edit->textCursor().hasSelection() ? 1 : 0; }
+  void removeSelection(int index) override;
+  void setSelection(int index, int start, int end) override;
+  int cursorPosition() const override { return m_edit->textCursor().position(); }
+  void setCursorPosition(int position) override { setSelection(0, position, position); }
+  QString text(int start, int end) const override;
+  int characterCount() const override { return m_edit->document()->characterCount() - 1; }
+  QRect characterRect(int offset) const override;
+  int offsetAtPoint(const QPoint& point) const override;
+  void scrollToSubstring(int start, int end) override { setSelection(0, start, end); }
+  void replaceText(int start, int end, const QString& text) override;
 
 private:
-  EditText m_text;
+  QTextCursor cursorOver(int start, int end) const;
+
+  QPlainTextEdit* m_edit;
 };
+
+/// A widget that is heard as a text: the edit of a field, or the field itself.
+template <class Edit, class Text> class TextAccessible : public QAccessibleWidget {
+public:
+  TextAccessible(QWidget* widget, QAccessible::Role role, QWidget* field, Edit* textEdit)
+      : QAccessibleWidget(widget, role), edit(textEdit), m_field(field), m_text(textEdit) {}
+
+  void* interface_cast(QAccessible::InterfaceType type) override {
+    switch (type) {
+    case QAccessible::TextInterface:
+      return static_cast<QAccessibleTextInterface*>(&m_text);
+    case QAccessible::EditableTextInterface:
+      return static_cast<QAccessibleEditableTextInterface*>(&m_text);
+    default:
+      return QAccessibleWidget::interface_cast(type);
+    }
+  }
+  QString text(QAccessible::Text kind) const override {
+    switch (kind) {
+    case QAccessible::Name:
+      return fieldName(m_field);
+    case QAccessible::Value:
+      return m_text.text(0, m_text.characterCount());
+    default:
+      return QAccessibleWidget::text(kind);
+    }
+  }
+  void setText(QAccessible::Text kind, const QString& text) override {
+    if (kind == QAccessible::Value)
+      m_text.replaceText(0, m_text.characterCount(), text);
+    else
+      QAccessibleWidget::setText(kind, text);
+  }
+  QAccessible::State state() const override {
+    QAccessible::State state = QAccessibleWidget::state();
+    state.readOnly = edit->isReadOnly();
+    state.editable = !edit->isReadOnly();
+    state.selectableText = true;
+    return state;
+  }
+
+protected:
+  Edit* const edit;
+
+private:
+  QWidget* m_field;
+  Text m_text;
+};
+
+using LineAccessible = TextAccessible<QLineEdit, LineText>;
 
 #endif

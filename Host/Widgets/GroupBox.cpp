@@ -1,8 +1,10 @@
 #include "HostWidgets/GroupBox.h"
 
 #include "FlagText.h"
+#include "HostWidgets/Accessibility.h"
 
 GroupBox::GroupBox(QWidget* parent, const char* objectName) : QGroupBox(parent) {
+  installFieldAccessibility();
   setObjectName(QLatin1String(objectName));
 }
 

@@ -1,13 +1,13 @@
 #include "HostWidgets/Label.h"
 
+#include "HostSupportQt/Captions.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QRegularExpression>
 #include <QStyle>
 #include <QStyleOptionFocusRect>
-#include <QTextDocument>
-#include <QTextDocumentFragment>
 #include <QWhatsThis>
 
 namespace {
@@ -17,10 +17,6 @@ const QLatin1String infoLink("ref");
 bool linksToInfo(const QString& text) {
   static const QRegularExpression link(QStringLiteral("<a\\s+href=[\"']?%1\\b").arg(infoLink));
   return link.match(text).hasMatch();
-}
-
-QString plainText(const QString& text) {
-  return Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText() : text;
 }
 
 } // namespace

@@ -42,9 +42,22 @@ public:
   }
 };
 
+class ParameterRow : public QTreeWidgetItem {
+public:
+  using QTreeWidgetItem::QTreeWidgetItem;
+
+  /// A row is edited as one; what comes from elsewhere than the view's own editor leaves the name.
+  void setData(int column, int role, const QVariant& value) override {
+    if (column != NameColumn || !treeWidget())
+      QTreeWidgetItem::setData(column, role, value);
+  }
+};
+
 QTreeWidgetItem* makeRow(const char* name, const char* value) {
   const QString text = QString::fromUtf8(value);
-  auto* row = new QTreeWidgetItem({QString::fromUtf8(name), text});
+  auto* row = new ParameterRow;
+  row->setText(NameColumn, QString::fromUtf8(name));
+  row->setText(ValueColumn, text);
   row->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable |
                 Qt::ItemNeverHasChildren);
   if (text.toUtf8() != value)

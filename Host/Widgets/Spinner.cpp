@@ -2,6 +2,7 @@
 
 #include "HostSupport/Numbers.h"
 #include "HostSupportQt/Text.h"
+#include "HostWidgets/Accessibility.h"
 #include "SpinnerPrivate.h"
 #include "SpinnerSteps.h"
 #include "SpinnerText.h"
@@ -39,13 +40,18 @@ double limit(double value, double unlimited) {
 } // namespace
 
 Spinner::Private::Private(Spinner* spinner) : q(spinner) {
-  installAccessibility(); // first: Qt asks once what the edit is, and keeps the answer
+  installFieldAccessibility(); // first: Qt asks once what the edit is, and keeps the answer
   edit = new QLineEdit(spinner);
   edit->setFrame(false);
   edit->setMaxLength(std::numeric_limits<int>::max()); // an expression comes back whole
   edit->setText(QStringLiteral("0"));
   reportedText = edit->text();
   edit->installEventFilter(q);
+  // Without the focus a text ends as a reader has put it.
+  QObject::connect(edit, &QLineEdit::editingFinished, q, [this] {
+    if (!edit->hasFocus() && !q->window()->isHidden())
+      finish();
+  });
   QObject::connect(edit, &QLineEdit::textChanged, q,
                    [this](const QString& text) { textChanged(text); });
 }
@@ -296,7 +302,9 @@ Spinner::Spinner(QWidget* parent, const char* objectName)
   setAttribute(Qt::WA_Hover);
 }
 
-Spinner::~Spinner() = default;
+Spinner::~Spinner() {
+  d->edit->disconnect(this); // its parts are gone when the edit loses the focus
+}
 
 double Spinner::value() const {
   switch (d->kind) {

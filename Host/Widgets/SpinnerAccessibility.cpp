@@ -8,36 +8,30 @@ namespace {
 
 /// Stands for the spinner, and for its line edit, which has the focus: a reader of the focus hears
 /// the same name and value either way.
-class SpinButton : public TextAccessible, public QAccessibleValueInterface {
+class SpinButton : public LineAccessible, public QAccessibleValueInterface {
 public:
   SpinButton(QWidget* widget, Spinner* spinner, QLineEdit* lineEdit)
-      : TextAccessible(widget, widget == spinner ? QAccessible::SpinBox : QAccessible::EditableText,
-                       lineEdit),
+      : LineAccessible(widget, widget == spinner ? QAccessible::SpinBox : QAccessible::EditableText,
+                       spinner, lineEdit),
         m_spinner(spinner) {}
 
   void* interface_cast(QAccessible::InterfaceType type) override {
     return type == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface*>(this)
-                                               : TextAccessible::interface_cast(type);
+                                               : LineAccessible::interface_cast(type);
   }
 
   QString text(QAccessible::Text kind) const override {
-    if (kind == QAccessible::Value)
-      return edit->text();
+    const bool isPart = widget() != m_spinner;
     if (kind == QAccessible::Description && !edit->accessibleDescription().isEmpty())
       return edit->accessibleDescription();
-    if (kind == QAccessible::Name)
-      return fieldName(m_spinner);
-    if (widget() != m_spinner) {
+    if (isPart && kind != QAccessible::Name && kind != QAccessible::Value)
       if (QAccessibleInterface* spinner = QAccessible::queryAccessibleInterface(m_spinner))
         return spinner->text(kind);
-    }
-    return QAccessibleWidget::text(kind);
+    return LineAccessible::text(kind);
   }
 
   QAccessible::State state() const override {
-    QAccessible::State state = QAccessibleWidget::state();
-    state.editable = true;
-    state.selectableText = true;
+    QAccessible::State state = LineAccessible::state();
     state.invalid = !m_spinner->isAcceptable();
     return state;
   }
@@ -46,7 +40,7 @@ public:
   void setCurrentValue(const QVariant& value) override {
     bool ok = false;
     const double number = value.toDouble(&ok);
-    if (ok)
+    if (ok && m_spinner->isEnabled())
       m_spinner->setValue(number);
   }
   QVariant maximumValue() const override { return m_spinner->max; }
@@ -57,7 +51,9 @@ private:
   Spinner* m_spinner;
 };
 
-QAccessibleInterface* makeSpinButton(const QString& className, QObject* object) {
+} // namespace
+
+QAccessibleInterface* makeSpinnerAccessible(const QString& className, QObject* object) {
   if (className == QLatin1String("Spinner")) {
     auto* spinner = qobject_cast<Spinner*>(object);
     auto* edit = spinner ? qobject_cast<QLineEdit*>(spinner->focusProxy()) : nullptr;
@@ -71,13 +67,6 @@ QAccessibleInterface* makeSpinButton(const QString& className, QObject* object) 
   return nullptr;
 }
 
-} // namespace
-
-void Spinner::Private::installAccessibility() {
-  static const bool installed = (QAccessible::installFactory(makeSpinButton), true);
-  Q_UNUSED(installed)
-}
-
 void Spinner::Private::announceValue() const {
   if (!QAccessible::isActive())
     return;
@@ -87,7 +76,6 @@ void Spinner::Private::announceValue() const {
 
 #else
 
-void Spinner::Private::installAccessibility() {}
 void Spinner::Private::announceValue() const {}
 
 #endif

@@ -51,8 +51,7 @@ public:
   QString stepText(double from, double to) const;
 
   // What assistive technology sees of it.
-  static void installAccessibility(); ///< once in a process
-  void announceValue() const;         ///< if somebody listens
+  void announceValue() const; ///< if somebody listens
 
   // Mouse, keyboard and painting.
   void initStyleOption(QStyleOptionSpinBox* option) const;

@@ -1,8 +1,11 @@
 #include "HostWidgets/TextEdit.h"
 
+#include "HostWidgets/Accessibility.h"
+
 #include <QTextOption>
 
 TextEdit::TextEdit(QWidget* parent, const char* objectName) : QPlainTextEdit(parent) {
+  installFieldAccessibility();
   setObjectName(QLatin1String(objectName));
   setTabChangesFocus(true);
   // Wrapping inside words takes time that grows with the square of an unbroken text.

@@ -42,6 +42,5 @@ protected:
   void keyPressEvent(QKeyEvent* event) override;
 
 private:
-  static void installAccessibility();
   bool loadItems(UserFunctionInterface* call);
 };

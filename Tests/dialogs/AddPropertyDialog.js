@@ -58,6 +58,11 @@ for (const [flags, result] of [
 equal(box(["R", "4294967173", "1k"]).values[1], box(["R", "-123", "1k"]).values[1], "the low bits count");
 equal(box(["R", " 12x", "1k"]).values[1], String(12 + 0x200 + 0x3800), "the number that a text begins with");
 
+box(["R", "0", "1k"], d => {
+  equal(d.get("cbHidden", "accessibleDescription"), d.text("textLabel7").replace(/\s+/g, " ").trim(), "heard with its box");
+  d.reject();
+});
+
 // Each control has its own bits.
 for (const [control, value, result] of [
   ["normalCombo", "Right", 2],

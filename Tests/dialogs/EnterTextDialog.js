@@ -20,6 +20,12 @@ equal(box(["second", "Notes & more"], d => {
   d.key(null, "Return");
 }), text("1\nsecond"));
 
+for (const [caption, name] of [["<b>Notes</b> &amp; more", "Notes & more"], ["<b></b>", "Enter Text"]])
+  box(["", caption], d => {
+    equal(d.get("editBox", "accessibleName"), name, "read without its tags");
+    d.reject();
+  });
+
 for (const leave of [d => d.key(null, "Escape"), d => d.close(), d => d.press("Cancel")])
   equal(box(["old"], d => { d.type("editBox", "new"); leave(d); }), none);
 

@@ -21,6 +21,10 @@ for (const [values, labels, rows] of [
   equal(result, [].concat(values).slice(0, rows), `untouched: ${values} / ${labels}`);
 }
 
+box([1, 2], ["<i>R</i>1", "<b></b>"], "", d => {
+  equal(["Spinner0", "Spinner1"].map(w => d.get(w, "accessibleName")), ["R1", "Field 2"], "read without tags");
+  d.reject();
+});
 box([1, 2], ["a", "b"], "", d => {
   equal(d.focused(), "Spinner0", "the user starts in the first row");
   d.key(null, "7");

@@ -1,3 +1,4 @@
+#include "AccessibleRules.h"
 #include "Changes.h"
 #include "Drive/DriveError.h"
 #include "Drive/InputPlayer.h"
@@ -103,45 +104,6 @@ QWidget* composite(QWidget* widget) {
   while (widget && isInnerPart(widget) && widget->parentWidget())
     widget = widget->parentWidget();
   return widget;
-}
-
-bool hasAccessibleName(QWidget* widget) {
-  QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(widget);
-  if (!accessible || !widget->accessibleName().isEmpty())
-    return accessible;
-  for (const QLabel* label : widget->window()->findChildren<QLabel*>())
-    if (label->buddy() == widget)
-      return true;
-  // A combo box gives its entry for a name, and any field the title of the box that it stands in.
-  const auto* box = qobject_cast<const QGroupBox*>(widget->parentWidget());
-  const QString name = accessible->text(QAccessible::Name);
-  const bool isOwn =
-      qobject_cast<const QAbstractButton*>(widget) ||
-      (!qobject_cast<const QComboBox*>(widget) && !(box && name == plainCaption(box->title())));
-  return isOwn && !name.isEmpty();
-}
-
-/// What a screen reader comes to, the inner edits of fields among it; cells say what is in them.
-void expectNamesForReaders(QAccessibleInterface* accessible) {
-  const QAccessible::State state = accessible->state();
-  const auto* widget = qobject_cast<const QWidget*>(accessible->object());
-  if (widget && state.focusable && !state.invisible && !state.disabled) {
-    EXPECT_TRUE(!accessible->text(QAccessible::Name).isEmpty() ||
-                !accessible->relations(QAccessible::Label).isEmpty())
-        << nameOf(widget) << " in " << nameOf(widget->parentWidget()) << " has no name for readers";
-  }
-  for (int i = 0; i < accessible->childCount(); ++i)
-    if (QAccessibleInterface* child = accessible->child(i); child && child->object())
-      expectNamesForReaders(child);
-}
-
-void expectAccessible(QWidget* dialog) {
-  expectNamesForReaders(QAccessible::queryAccessibleInterface(dialog));
-  for (QWidget* widget : shownWidgets(dialog)) {
-    if (widget->focusPolicy() == Qt::NoFocus || !widget->isEnabled())
-      continue;
-    EXPECT_TRUE(hasAccessibleName(widget)) << nameOf(widget) << " has no accessible name";
-  }
 }
 
 /// Two groups of this one have had the same mnemonic for so long that users know it.
@@ -333,6 +295,10 @@ bool canBeCancelled(const DialogActions& dialog) {
          (box && box->button(QDialogButtonBox::Cancel));
 }
 
+bool isAsQtMadeIt(const QWidget* dialog) {
+  return dialog->metaObject()->className()[0] == 'Q' && !qobject_cast<const QMessageBox*>(dialog);
+}
+
 /// Uses the openers of this name and leaves the boxes that come by Escape, after changes on demand.
 /// Returns how many could be cancelled.
 int cancelBoxesOf(DialogActions& dialog, const std::string& name, bool change) {
@@ -340,6 +306,8 @@ int cancelBoxesOf(DialogActions& dialog, const std::string& name, bool change) {
   QString before;
   const auto cancel = [&](DialogActions& opened) {
     boxes += canBeCancelled(opened);
+    if (!isAsQtMadeIt(opened.dialog()))
+      expectReadable(opened.dialog());
     if (change)
       changeFields(opened);
     opened.reject();
@@ -458,36 +426,40 @@ protected:
     std::printf("OK took %d of %d texts\n", s_typed, s_typings);
     EXPECT_GE(s_typed, s_typings / 2);
     std::printf("Return opened %d boxes\n", s_held);
+    std::printf("a reader changed none of %d widgets that were off\n", s_off);
   }
 
   inline static int s_typings = 0;
   inline static int s_typed = 0;
   inline static int s_held = 0;
+  inline static int s_off = 0;
 };
 
 TEST_P(HouseRules, LooksAndReadsAsItShould) {
   resultOf([](DialogActions& actions) {
-    if (qobject_cast<QFontDialog*>(actions.dialog())) { // is as Qt made it
+    if (isAsQtMadeIt(actions.dialog())) {
       actions.reject();
       return;
     }
     expectOwnClassName(actions.dialog());
     expectPictures(actions.dialog());
     expectSteps(actions.dialog());
+    s_off += expectReadable(actions.dialog());
     EXPECT_TRUE(actions.dialog()->focusWidget()) << "nothing has the focus on opening";
     onEveryPage(actions, [&](const std::string& page) {
       SCOPED_TRACE(page);
       expectNothingClipped(actions.dialog());
-      expectAccessible(actions.dialog());
+      expectNames(actions.dialog());
       expectMnemonics(actions.dialog());
       expectButtons(actions.dialog());
       expectTabCycle(actions);
     });
     changeFields(actions);
+    s_off += expectReadable(actions.dialog());
     onEveryPage(actions, [&](const std::string& page) {
       SCOPED_TRACE(page + ", changed");
       expectNothingClipped(actions.dialog());
-      expectAccessible(actions.dialog());
+      expectNames(actions.dialog());
       expectMnemonics(actions.dialog());
     });
     actions.reject();

@@ -2,6 +2,7 @@
 
 #include "HostSupportQt/Binding.h"
 
+#include <QAccessible>
 #include <QDialog>
 #include <QHeaderView>
 
@@ -94,6 +95,17 @@ TEST(ParameterView, BytesThatAreNoTextComeBackUntouched) {
   view.topLevelItem(0)->setText(1, QStringLiteral("typed"));
   view.topLevelItem(1)->setText(1, QString());
   EXPECT_EQ(call.read(&view, 6), (Texts{"typed", "", all[2], all[3], all[4], all[5]}));
+}
+
+TEST(ParameterView, AReaderChangesValuesAndNoNames) {
+  Call call({"a"}, {"1"});
+  BoundView view;
+  view.initialiseWidget(&call.block);
+  QAccessibleTableInterface* table = QAccessible::queryAccessibleInterface(&view)->tableInterface();
+  for (int column : {0, 1})
+    table->cellAt(0, column)->setText(QAccessible::Value, QStringLiteral("read"));
+  EXPECT_EQ(view.topLevelItem(0)->text(0), QStringLiteral("a"));
+  EXPECT_EQ(view.topLevelItem(0)->text(1), QStringLiteral("read"));
 }
 
 TEST(ParameterView, WhatIsNotThereLeavesItAlone) {

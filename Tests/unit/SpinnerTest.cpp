@@ -630,6 +630,9 @@ TEST_F(SpinnerTest, AccessibleAsASpinButton) {
   QAccessibleInterface* face = QAccessible::queryAccessibleInterface(spinner);
   face->valueInterface()->setCurrentValue(1000.0);
   face->editableTextInterface()->insertText(1, QStringLiteral("1"));
+  EXPECT_EQ(spinner->text(), QStringLiteral("50")) << "put in without the focus, it is finished";
+  enter();
+  face->editableTextInterface()->insertText(1, QStringLiteral("1"));
   EXPECT_EQ(spinner->text(), QStringLiteral("510"));
   EXPECT_EQ(face->textInterface()->text(0, 2), QStringLiteral("51"));
   EXPECT_EQ(QAccessible::queryAccessibleInterface(before)->role(), QAccessible::EditableText);

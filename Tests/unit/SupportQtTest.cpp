@@ -144,6 +144,25 @@ TEST(Query, ByClassAndNameAndDepth) {
   EXPECT_EQ(qtsp_SearchChild(nullptr, "a", nullptr, true), nullptr);
 }
 
+TEST(Text, IsReadOutWithoutItsTags) {
+  const char* const texts[][2] = {
+      {"<p>First<br/>second &amp; <b>third</b></p>", "First\nsecond & third"},
+      {"picture <img src=\"a.png\"> here", "picture  here"},
+      {"1 < 2 & 3 > 2", "1 < 2 & 3 > 2"},
+      {" plain ", " plain "}};
+  for (const auto& [shown, read] : texts)
+    EXPECT_EQ(plainText(QString::fromLatin1(shown)).toStdString(), read);
+  QWidget window;
+  QWidget field(&window);
+  field.setToolTip(QStringLiteral("<i>Own</i>"));
+  QWidget other(&window);
+  other.setToolTip(QStringLiteral("<i>None</i>"));
+  other.setAccessibleDescription(QStringLiteral("Given"));
+  describeByToolTips(&window);
+  EXPECT_EQ(field.accessibleDescription(), QStringLiteral("Own"));
+  EXPECT_EQ(other.accessibleDescription(), QStringLiteral("Given"));
+}
+
 TEST(Text, BothWaysAndForAMoment) {
   const QString text = QStringLiteral("4.7 µF – 電圧");
   EXPECT_EQ(toQs(toYs(text)), text);

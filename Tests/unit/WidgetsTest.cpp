@@ -10,6 +10,7 @@
 #include "HostWidgets/Spinner.h"
 #include "HostWidgets/TextEdit.h"
 
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QApplication>
 #include <QBoxLayout>
@@ -274,6 +275,83 @@ TEST(Fields, NameReachesTheInnerEdit) {
   EXPECT_EQ(edit->textInterface()->text(0, edit->textInterface()->characterCount()),
             QStringLiteral("faher"));
   EXPECT_TRUE(edit->state().editable && edit->state().focusable);
+}
+
+/// Everything by which a reader can change a widget and its parts.
+void changeByReader(QWidget* widget) {
+  QAccessibleInterface* face = QAccessible::queryAccessibleInterface(widget);
+  if (face->valueInterface())
+    face->valueInterface()->setCurrentValue(99);
+  face->setText(QAccessible::Value, QStringLiteral("5"));
+  if (QAccessibleEditableTextInterface* text = face->editableTextInterface()) {
+    text->insertText(0, QStringLiteral("7"));
+    text->replaceText(0, 1, QStringLiteral("8"));
+    text->insertText(99, QStringLiteral("4")); // beyond the end is the end
+    text->deleteText(-1, 1);
+  }
+  if (QAccessibleActionInterface* actions = face->actionInterface())
+    actions->doAction(QStringLiteral("Toggle"));
+  for (int i = 0; i < face->childCount(); ++i)
+    if (auto* part = qobject_cast<QWidget*>(face->child(i)->object()))
+      if (!part->isWindow())
+        changeByReader(part);
+}
+
+TEST(Fields, AReaderChangesWhatTheUserCould) {
+  const struct {
+    const char* name;
+    std::unique_ptr<QWidget> (*make)();
+    const char* property;
+    const char* changed;
+    bool canBeReadOnly;
+  } fields[] = {{"edit", make<EditBox>, "text", "54", true},
+                {"page", make<TextEdit>, "plainText", "54", true},
+                {"spinner", make<Spinner>, "text", "54", false},
+                {"combo", make<ComboBox>, "currentText", "54", false},
+                {"box", make<GroupBox>, "checked", "true", false}};
+  for (const auto& field : fields)
+    for (const bool isOff : {false, true})
+      for (const bool isReadOnly : {false, true}) {
+        SCOPED_TRACE(std::string(field.name) + (isOff ? ", off" : "") +
+                     (isReadOnly ? ", read only" : ""));
+        if (isReadOnly && !field.canBeReadOnly)
+          continue;
+        QWidget window;
+        QWidget* widget = field.make().release();
+        widget->setParent(&window);
+        widget->setProperty("editable", true);
+        widget->setProperty("checkable", true);
+        widget->setProperty("checked", false);
+        widget->setProperty("readOnly", isReadOnly);
+        widget->setEnabled(!isOff);
+        const QString before = widget->property(field.property).toString();
+        changeByReader(widget);
+        EXPECT_EQ(widget->property(field.property).toString(),
+                  isOff || isReadOnly ? before : QLatin1String(field.changed));
+      }
+}
+
+TEST(ComboBox, IsCalledByItsLabelAndItsEntriesStay) {
+  QWidget window;
+  QLabel label(QStringLiteral("&Family"), &window);
+  auto* combo = new ComboBox(&window);
+  label.setBuddy(combo);
+  combo->loadStrings("CMOS|TTL");
+  QAccessibleInterface* face = QAccessible::queryAccessibleInterface(combo);
+  EXPECT_EQ(face->role(), QAccessible::ComboBox);
+  EXPECT_EQ(face->text(QAccessible::Name), QStringLiteral("Family"));
+  EXPECT_EQ(face->text(QAccessible::Value), QStringLiteral("CMOS"));
+  ASSERT_EQ(face->childCount(), 1);
+  EXPECT_EQ(face->indexOfChild(face->child(0)), 0);
+  face->child(0)->child(1)->setText(QAccessible::Value, QStringLiteral("other"));
+  EXPECT_EQ(combo->itemText(1), QStringLiteral("TTL"));
+  for (const bool isOn : {false, true}) {
+    combo->setEnabled(isOn);
+    face->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    EXPECT_EQ(combo->view()->isVisible(), isOn);
+  }
+  face->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_FALSE(combo->view()->isVisible());
 }
 
 TEST(ComboBox, WheelTurnsOnlyWithTheFocus) {

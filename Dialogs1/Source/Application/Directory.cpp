@@ -38,8 +38,10 @@ void Directory::populate() {
     nodes.append(new Directory(folderIcons, this, directory));
   addChildren(nodes);
   setChildIndicatorPolicy(DontShowIndicatorWhenChildless);
-  if (!readable)
-    setToolTip(0, QCoreApplication::translate("ChooseDir", "This directory cannot be read."));
+  if (readable)
+    return;
+  setToolTip(0, QCoreApplication::translate("ChooseDir", "This directory cannot be read."));
+  setData(0, Qt::AccessibleDescriptionRole, toolTip(0)); // as Qt does for widgets only
 }
 
 QString Directory::fullPath() const {

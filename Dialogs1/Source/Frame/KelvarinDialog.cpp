@@ -3,6 +3,7 @@
 #include "HostSupport/Arguments.h"
 #include "HostSupport/Numbers.h"
 #include "HostSupportQt/HostSupportQt.h"
+#include "HostWidgets/Accessibility.h"
 #include "HostWidgets/Spinner.h"
 
 #include <QApplication>
@@ -63,6 +64,7 @@ KelvarinDialog::KelvarinDialog(QWidget* parent, const char* objectName, bool mod
                                 Qt::WindowCloseButtonHint | extraFlags |
                                 (modal ? Qt::WindowFlags() : Qt::WindowStaysOnTopHint)),
       resultData(new UserReturnData{}) {
+  installFieldAccessibility();
   setObjectName(QString::fromLatin1(objectName));
   setModal(modal);
   openDialogs.add(this);
@@ -235,6 +237,7 @@ void KelvarinDialog::setStringResult(const YString& value) const {
 }
 
 void KelvarinDialog::showEvent(QShowEvent* event) {
+  describeByToolTips(this);
   QDialog::showEvent(event);
   if (dimsSavingEnabled)
     sp_RestoreWidgetDims(this, dimsKey());

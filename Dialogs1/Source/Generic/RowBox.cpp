@@ -1,6 +1,7 @@
 #include "Generic/RowBox.h"
 
 #include "HostSupport/Arguments.h"
+#include "HostSupportQt/Captions.h"
 #include "Pieces/Captions.h"
 
 #include <QApplication>
@@ -68,9 +69,9 @@ void RowBox::addCaptioned(QWidget* field, const QString& caption, int row, int c
 void RowBox::addSelfCaptioned(QWidget* field, const QString& caption, int row, int column,
                               int columnSpan) {
   form.groupBoxLayout->addWidget(field, row, column, 1, columnSpan);
-  field->setAccessibleName(caption.isEmpty()
-                               ? QCoreApplication::translate("RowBox", "Field %1").arg(row + 1)
-                               : shownCaption(caption));
+  const QString name = plainText(shownCaption(caption));
+  field->setAccessibleName(
+      name.isEmpty() ? QCoreApplication::translate("RowBox", "Field %1").arg(row + 1) : name);
   // Of a text that is longer than its field, the beginning says more than the end.
   if (QLineEdit* edit = lineEditOf(field))
     edit->setCursorPosition(0);

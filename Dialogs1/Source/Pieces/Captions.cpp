@@ -1,5 +1,6 @@
 #include "Pieces/Captions.h"
 
+#include "HostSupportQt/Captions.h"
 #include "HostSupportQt/RichText.h"
 
 #include <QLabel>
@@ -18,6 +19,6 @@ void captionField(QLabel* label, QWidget* field, const QString& caption) {
   // Not a buddy: the caption is the script's, and an ampersand in it is meant to be seen.
   label->setText(labelText(caption));
   label->setVisible(!caption.isEmpty());
-  field->setAccessibleName(caption.isEmpty() ? field->window()->windowTitle()
-                                             : shownCaption(caption));
+  const QString name = plainText(shownCaption(caption));
+  field->setAccessibleName(name.isEmpty() ? field->window()->windowTitle() : name);
 }

@@ -80,9 +80,20 @@ void AddPropertyDialog::loadProperty(PropertyRecord* property) {
   form.fontStyleCombo->setCurrentIndex(attributes.fontStyle);
   fontStyleCombo_highlighted(attributes.fontStyle);
   loadFontStyles(*property);
+  describeBoxes();
   if (isInstance && attributes.isProtected)
     letOnlyLook();
   form.nameEdit->setFocus(Qt::TabFocusReason);
+}
+
+void AddPropertyDialog::describeBoxes() {
+  // Who hears a box hears what stands beside it.
+  const std::pair<QWidget*, QLabel*> notes[] = {
+      {form.cbHidden, form.textLabel7},     {form.cbVertical, form.verticalLabel},
+      {form.cbSelectable, form.textLabel9}, {form.cbProtected, form.textLabel10},
+      {form.cbShowName, form.textLabel12},  {form.cbResolveSymbolic, form.textLabel1_2}};
+  for (const auto& [box, note] : notes)
+    box->setAccessibleDescription(note->text().simplified());
 }
 
 void AddPropertyDialog::loadFontStyles(const PropertyRecord& property) {

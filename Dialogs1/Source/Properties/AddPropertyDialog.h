@@ -52,6 +52,7 @@ protected:
   Fields attributeBoxes; ///< by `PropertyBit`
 
 private:
+  void describeBoxes();
   void loadFontStyles(const PropertyRecord& property);
   void letOnlyLook();
   void updateEnables();

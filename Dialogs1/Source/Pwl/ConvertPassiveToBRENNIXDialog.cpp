@@ -134,6 +134,7 @@ void ConvertPassiveToBRENNIXDialog::showKind() {
       {xHeading, choose(tr("Charge"), tr("Flux Linkages"))});
   form.limitGroupBox->setTitle(choose(tr("Limit Voltage output?"), tr("Limit Current output?")));
   form.limitUnit->setText(choose(tr("V"), tr("A")));
+  form.limitValueSpinner->setAccessibleDescription(form.limitUnit->text());
   form.plotButton->setToolTip(
       choose(tr("Select to plot the charge vs. voltage behavior of this capacitor."),
              tr("Select to plot the flux-linkages vs. current behavior of this inductor.")));

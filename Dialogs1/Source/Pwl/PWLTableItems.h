@@ -50,6 +50,7 @@ public:
   ErrorPWLTableItem(const QString& text, const QString& message) : QTableWidgetItem(text) {
     setForeground(QColor(255, 0, 0));
     setToolTip(harmlessText(message));
+    setData(Qt::AccessibleDescriptionRole, message);
   }
   ~ErrorPWLTableItem() override = default;
 };
