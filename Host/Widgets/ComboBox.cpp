@@ -2,6 +2,7 @@
 
 #include "BoundElement.h"
 #include "HostSupport/Arguments.h"
+#include "HostSupportQt/GuiThread.h"
 #include "HostSupportQt/Text.h"
 
 #include <QKeyEvent>
@@ -9,7 +10,8 @@
 
 #include <cmath>
 
-ComboBox::ComboBox(QWidget* parent, const char* objectName) : QComboBox(parent) {
+ComboBox::ComboBox(QWidget* parent, const char* objectName)
+    : QComboBox(sp_GuiParent(parent, "ComboBox")) {
   installAccessibility();
   setObjectName(QLatin1String(objectName));
   // The wheel that scrolls a page must not take the focus on its way.

@@ -1,8 +1,11 @@
 #include "HostWidgets/EditBox.h"
 
+#include "HostSupportQt/GuiThread.h"
+
 #include <limits>
 
-EditBox::EditBox(QWidget* parent, const char* objectName) : QLineEdit(parent) {
+EditBox::EditBox(QWidget* parent, const char* objectName)
+    : QLineEdit(sp_GuiParent(parent, "EditBox")) {
   setObjectName(QLatin1String(objectName));
   // What a script hands in comes back whole, however long it is.
   setMaxLength(std::numeric_limits<int>::max());

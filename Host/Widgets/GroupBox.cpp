@@ -1,8 +1,10 @@
 #include "HostWidgets/GroupBox.h"
 
 #include "FlagText.h"
+#include "HostSupportQt/GuiThread.h"
 
-GroupBox::GroupBox(QWidget* parent, const char* objectName) : QGroupBox(parent) {
+GroupBox::GroupBox(QWidget* parent, const char* objectName)
+    : QGroupBox(sp_GuiParent(parent, "GroupBox")) {
   setObjectName(QLatin1String(objectName));
 }
 

@@ -1,5 +1,7 @@
 #include "HostWidgets/Label.h"
 
+#include "HostSupportQt/GuiThread.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -25,7 +27,7 @@ QString plainText(const QString& text) {
 
 } // namespace
 
-Label::Label(QWidget* parent, const char* objectName) : QLabel(parent) {
+Label::Label(QWidget* parent, const char* objectName) : QLabel(sp_GuiParent(parent, "Label")) {
   setObjectName(QLatin1String(objectName));
   connect(this, &QLabel::linkActivated, this, [this](const QString& link) {
     if (link == infoLink)
