@@ -33,12 +33,13 @@ namespace {
 constexpr int deepestInclude = 64;
 constexpr int longestWait = 24 * 60 * 60 * 1000; // ms
 constexpr int interruptPoll = 50;                // ms
+constexpr int largestText = 256 << 20;           // bytes
 
 QVariant factFromScript(const QJSValue& value) {
   if (value.isNull())
     return QVariant();
   if (!value.isArray())
-    return value.isNumber() || value.isBool() ? value.toVariant() : QVariant(value.toString());
+    return value.isObject() ? QVariant(describeValue(value)) : value.toVariant();
   QVariantList parts;
   const quint32 length = qMin(value.property(QStringLiteral("length")).toUInt(), 3u);
   for (quint32 i = 0; i < length; ++i)
@@ -209,9 +210,13 @@ QString ScriptHost::readText(const QString& path) {
     throw CallError(QStringLiteral("%1: it is a folder").arg(QDir::toNativeSeparators(path)));
   if (!file.open(QIODevice::ReadOnly))
     throw fault();
-  const QByteArray bytes = file.readAll();
+  const QByteArray bytes = file.read(largestText + 1); // a device has no size
   if (file.error() != QFileDevice::NoError)
     throw fault();
+  if (bytes.size() > largestText)
+    throw CallError(QStringLiteral("%1: it has more than %2 MB")
+                        .arg(QDir::toNativeSeparators(path))
+                        .arg(largestText >> 20));
   return QString::fromUtf8(bytes);
 }
 
@@ -370,7 +375,7 @@ DialogDriver* ScriptHost::neededDriver() const {
 /// The script owns the wrapper, so that it lives exactly as long as somebody can use it; the
 /// wrapper itself notices when its dialog is gone.
 QJSValue ScriptHost::wrap(QWidget* dialog) {
-  auto* wrapper = new ScriptDialog(dialog, nullptr);
+  auto* wrapper = new ScriptDialog(dialog, m_runner);
   QQmlEngine::setObjectOwnership(wrapper, QQmlEngine::JavaScriptOwnership);
   return m_runner->engine()->newQObject(wrapper);
 }
@@ -382,7 +387,7 @@ void ScriptHost::onDialog(const QJSValue& handler) {
         throw CallError(QStringLiteral("the script that queued the handler has ended"));
       const ScriptOutcome outcome = host->m_runner->call(handler, {host->wrap(dialog)});
       if (!outcome.ok)
-        throw CallError(describeFault(outcome.value).headline);
+        throw CallError(host->m_runner->describe(outcome.value).headline);
     });
   });
 }

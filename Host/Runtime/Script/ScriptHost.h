@@ -42,6 +42,7 @@ public:
   Q_INVOKABLE void command(const QString& line);
   Q_INVOKABLE void print(const QString& line);
   Q_INVOKABLE QJSValue toText(const QJSValue& value);
+  Q_INVOKABLE QJSValue takers() const { return m_runner->takers(); }
   Q_INVOKABLE QJSValue include(const QString& file, const QString& stack);
 
   Q_INVOKABLE QJSValue option(const QString& key, const QJSValue& value);
