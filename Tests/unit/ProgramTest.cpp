@@ -127,6 +127,17 @@ TEST(Program, saysWhatItCannotWrite) {
   EXPECT_FALSE(shell.readAllStandardError().contains("cannot be written"));
 }
 
+TEST(Program, runsAScriptOfAPipe) {
+  QProcess process;
+  process.start(QStringLiteral(KV_DIALOGHOST),
+                {QStringLiteral("--fresh"), QStringLiteral("run"), QStringLiteral("/dev/stdin")});
+  process.write("let n = 0;\n" +
+                QByteArray("++n; // long enough for several turns\n").repeated(9000) + "print(n)");
+  process.closeWriteChannel();
+  ASSERT_TRUE(process.waitForFinished(60000));
+  EXPECT_EQ(process.readAllStandardOutput(), "9000\n");
+}
+
 TEST(Program, boundsTheMemoryOfAScript) {
   const char* cases[] = {
       "let a = []; for (;;) a.push({})",

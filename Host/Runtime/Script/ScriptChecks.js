@@ -76,7 +76,9 @@
   }
 
   function words(message) {
-    return message === undefined ? "" : typeof message === "string" ? message : checks.toText(message);
+    if (message === undefined)
+      return "";
+    return typeof message === "string" ? message : checks.toText(message);
   }
 
   function report(found, message) {

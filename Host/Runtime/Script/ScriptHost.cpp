@@ -34,6 +34,7 @@ constexpr int deepestInclude = 64;
 constexpr int longestWait = 24 * 60 * 60 * 1000; // ms
 constexpr int interruptPoll = 50;                // ms
 constexpr int largestText = 256 << 20;           // bytes
+constexpr int readAtOnce = 1 << 20;              // bytes
 
 QVariant factFromScript(const QJSValue& value) {
   if (value.isNull())
@@ -210,7 +211,12 @@ QString ScriptHost::readText(const QString& path) {
     throw CallError(QStringLiteral("%1: it is a folder").arg(QDir::toNativeSeparators(path)));
   if (!file.open(QIODevice::ReadOnly))
     throw fault();
-  const QByteArray bytes = file.read(largestText + 1); // a device has no size
+  QByteArray bytes;
+  for (QByteArray part; bytes.size() <= largestText; bytes += part) { // a device has no size
+    part = file.read(readAtOnce);
+    if (part.isEmpty())
+      break;
+  }
   if (file.error() != QFileDevice::NoError)
     throw fault();
   if (bytes.size() > largestText)

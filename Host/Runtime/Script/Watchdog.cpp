@@ -9,7 +9,7 @@
 namespace {
 
 constexpr std::chrono::seconds grace{5};
-constexpr std::chrono::milliseconds memoryPeriod{10}; ///< a script takes some 5 MB meanwhile
+constexpr std::chrono::milliseconds memoryPeriod{10};
 constexpr std::uint64_t bytesOfMegabyte = 1'000'000;
 constexpr int releasePeriod =
     100; // ms: what one release opens, a question say, the next one closes
