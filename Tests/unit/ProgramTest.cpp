@@ -189,6 +189,10 @@ TEST(Program, tellsOfAnyThrownValue) {
        "got Error: …, expected \"m\" at .message"},
       {"let d = []; for (let i = 0; i < 200000; ++i) d = [d]; host.graphs({vectors: d})",
        "<eval>:1: RangeError: a value is nested more than 8 deep"},
+      {"let d = {}; for (let i = 0; i < 200000; ++i) { d = {d}; Object.setPrototypeOf(d, "
+       "Date.prototype); } host.onDialog(d0 => { try { d0.set('Spinner0', d) } finally { "
+       "d0.reject() } }); ValueDialog(1)",
+       "a value is nested more than 8 deep"},
   };
   for (const auto& c : cases) {
     const Ended done = runText({}, c.text);

@@ -5,7 +5,8 @@
   const AnyError = Error;
   const ownTexts = [Object, Array, Error].map(type => type.prototype.toString);
   const slice = Function.prototype.call.bind(Array.prototype.slice);
-  const kind = Function.prototype.call.bind(Object.prototype.toString);
+  const AnyDate = Date;
+  const timeOf = Function.prototype.call.bind(Date.prototype.getTime);
   Object.defineProperty(global, "$end", { value: function () { marker.ended = true; } });
 
   function call(fn, args) {
@@ -163,15 +164,22 @@
     return list;
   }
 
+  // By what it is, not by what it says that it is.
+  function isDate(value) {
+    try {
+      return value instanceof AnyDate && typeof timeOf(value) === "number";
+    } catch (another) {
+      return false;
+    }
+  }
+
   // An object whose members are looked at by name, or an array of them.
   function takeRecord(value, depth = 0) {
-    const isArray = Array.isArray(value);
-    if (value === null || typeof value !== "object" ||
-        (!isArray && ["[object Object]", "[object ProxyObject]"].indexOf(kind(value)) < 0))
+    if (value === null || typeof value !== "object" || isDate(value))
       return value;
     if (depth >= deepest)
       throw new RangeError("a value is nested more than " + deepest + " deep");
-    return isArray ? takeElements(value, depth + 1) : takeMembers(value, depth + 1);
+    return Array.isArray(value) ? takeElements(value, depth + 1) : takeMembers(value, depth + 1);
   }
 
   return { call, toText, describe, takeVector, takeRecord };
