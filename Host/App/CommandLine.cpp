@@ -23,9 +23,9 @@ struct SubCommand {
 };
 
 constexpr SubCommand subCommands[] = {
-    {"run", CommandLine::Command::Run, "[--timeout S] FILE.js [ARG…]",
+    {"run", CommandLine::Command::Run, "[--timeout S] [--memory MB] FILE.js [ARG…]",
      QT_TRANSLATE_NOOP("CommandLine", "Runs a script; words after FILE.js belong to the script.")},
-    {"eval", CommandLine::Command::Eval, "[--timeout S] 'TEXT'",
+    {"eval", CommandLine::Command::Eval, "[--timeout S] [--memory MB] 'TEXT'",
      QT_TRANSLATE_NOOP("CommandLine", "Runs one line of script and prints its value as JSON.")},
     {"list", CommandLine::Command::List, "[--json]",
      QT_TRANSLATE_NOOP("CommandLine", "Lists the functions and commands of the module.")},
@@ -88,11 +88,15 @@ void addOptionsOf(CommandLine::Command command, QCommandLineParser* parser) {
   }
   case CommandLine::Command::Run:
   case CommandLine::Command::Eval:
-    parser->addOption(
-        {QStringLiteral("timeout"),
-         Texts::tr("Ends a script in which nothing has moved for S seconds; 0: never. "
-                   "Default: 60, or never where a user sits at a display."),
-         QStringLiteral("S")});
+    parser->addOptions(
+        {{QStringLiteral("timeout"),
+          Texts::tr("Ends a script in which nothing has moved for S seconds; 0: never. "
+                    "Default: 60, or never where a user sits at a display."),
+          QStringLiteral("S")},
+         {QStringLiteral("memory"),
+          Texts::tr("Ends a script that takes more than so many megabytes, with status 3; 0: "
+                    "never. Default: 4000, or half of the machine's memory where that is less."),
+          QStringLiteral("MB")}});
     break;
   case CommandLine::Command::List:
     parser->addOption({QStringLiteral("json"), Texts::tr("Prints JSON instead of a table.")});
@@ -153,6 +157,13 @@ std::optional<CommandLineAnswer> takeOptions(const QCommandLineParser& parser, C
       return usageError(
           Texts::tr("\"%1\" is no number of seconds for --timeout.").arg(value("timeout")));
     line->timeout = int(std::ceil(*seconds));
+  }
+  if (isGiven("memory")) {
+    const auto megabytes = readNumber(value("memory"), 0, 1e6);
+    if (!megabytes)
+      return usageError(
+          Texts::tr("\"%1\" is no number of megabytes for --memory.").arg(value("memory")));
+    line->memory = int(std::ceil(*megabytes));
   }
   if (isGiven("scale")) {
     const auto scale = readNumber(value("scale"), 1, 4);

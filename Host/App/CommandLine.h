@@ -16,6 +16,7 @@ struct CommandLine {
   QString script;             ///< the file of Run, the text of Eval
   QStringList words;          ///< what follows the file of Run; the names of Tour
   std::optional<int> timeout; ///< seconds; 0: never
+  std::optional<int> memory;  ///< MB; 0: any amount
   bool json = false;          ///< of List
   QString outDir;             ///< of Tour; empty: the default
   bool dark = false;          ///< of Tour: dark pictures as well

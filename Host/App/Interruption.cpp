@@ -1,6 +1,7 @@
 #include "Interruption.h"
 
 #include "Drive/DialogDriver.h"
+#include "HostSupport/ProcessGroup.h"
 #include "Script/ScriptEngine.h"
 
 #include <QJSEngine>
@@ -33,6 +34,7 @@ void handle(void (*handler)(int)) {
 extern "C" void takeInterrupt(int signal) {
   s_asked = signal;
   handle(SIG_DFL);
+  ProcessGroup::endPresent(); // now: a second signal ends this process at once
   // Sets an atomic flag that the running script looks at; a script that spins sees nothing else.
   if (QJSEngine* interpreter = s_interpreter.load())
     interpreter->setInterrupted(true);
@@ -43,8 +45,10 @@ extern "C" void takeInterrupt(int signal) {
 Interruption::Interruption(std::function<void()> end) {
   handle(takeInterrupt);
   QObject::connect(&m_poll, &QTimer::timeout, &m_poll, [end = std::move(end)] {
-    if (wasAsked())
-      end();
+    if (!wasAsked())
+      return;
+    ProcessGroup::endPresent(); // one that was just starting
+    end();
   });
   m_poll.start(pollInterval);
 }

@@ -13,6 +13,7 @@
 #include "Startup.h"
 
 #include <QCoreApplication>
+#include <QJSEngine>
 #include <QJsonDocument>
 
 #include <algorithm>
@@ -56,11 +57,15 @@ int runScript(const CommandLine& line) {
   DialogDriver driver;
   driver.setInteractive(hasUser());
   ScriptEngine engine(&table, &driver);
-  QObject::connect(&engine, &ScriptEngine::printed, &printLine);
+  QObject::connect(&engine, &ScriptEngine::printed, [&engine](const QString& text) {
+    if (!printLine(text)) // nobody reads what it goes on for
+      engine.jsEngine()->setInterrupted(true);
+  });
   QObject::connect(&engine, &ScriptEngine::problem, &printError);
   engine.setArguments(line.words);
   // A user may look at a dialog for as long as they like.
   engine.setTimeout(line.timeout.value_or(driver.isInteractive() ? 0 : defaultTimeout));
+  engine.setMemoryLimit(line.memory.value_or(ScriptEngine::usualMemoryLimit()));
 
   const Interruption interruption(&driver, &engine);
   const bool isText = line.command == CommandLine::Command::Eval;
@@ -76,6 +81,8 @@ int runScript(const CommandLine& line) {
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   if (Interruption::wasAsked())
     return Interruption::exitStatus();
+  if (engine.hasTakenTooMuchMemory())
+    return ScriptEngine::statusOfMemory;
   return engine.hasFailed() || !outcome.ok ? 1 : 0;
 }
 

@@ -2,9 +2,11 @@
 #include "Call/HostApplication.h"
 #include "CommandLine.h"
 #include "HostSupport/Files.h"
+#include "HostSupport/ProcessGroup.h"
 #include "HostSupportQt/Text.h"
 #include "Output.h"
 #include "OwnTempDir.h"
+#include "Script/ScriptEngine.h"
 #include "ScriptCommands.h"
 #include "Startup.h"
 #include "Tour/Tour.h"
@@ -12,7 +14,11 @@
 
 #include <QTemporaryDir>
 
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
 #include <memory>
+#include <new>
 
 namespace {
 
@@ -38,6 +44,26 @@ std::unique_ptr<QTemporaryDir> settingsOf(const CommandLine& line) {
   return folder;
 }
 
+std::terminate_handler usualEnd = nullptr;
+
+/// A script may ask in one stroke for more than there is, and the code of the engine lets no
+/// exception through.
+[[noreturn]] void endUnhandled() {
+  try {
+    if (const std::exception_ptr fault = std::current_exception())
+      std::rethrow_exception(fault);
+  } catch (const std::bad_alloc&) {
+    std::fputs("dialoghost: there is not enough memory for what the script asks for\n", stderr);
+    ProcessGroup::endPresent();
+    OwnTempDir::removeBeforeExit();
+    std::_Exit(ScriptEngine::statusOfMemory);
+  } catch (...) {
+    // not ours
+  }
+  usualEnd();
+  std::abort();
+}
+
 int obey(const CommandLine& line) {
   switch (line.command) {
   case CommandLine::Command::Workbench:
@@ -56,10 +82,15 @@ int obey(const CommandLine& line) {
 } // namespace
 
 int main(int argc, char** argv) {
+  keepBrokenPipes();
+  usualEnd = std::set_terminate(endUnhandled);
   const auto words = readWords(argc, argv);
   if (const auto* answer = std::get_if<CommandLineAnswer>(&words)) {
-    answer->status == 0 ? printLine(answer->text) : printError(answer->text);
-    return answer->status;
+    if (answer->status == 0)
+      printLine(answer->text);
+    else
+      printError(answer->text);
+    return exitStatus(answer->status);
   }
   const CommandLine& line = std::get<CommandLine>(words);
 
@@ -78,7 +109,7 @@ int main(int argc, char** argv) {
   HostApplication application(programOnly, argv);
   prepareApplication();
   try {
-    return obey(line);
+    return exitStatus(obey(line));
   } catch (const ModuleError& error) {
     printError(QString::fromUtf8(error.what()));
     return statusOfBadModule;

@@ -21,15 +21,18 @@
 #define NOMINMAX
 #endif
 #include <windows.h>
+#define PSAPI_VERSION 2 // in the system's own library
 
 #include <fcntl.h>
 #include <io.h>
+#include <psapi.h>
 #include <share.h>
 #include <sys/stat.h>
 #else
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sched.h>
+#include <signal.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/sysinfo.h>
@@ -319,6 +322,45 @@ bool platformMemory(SystemMemoryInfo* info) {
   return true;
 }
 
+std::uint64_t platformProcessMemory() {
+  PROCESS_MEMORY_COUNTERS_EX counters = {};
+  counters.cb = sizeof counters;
+  return GetProcessMemoryInfo(GetCurrentProcess(),
+                              reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&counters),
+                              sizeof counters)
+             ? counters.PrivateUsage
+             : 0;
+}
+
+void platformEnterGroup() {}
+
+std::intptr_t platformAdoptProcess(std::int64_t process) {
+  HANDLE job = CreateJobObjectW(nullptr, nullptr);
+  HANDLE started =
+      OpenProcess(PROCESS_SET_QUOTA | PROCESS_TERMINATE, FALSE, static_cast<DWORD>(process));
+  JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits = {};
+  limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+  const bool isWhole =
+      job && started &&
+      SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits, sizeof limits) &&
+      AssignProcessToJobObject(job, started);
+  if (started)
+    CloseHandle(started);
+  if (isWhole)
+    return reinterpret_cast<std::intptr_t>(job);
+  if (job)
+    CloseHandle(job);
+  return 0;
+}
+
+void platformEndGroup(std::intptr_t group) {
+  TerminateJobObject(reinterpret_cast<HANDLE>(group), EXIT_FAILURE);
+}
+
+void platformCloseGroup(std::intptr_t group) {
+  CloseHandle(reinterpret_cast<HANDLE>(group));
+}
+
 #else
 
 std::filesystem::path platformPath(std::string_view utf8) {
@@ -482,5 +524,33 @@ bool platformMemory(SystemMemoryInfo* info) {
   info->swapAvailable = told.freeswap * unit;
   return true;
 }
+
+std::uint64_t platformProcessMemory() {
+  std::FILE* file = std::fopen("/proc/self/statm", "re");
+  if (!file)
+    return 0;
+  unsigned long long resident = 0;
+  unsigned long long shared = 0;
+  const bool isRead = std::fscanf(file, "%*u %llu %llu", &resident, &shared) == 2;
+  std::fclose(file);
+  static const auto page = static_cast<std::uint64_t>(::sysconf(_SC_PAGESIZE));
+  return isRead && resident > shared ? (resident - shared) * page : 0;
+}
+
+void platformEnterGroup() {
+  ::setpgid(0, 0);
+}
+
+std::intptr_t platformAdoptProcess(std::int64_t process) {
+  // It does so itself; whoever is first.
+  ::setpgid(static_cast<pid_t>(process), static_cast<pid_t>(process));
+  return static_cast<std::intptr_t>(process);
+}
+
+void platformEndGroup(std::intptr_t group) {
+  ::kill(-static_cast<pid_t>(group), SIGKILL);
+}
+
+void platformCloseGroup(std::intptr_t) {}
 
 #endif

@@ -82,3 +82,11 @@ struct ProcessorCounts {
 };
 ProcessorCounts platformProcessors();
 bool platformMemory(SystemMemoryInfo* info);
+/// What this process alone holds in memory, in bytes; 0 where it cannot be told.
+std::uint64_t platformProcessMemory();
+
+// Of `ProcessGroup`. A group is 0 where there is none.
+void platformEnterGroup();
+std::intptr_t platformAdoptProcess(std::int64_t process);
+void platformEndGroup(std::intptr_t group);
+void platformCloseGroup(std::intptr_t group);

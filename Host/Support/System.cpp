@@ -75,6 +75,10 @@ bool sp_GetSystemMemoryInfo(SystemMemoryInfo* info) {
   return true;
 }
 
+std::uint64_t sp_GetProcessMemory() {
+  return platformProcessMemory();
+}
+
 YString sp_GetSystemValue(const YString& key, bool* found) {
   YString value;
   bool known = findOverride(key, &value);

@@ -1,6 +1,7 @@
 #include "HostSupportQt/Binding.h"
 
 #include "HostSupport/Numbers.h"
+#include "HostSupportQt/GuiThread.h"
 #include "HostSupportQt/Text.h"
 
 #include <QMetaProperty>
@@ -133,7 +134,7 @@ bool KV_FunctionDef::readWidget(UserReturnData*, const UserFunctionInterface*) {
 }
 
 void di_InitialiseDialog(QWidget* dialog, UserFunctionInterface* args) {
-  if (!dialog || !args)
+  if (!dialog || !args || !sp_IsGuiThread("di_InitialiseDialog"))
     return;
   for (const BoundWidget& bound : boundWidgets(dialog)) {
     if (bound.binding->initialiseWidget(args))
@@ -146,7 +147,7 @@ void di_InitialiseDialog(QWidget* dialog, UserFunctionInterface* args) {
 
 void di_ReadDialog(UserFunctionInterface* args, UserReturnData* result, QWidget* dialog,
                    UserDataType type, bool accepted) {
-  if (!accepted || !args || !result || !dialog)
+  if (!accepted || !args || !result || !dialog || !sp_IsGuiThread("di_ReadDialog"))
     return;
 
   std::vector<BoundWidget> bound = boundWidgets(dialog);

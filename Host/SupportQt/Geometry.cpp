@@ -1,6 +1,7 @@
 #include "HostSupportQt/Geometry.h"
 
 #include "HostSupport/Options.h"
+#include "HostSupportQt/GuiThread.h"
 #include "HostSupportQt/Text.h"
 
 #include <QEvent>
@@ -80,7 +81,7 @@ private:
 } // namespace
 
 void sp_SaveWidgetDims(QWidget* widget, const YString& key) {
-  if (!widget)
+  if (!widget || !sp_IsGuiThread("sp_SaveWidgetDims"))
     return;
   const YString name = geometryKey(widget, key);
   if (name.isEmpty())
@@ -98,7 +99,7 @@ void sp_SaveWidgetDims(QWidget* widget, const YString& key) {
 }
 
 bool sp_RestoreWidgetDims(QWidget* widget, const YString& key) {
-  if (!widget)
+  if (!widget || !sp_IsGuiThread("sp_RestoreWidgetDims"))
     return false;
   const YString name = geometryKey(widget, key);
   YString stored;
@@ -124,7 +125,8 @@ bool sp_RestoreWidgetDims(QWidget* widget, const YString& key) {
 }
 
 void sp_AutoSaveDialogDims(QWidget* widget) {
-  if (!widget || widget->property(autoSaveProperty).toBool())
+  if (!widget || !sp_IsGuiThread("sp_AutoSaveDialogDims") ||
+      widget->property(autoSaveProperty).toBool())
     return;
   widget->setProperty(autoSaveProperty, true);
   new GeometryKeeper(widget);

@@ -3,6 +3,7 @@
 #include "HostSupport/Colours.h"
 #include "HostSupport/Files.h"
 #include "HostSupport/Options.h"
+#include "HostSupportQt/GuiThread.h"
 #include "HostSupportQt/Text.h"
 
 #include <QApplication>
@@ -48,7 +49,7 @@ static bool loadDrawing(QImageReader* reader, QPixmap* pixmap, int dpi) {
 }
 
 bool sp_GetPixmap(const QString& name, QPixmap* pixmap, int dpi) {
-  if (!pixmap)
+  if (!pixmap || !sp_IsGuiThread("sp_GetPixmap"))
     return false;
   const QString file = findImage(name);
   QImageReader reader(file);
@@ -61,7 +62,7 @@ bool sp_GetPixmap(const QString& name, QPixmap* pixmap, int dpi) {
 }
 
 void sp_ScalePixmap(QPixmap* pixmap, int dpi) {
-  if (!pixmap || pixmap->isNull() || dpi <= 0)
+  if (!pixmap || !sp_IsGuiThread("sp_ScalePixmap") || pixmap->isNull() || dpi <= 0)
     return;
   const qreal factor = screenDpi() / dpi;
   // A picture at a few percent of its size more or less is only blurred by scaling.
@@ -96,6 +97,8 @@ YString sp_GetFontSpec(const YString& name) {
   for (const YString& key : {name, YString(YString("Font").concat(name))})
     if (const YString stored = storedFontSpec(key); !stored.isEmpty())
       return stored;
+  if (!sp_IsGuiThread("sp_GetFontSpec"))
+    return YString();
   QFont font;
   if (sp_CompareNoCase(name, "Standard") == 0)
     font = QApplication::font();
@@ -109,7 +112,7 @@ YString sp_GetFontSpec(const YString& name) {
 }
 
 void sp_CvtToHyperlink(QLabel* label, QObject* receiver) {
-  if (!label)
+  if (!label || !sp_IsGuiThread("sp_CvtToHyperlink"))
     return;
   const QString address = label->text();
   label->setTextFormat(Qt::RichText);

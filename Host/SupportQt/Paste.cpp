@@ -1,5 +1,6 @@
 #include "HostSupportQt/Paste.h"
 
+#include "HostSupportQt/GuiThread.h"
 #include "HostSupportQt/Text.h"
 
 #include <QClipboard>
@@ -30,8 +31,12 @@ YRef<PasteTextObject> sp_InstalledPasteTextObject() {
 }
 
 bool sp_PasteTextFromClipboard(YString* text) {
+  *text = YString();
+  if (!sp_IsGuiThread("sp_PasteTextFromClipboard"))
+    return false;
   const QMimeData* data = QGuiApplication::clipboard()->mimeData();
   const bool has = data && data->hasText();
-  *text = has ? toYs(data->text()) : YString();
+  if (has)
+    *text = toYs(data->text());
   return has;
 }

@@ -1,6 +1,9 @@
 #include "HostWidgets/Buttons.h"
 
-PushButton::PushButton(QWidget* parent, const char* objectName) : QPushButton(parent) {
+#include "HostSupportQt/GuiThread.h"
+
+PushButton::PushButton(QWidget* parent, const char* objectName)
+    : QPushButton(sp_GuiParent(parent, "PushButton")) {
   setObjectName(QLatin1String(objectName));
 }
 

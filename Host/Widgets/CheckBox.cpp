@@ -1,8 +1,10 @@
 #include "HostWidgets/CheckBox.h"
 
 #include "FlagText.h"
+#include "HostSupportQt/GuiThread.h"
 
-CheckBox::CheckBox(QWidget* parent, const char* objectName) : QCheckBox(parent) {
+CheckBox::CheckBox(QWidget* parent, const char* objectName)
+    : QCheckBox(sp_GuiParent(parent, "CheckBox")) {
   setObjectName(QLatin1String(objectName));
 }
 

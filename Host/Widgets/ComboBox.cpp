@@ -2,6 +2,7 @@
 
 #include "BoundElement.h"
 #include "HostSupport/Arguments.h"
+#include "HostSupportQt/GuiThread.h"
 #include "HostSupportQt/Text.h"
 #include "HostWidgets/Accessibility.h"
 
@@ -25,7 +26,8 @@ public:
 
 } // namespace
 
-ComboBox::ComboBox(QWidget* parent, const char* objectName) : QComboBox(parent) {
+ComboBox::ComboBox(QWidget* parent, const char* objectName)
+    : QComboBox(sp_GuiParent(parent, "ComboBox")) {
   installFieldAccessibility();
   setModel(new EntryModel(this));
   setObjectName(QLatin1String(objectName));

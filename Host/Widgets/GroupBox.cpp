@@ -1,9 +1,11 @@
 #include "HostWidgets/GroupBox.h"
 
 #include "FlagText.h"
+#include "HostSupportQt/GuiThread.h"
 #include "HostWidgets/Accessibility.h"
 
-GroupBox::GroupBox(QWidget* parent, const char* objectName) : QGroupBox(parent) {
+GroupBox::GroupBox(QWidget* parent, const char* objectName)
+    : QGroupBox(sp_GuiParent(parent, "GroupBox")) {
   installFieldAccessibility();
   setObjectName(QLatin1String(objectName));
 }

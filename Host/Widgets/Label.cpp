@@ -1,6 +1,7 @@
 #include "HostWidgets/Label.h"
 
 #include "HostSupportQt/Captions.h"
+#include "HostSupportQt/GuiThread.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -21,7 +22,7 @@ bool linksToInfo(const QString& text) {
 
 } // namespace
 
-Label::Label(QWidget* parent, const char* objectName) : QLabel(parent) {
+Label::Label(QWidget* parent, const char* objectName) : QLabel(sp_GuiParent(parent, "Label")) {
   setObjectName(QLatin1String(objectName));
   connect(this, &QLabel::linkActivated, this, [this](const QString& link) {
     if (link == infoLink)

@@ -1,6 +1,7 @@
 #include "HostWidgets/ParameterView.h"
 
 #include "HostSupport/Arguments.h"
+#include "HostSupportQt/GuiThread.h"
 #include "HostSupportQt/Text.h"
 
 #include <QHeaderView>
@@ -73,7 +74,8 @@ QByteArray valueOf(const QTreeWidgetItem* row) {
 
 } // namespace
 
-ParameterView::ParameterView(QWidget* parent, const char* objectName) : QTreeWidget(parent) {
+ParameterView::ParameterView(QWidget* parent, const char* objectName)
+    : QTreeWidget(sp_GuiParent(parent, "ParameterView")) {
   setObjectName(QLatin1String(objectName));
   setHeaderLabels({tr("Name"), tr("Value")});
   header()->setSectionsMovable(false);

@@ -1,5 +1,6 @@
 #include "HostWidgets/Plotter.h"
 
+#include "HostSupportQt/GuiThread.h"
 #include "PlotterPrivate.h"
 
 #include <QEvent>
@@ -92,7 +93,7 @@ void Plotter::Private::setColour(QColor* colour, const QColor& value) {
 }
 
 Plotter::Plotter(QWidget* parent, const char* objectName)
-    : QWidget(parent), d(std::make_unique<Private>(this)) {
+    : QWidget(sp_GuiParent(parent, "Plotter")), d(std::make_unique<Private>(this)) {
   setObjectName(QLatin1String(objectName));
   Private::installAccessibility();
   setFocusPolicy(Qt::StrongFocus);

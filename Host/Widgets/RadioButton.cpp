@@ -1,9 +1,10 @@
 #include "HostWidgets/RadioButton.h"
 
 #include "FlagText.h"
+#include "HostSupportQt/GuiThread.h"
 #include "RadioCheck.h"
 
-RadioButton::RadioButton(QWidget* parent) : QRadioButton(parent) {}
+RadioButton::RadioButton(QWidget* parent) : QRadioButton(sp_GuiParent(parent, "RadioButton")) {}
 
 void RadioButton::setValue(double value) {
   setRadioChecked(this, value != 0);

@@ -2,6 +2,7 @@
 
 #include "BoundElement.h"
 #include "HostSupport/Numbers.h"
+#include "HostSupportQt/GuiThread.h"
 #include "HostSupportQt/Text.h"
 #include "RadioCheck.h"
 
@@ -72,7 +73,8 @@ QList<QRadioButton*> inReadingOrder(std::vector<Place> places) {
 
 } // namespace
 
-RadioGroup::RadioGroup(QWidget* parent) : QGroupBox(parent), m_exclusion(new QButtonGroup(this)) {}
+RadioGroup::RadioGroup(QWidget* parent)
+    : QGroupBox(sp_GuiParent(parent, "RadioGroup")), m_exclusion(new QButtonGroup(this)) {}
 
 double RadioGroup::valueAt(int position) const {
   return position >= 0 && position < m_values.size() ? m_values[position] : position;

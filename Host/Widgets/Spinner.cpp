@@ -1,6 +1,7 @@
 #include "HostWidgets/Spinner.h"
 
 #include "HostSupport/Numbers.h"
+#include "HostSupportQt/GuiThread.h"
 #include "HostSupportQt/Text.h"
 #include "HostWidgets/Accessibility.h"
 #include "SpinnerPrivate.h"
@@ -294,7 +295,7 @@ void Spinner::Private::step(bool up, int count, Span span) {
 }
 
 Spinner::Spinner(QWidget* parent, const char* objectName)
-    : QWidget(parent), d(std::make_unique<Private>(this)) {
+    : QWidget(sp_GuiParent(parent, "Spinner")), d(std::make_unique<Private>(this)) {
   setObjectName(QLatin1String(objectName));
   setFocusPolicy(Qt::StrongFocus);
   setFocusProxy(d->edit);

@@ -1,10 +1,12 @@
 #include "HostWidgets/TextEdit.h"
 
+#include "HostSupportQt/GuiThread.h"
 #include "HostWidgets/Accessibility.h"
 
 #include <QTextOption>
 
-TextEdit::TextEdit(QWidget* parent, const char* objectName) : QPlainTextEdit(parent) {
+TextEdit::TextEdit(QWidget* parent, const char* objectName)
+    : QPlainTextEdit(sp_GuiParent(parent, "TextEdit")) {
   installFieldAccessibility();
   setObjectName(QLatin1String(objectName));
   setTabChangesFocus(true);

@@ -6,6 +6,7 @@
 #include "HostSupport/YString.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 
 HOSTSUPPORT_EXPORT OperatingSystem sp_GetOs();
@@ -13,6 +14,9 @@ HOSTSUPPORT_EXPORT int sp_GetNumCores();              ///< no more than this pro
 HOSTSUPPORT_EXPORT int sp_GetNumPhysicalProcessors(); ///< packages
 HOSTSUPPORT_EXPORT int sp_GetNumLogicalProcessors();  ///< threads that this process may use
 HOSTSUPPORT_EXPORT bool sp_GetSystemMemoryInfo(SystemMemoryInfo* info);
+
+/// What this process alone holds in memory, in bytes; 0 where the system does not tell.
+HOSTSUPPORT_EXPORT std::uint64_t sp_GetProcessMemory();
 
 /// A named fact of the machine or of the host as text: "memory" (bytes), "cores", "version"
 /// ("major.minor"), "caseSensitiveFiles", "hasHelp" ("1" or "0"; known only while it is set).

@@ -4,6 +4,7 @@
 #include "HostSupportQt/Captions.h"
 #include "HostSupportQt/Geometry.h"
 #include "HostSupportQt/Graphics.h"
+#include "HostSupportQt/GuiThread.h"
 #include "HostSupportQt/Help.h"
 #include "HostSupportQt/KV_FunctionDef.h"
 #include "HostSupportQt/Paste.h"

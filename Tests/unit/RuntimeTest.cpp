@@ -16,6 +16,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -91,9 +92,21 @@ TEST(FunctionTable, refusesFilesThatAreNoModule) {
   FunctionTable table;
   EXPECT_TRUE(loadFault(&table, folder.filePath(QStringLiteral("none.so")))
                   .endsWith(QStringLiteral("none.so: there is no such file")));
-  for (const QString& file : {text.fileName(), folder.path()}) {
+  QFile huge(folder.filePath(QStringLiteral("huge.so")));
+  ASSERT_TRUE(huge.open(QIODevice::WriteOnly) && huge.resize(qint64{1} << 32));
+  const QString pipe = folder.filePath(QStringLiteral("pipe.so"));
+  ASSERT_EQ(::mkfifo(pipe.toUtf8().constData(), 0600), 0);
+  const QString noFile = QStringLiteral(": it is no plain file");
+  const std::pair<QString, QString> cases[] = {
+      {text.fileName(), QString()},
+      {folder.path(), QStringLiteral(": it is a folder")},
+      {pipe, noFile},
+      {QStringLiteral("/dev/zero"), noFile},
+      {huge.fileName(), QStringLiteral(": it has 4096 MB; a module has at most 1024")},
+  };
+  for (const auto& [file, said] : cases) {
     const QString message = loadFault(&table, file);
-    EXPECT_TRUE(message.startsWith(file)) << message.toStdString();
+    EXPECT_TRUE(message.startsWith(file + said)) << message.toStdString();
     EXPECT_FALSE(message.contains(QLatin1Char('\n'))) << message.toStdString();
   }
   EXPECT_TRUE(table.functions().isEmpty());

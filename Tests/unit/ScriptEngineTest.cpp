@@ -110,6 +110,50 @@ TEST_F(ScriptEngineTest, refusesWithASentence) {
     EXPECT_EQ(run(c.script), std::string("t.js") + (*c.script == 't' ? ": " : ":1: ") + c.expected);
 }
 
+TEST_F(ScriptEngineTest, tellsWhatAGetterThrows) {
+  static std::string reported;
+  sp_SetMessageSink([](const char* text) { reported = text; });
+  const char* places[] = {
+      "EchoReals({get y() { THROW }})",
+      "EchoReals({y: [1], get x() { THROW }})",
+      "EchoReals({y: [1], get divisions() { THROW }})",
+      "EchoReals(trapped)",
+      "EchoReals({y: trapped})",
+      "EchoReals(new (class { get y() { THROW } })())",
+      "host.call('EchoStrings', trapped)",
+      "host.graphs({get vectors() { THROW }})",
+      "host.graphs({vectors: [{get name() { THROW }}]})",
+      "host.graphs({vectors: trapped})",
+      "host.analysis([{name: 'A', get type() { THROW }}])",
+      "host.analysis([], {get action() { THROW }})",
+      "host.symbolFileDialog({get filters() { THROW }})",
+      "host.system('version', trapped)",
+      "host.provide('integ', () => ({get y() { THROW }, x: [1]})); Apply('integ', 1)",
+      "host.provide('integ', () => trapped); Apply('integ', 1)",
+      "host.onDialog(d => { try { d.set('edit', trapped) } finally { d.reject() } }); Ask()",
+      "host.onDialog(d => { try { d.click('edit', {get a() { THROW }}) } finally { d.reject() } });"
+      "Ask()",
+  };
+  // An error, a text, and a number, which could be taken for the value.
+  for (const auto value :
+       {QLatin1String("new Error('boom')"), QLatin1String("'boom'"), QLatin1String("5")})
+    for (const char* place : places) {
+      problems.clear();
+      reported.clear();
+      const std::string given =
+          run(QStringLiteral("var trapped = [1]; Object.defineProperty(trapped, 0, {enumerable: "
+                             "true, get() { throw %1 }}); %2")
+                  .arg(value, QString::fromLatin1(place).replace(
+                                  QStringLiteral("THROW"), QStringLiteral("throw %1").arg(value))));
+      const std::string raised = problems.isEmpty() ? given : problems.first().toStdString();
+      const QString told = QString::fromStdString(reported.empty() ? raised : reported);
+      EXPECT_TRUE(told.endsWith(value == QLatin1String("5") ? QStringLiteral(": 5")
+                                                            : QStringLiteral(": boom")))
+          << place << ", " << value.data() << ": " << told.toStdString();
+    }
+  sp_SetMessageSink(nullptr);
+}
+
 TEST_F(ScriptEngineTest, placesFaults) {
   write(QStringLiteral("inner.js"), "function deep() {\n  Fail('deep');\n}\n");
   const QString outer =
@@ -136,6 +180,8 @@ TEST_F(ScriptEngineTest, placesFaults) {
   EXPECT_TRUE(engine->runFile(loop).error.contains(QStringLiteral("more than 64 deep")));
   EXPECT_TRUE(engine->runFile(folder.filePath(QStringLiteral("none.js")))
                   .error.contains(QStringLiteral("none.js: No such file")));
+  EXPECT_EQ(engine->runFile(QStringLiteral("/dev/zero")).error,
+            QStringLiteral("/dev/zero: it has more than 256 MB"));
   EXPECT_EQ(run("try { include('none.js') } catch (e) { 'caught' }"), "\"caught\"");
 }
 

@@ -114,6 +114,26 @@ TEST_F(SimulatorTest, SaysWhatBecameOfTheProgram) {
   EXPECT_THROW(runSimulator({}), CallError);
 }
 
+TEST_F(SimulatorTest, NothingOutlivesTheRun) {
+  sp_WriteOption("SimulatorTimeLimit", "0.3");
+  const QString noted = folder.filePath(QStringLiteral("child"));
+  for (const char* end : {"wait", "exit 0", "kill -SEGV $$"}) {
+    QFile::remove(noted);
+    sp_WriteOption("SimulatorProgram",
+                   toYs(QStringLiteral("/bin/sh -c \"sleep 60 & echo $! > %1; %2\"")
+                            .arg(noted, QLatin1String(end))));
+    EXPECT_EQ(faultOf(deck).empty(), end[0] == 'e');
+    QFile file(noted);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    QFile status(QStringLiteral("/proc/%1/stat").arg(file.readAll().trimmed().toInt()));
+    const auto runs = [&status] {
+      status.close(); // one that has ended may wait for somebody to ask for its status
+      return status.open(QIODevice::ReadOnly) && !status.readAll().contains(") Z ");
+    };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !runs(); }, 2000)) << end;
+  }
+}
+
 TEST_F(SimulatorTest, WindowsArePaintedButTakeNoInput) {
   const QString sign = folder.filePath(QStringLiteral("end"));
   sp_WriteOption(

@@ -60,9 +60,9 @@ void takeNumbersOnly(const QWidget* dialog) {
 
 KelvarinDialog::KelvarinDialog(QWidget* parent, const char* objectName, bool modal,
                                Qt::WindowFlags extraFlags)
-    : WaitingDialog(parent, Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                                Qt::WindowCloseButtonHint | extraFlags |
-                                (modal ? Qt::WindowFlags() : Qt::WindowStaysOnTopHint)),
+    : WaitingDialog(sp_GuiParent(parent, objectName),
+                    Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint |
+                        extraFlags | (modal ? Qt::WindowFlags() : Qt::WindowStaysOnTopHint)),
       resultData(new UserReturnData{}) {
   installFieldAccessibility();
   setObjectName(QString::fromLatin1(objectName));

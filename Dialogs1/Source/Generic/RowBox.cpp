@@ -2,6 +2,7 @@
 
 #include "HostSupport/Arguments.h"
 #include "HostSupportQt/Captions.h"
+#include "HostSupportQt/GuiThread.h"
 #include "Pieces/Captions.h"
 
 #include <QApplication>
@@ -100,7 +101,7 @@ unsigned realCount(UserFunctionInterface* call, int index) {
 bool refusesRowCount(unsigned rows, const char* function) {
   if (rows <= mostRows)
     return false;
-  QMessageBox::warning(nullptr, QString::fromLatin1(function),
+  QMessageBox::warning(sp_GuiParent(nullptr, function), QString::fromLatin1(function),
                        QCoreApplication::translate(
                            "RowBox", "The script asks for %1 rows; a box can show %2 at most.")
                            .arg(rows)

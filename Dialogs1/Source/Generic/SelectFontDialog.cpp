@@ -75,6 +75,7 @@ QFont shownFont(const FontSpec& spec) {
 } // namespace
 
 std::optional<FontSpec> askForFont(QWidget* over, const YString& initial) {
+  sp_NeedGuiThread("SelectFontDialog");
   const FontSpec before = readFontSpec(isFontSpec(initial) ? initial : sp_GetFontSpec(initial));
   bool isTaken = false;
   const QFont font = QFontDialog::getFont(&isTaken, shownFont(before), over);

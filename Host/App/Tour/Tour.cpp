@@ -64,10 +64,10 @@ int Tour::run() {
       return Interruption::exitStatus();
     for (const QString& fault : entry.faults)
       printError(QStringLiteral("%1: %2").arg(sample.name, fault));
-    if (entry.faults.isEmpty())
-      printLine(QStringLiteral("%1 → %2").arg(sample.name, entry.result));
-    else
+    if (!entry.faults.isEmpty())
       ++failed;
+    else if (!printLine(QStringLiteral("%1 → %2").arg(sample.name, entry.result)))
+      return 1;
     pictures += entry.pictures.size() * (m_line.dark ? 2 : 1);
     entries.append(entry);
   }
@@ -115,6 +115,7 @@ void Tour::open(PaletteKind palette, TourEntry* entry) {
       m_driver, [&](QWidget* dialog) { takePicture(dialog, palette, ++number, entry); });
   ScriptEngine engine(m_table, m_driver);
   engine.setTimeout(stuckAfter);
+  engine.setMemoryLimit(ScriptEngine::usualMemoryLimit());
   QObject::connect(&engine, &ScriptEngine::printed, &printLine);
   const Interruption interruption(m_driver, &engine);
   const ScriptEngine::Outcome outcome = engine.evaluate(entry->sample.text, entry->sample.file);

@@ -38,6 +38,7 @@ void ScriptSession::renewEngine() {
   m_engine.reset(); // services that a script provides are the process's: never two engines at once
   m_driver->clearFailures();
   m_engine = std::make_unique<ScriptEngine>(m_table, m_driver);
+  m_engine->setMemoryLimit(ScriptEngine::usualMemoryLimit());
   connect(m_engine.get(), &ScriptEngine::printed, this, [this](const QString& line) {
     emit printed(line);
     keepAnswering();

@@ -17,6 +17,7 @@
 namespace {
 
 constexpr int longestList = 4096;
+constexpr qint64 largestModule = 1 << 30;
 
 /// What a module file has registered. Constructors run once per load, so a second table that loads
 /// a file that is in memory already learns here what belongs to it.
@@ -280,6 +281,14 @@ void FunctionTable::loadModule(const QString& file) {
   const QFileInfo info(file);
   if (!info.exists())
     throw fault(QStringLiteral("there is no such file"));
+  if (info.isDir())
+    throw fault(QStringLiteral("it is a folder"));
+  if (!info.isFile()) // a pipe is waited for without end
+    throw fault(QStringLiteral("it is no plain file"));
+  if (info.size() > largestModule)
+    throw fault(QStringLiteral("it has %1 MB; a module has at most %2")
+                    .arg(info.size() >> 20)
+                    .arg(largestModule >> 20));
   const QString path = info.absoluteFilePath();
 
   const auto ownersBefore = registeredOwners();

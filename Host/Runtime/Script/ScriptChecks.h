@@ -16,6 +16,7 @@ public:
   int failedCount() const { return m_failed; }
 
   Q_INVOKABLE void pass() { ++m_passed; }
+  Q_INVOKABLE QString toText(const QJSValue& value) { return m_runner->toText(value, true); }
 
   Q_INVOKABLE void fail(const QString& message, const QString& stack);
   /// `place` is where the values differ first, "[3].name"; empty for the values themselves.

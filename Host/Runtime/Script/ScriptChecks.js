@@ -38,8 +38,11 @@
       return difference(Array.from(a), Array.from(b), place, seen) ? here : null;
     if (a instanceof Date || a instanceof Number || a instanceof String || a instanceof Boolean)
       return sameScalar(a.valueOf(), b.valueOf()) ? null : here;
-    if (a instanceof RegExp || a instanceof Error)
+    if (a instanceof RegExp)
       return String(a) === String(b) ? null : here;
+    if (a instanceof Error)
+      return difference(a.name, b.name, place + ".name", seen) ||
+        difference(a.message, b.message, place + ".message", seen);
     const keys = Object.keys(a);
     if (keys.length !== Object.keys(b).length)
       return here;
@@ -72,7 +75,11 @@
     return sameScalar(a, b) || (isFinite(limit) && Math.abs(a - b) <= limit) ? null : here;
   }
 
-  function words(message) { return message === undefined ? "" : String(message); }
+  function words(message) {
+    if (message === undefined)
+      return "";
+    return typeof message === "string" ? message : checks.toText(message);
+  }
 
   function report(found, message) {
     if (!found)

@@ -4,6 +4,8 @@
 #include "Call/HostCall.h"
 #include "Drive/WidgetValues.h"
 #include "HostSupport/KelvarinException.h"
+#include "Script/ScriptObject.h"
+#include "Script/ScriptRunner.h"
 
 #include <QDialog>
 #include <QJSEngine>
@@ -30,46 +32,54 @@ QVariant plainValue(const QVariant& value) {
   return value;
 }
 
+constexpr char theValue[] = "the value";
+
 bool isMissing(const QJSValue& value) {
   return value.isUndefined() || value.isNull();
 }
 
-/// A text argument, a widget's name above all.
-QString textOf(const QJSValue& value, const char* what) {
+} // namespace
+
+ScriptDialog::ScriptDialog(QWidget* dialog, ScriptRunner* runner)
+    : m_actions(dialog), m_runner(runner) {}
+
+/// Nothing of the script runs, and nothing nests endlessly, in what this gives.
+QVariant ScriptDialog::valueOf(const QJSValue& value, const char* what) {
   if (isMissing(value))
-    throw DriveError(QStringLiteral("%1 is missing").arg(QString::fromLatin1(what)));
+    throw DriveError(QStringLiteral("%1 is missing").arg(QLatin1String(what)));
+  if (!m_runner || !value.isObject())
+    return value.toVariant();
+  const ScriptOutcome taken = m_runner->takeRecord(value);
+  if (!taken.ok)
+    throw DriveError(m_runner->describe(taken.value).message);
+  return taken.value.toVariant();
+}
+
+QString ScriptDialog::textOf(const QJSValue& value, const char* what) {
+  valueOf(value, what); // what a getter throws says more
+  if (value.isObject())
+    throw DriveError(QStringLiteral("%1 must be a text, %2 was given")
+                         .arg(QLatin1String(what), describeValue(value)));
   return value.toString();
 }
 
-QString nameOf(const QJSValue& widget) {
+QString ScriptDialog::nameOf(const QJSValue& widget) {
   return textOf(widget, "the widget's name");
 }
 
 /// A row or column; -1 where none was given.
-int placeOf(const QJSValue& number) {
+int ScriptDialog::placeOf(const QJSValue& number) {
   if (number.isUndefined())
     return -1;
-  const int place = toIndex(number.toVariant());
+  const int place = toIndex(valueOf(number, "the row or column"));
   if (place < 0)
     throw DriveError(QStringLiteral("rows and columns count from 0, not from %1").arg(place));
   return place;
 }
 
-int requiredPlaceOf(const QJSValue& number) {
-  if (isMissing(number))
-    throw DriveError(QStringLiteral("the row or column is missing"));
-  return placeOf(number);
+int ScriptDialog::requiredPlaceOf(const QJSValue& number) {
+  return placeOf(isMissing(number) ? QJSValue(QJSValue::NullValue) : number);
 }
-
-QVariant valueOf(const QJSValue& value) {
-  if (isMissing(value))
-    throw DriveError(QStringLiteral("the value is missing"));
-  return value.toVariant();
-}
-
-} // namespace
-
-ScriptDialog::ScriptDialog(QWidget* dialog, QObject* parent) : QObject(parent), m_actions(dialog) {}
 
 /// Runs an action for a script: its result, or its failure as a script exception.
 template <typename Action> QJSValue ScriptDialog::guarded(Action action) {
@@ -167,18 +177,18 @@ QJSValue ScriptDialog::key(const QJSValue& widget, const QJSValue& keys) {
 }
 
 QJSValue ScriptDialog::set(const QJSValue& widget, const QJSValue& value) {
-  return guarded([&] { m_actions.set(nameOf(widget), valueOf(value)); });
+  return guarded([&] { m_actions.set(nameOf(widget), valueOf(value, theValue)); });
 }
 
 QJSValue ScriptDialog::choose(const QJSValue& widget, const QJSValue& rows) {
   return guarded([&] {
-    const QVariant list = valueOf(rows);
+    const QVariant list = valueOf(rows, theValue);
     m_actions.choose(nameOf(widget), rows.isArray() ? list.toList() : QVariantList{list});
   });
 }
 
 QJSValue ScriptDialog::pick(const QJSValue& value) {
-  return guarded([&] { m_actions.pick(valueOf(value)); });
+  return guarded([&] { m_actions.pick(valueOf(value, theValue)); });
 }
 
 QJSValue ScriptDialog::current(const QJSValue& widget, const QJSValue& row,
@@ -198,7 +208,7 @@ QJSValue ScriptDialog::cell(const QJSValue& widget, const QJSValue& row, const Q
     const int atColumn = requiredPlaceOf(column);
     if (value.isUndefined())
       return m_actions.cell(nameOf(widget), atRow, atColumn);
-    m_actions.setCell(nameOf(widget), atRow, atColumn, valueOf(value));
+    m_actions.setCell(nameOf(widget), atRow, atColumn, valueOf(value, theValue));
     return QVariant();
   });
 }
@@ -225,7 +235,7 @@ QJSValue ScriptDialog::columns(const QJSValue& widget) {
 QJSValue ScriptDialog::tab(const QJSValue& captionOrIndex) {
   return guarded([&] {
     if (!captionOrIndex.isUndefined())
-      m_actions.setTab(valueOf(captionOrIndex));
+      m_actions.setTab(valueOf(captionOrIndex, theValue));
     return m_actions.tab();
   });
 }

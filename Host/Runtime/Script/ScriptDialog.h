@@ -5,6 +5,8 @@
 #include <QJSValue>
 #include <QObject>
 
+class ScriptRunner;
+
 /// What a handler of `host.onDialog` is called with: `DialogActions` for scripts. What a user could
 /// not do becomes a script exception.
 class ScriptDialog : public QObject {
@@ -16,7 +18,9 @@ class ScriptDialog : public QObject {
   Q_PROPERTY(bool isOpen READ isOpen)
 
 public:
-  explicit ScriptDialog(QWidget* dialog, QObject* parent = nullptr);
+  /// `runner`, which the engine's life is longer than, takes over what the script passes; without
+  /// one, values are taken as they stand.
+  explicit ScriptDialog(QWidget* dialog, ScriptRunner* runner = nullptr);
 
   QString name() const { return m_actions.name(); }
   QString title() const { return m_actions.title(); }
@@ -68,5 +72,13 @@ public:
 
 private:
   template <typename Action> QJSValue guarded(Action action);
+  // All raise `DriveError` for what is missing or of another kind.
+  QVariant valueOf(const QJSValue& value, const char* what);
+  QString textOf(const QJSValue& value, const char* what);
+  QString nameOf(const QJSValue& widget);
+  int placeOf(const QJSValue& number);
+  int requiredPlaceOf(const QJSValue& number);
+
   DialogActions m_actions;
+  ScriptRunner* m_runner;
 };

@@ -1,6 +1,8 @@
 #include "Script/ScriptEngine.h"
 
 #include "Drive/DialogDriver.h"
+#include "HostSupport/ProcessGroup.h"
+#include "HostSupport/System.h"
 #include "OwnTempDir.h"
 #include "Script/ScriptChecks.h"
 #include "Script/ScriptHost.h"
@@ -14,6 +16,8 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QMetaMethod>
+
+#include <algorithm>
 
 namespace {
 
@@ -35,14 +39,17 @@ public:
   Private(ScriptEngine* owner, FunctionTable* table, DialogDriver* scriptDriver)
       : q(owner), driver(scriptDriver), runner(&js), checks(&runner),
         host(&runner, table, scriptDriver),
-        watchdog({[this] { js.setInterrupted(true); }, [this] { releaseDialogs(); },
-                  [] { OwnTempDir::removeBeforeExit(); }}) {}
+        watchdog({[this] { interrupt(); }, [this] { release(); },
+                  [] { OwnTempDir::removeBeforeExit(); }},
+                 statusOfMemory) {}
 
   Outcome run(const QString& program, const QString& fileName);
   Outcome fail(const QString& message, const QStringList& stack = {});
   void begin();
   void end();
-  void releaseDialogs();
+  void interrupt();
+  void release();
+  QString causeText() const;
   void noteOpenDialog();
   void report(const QString& line) {
     ++otherFailures;
@@ -56,7 +63,8 @@ public:
   ScriptChecks checks;
   ScriptHost host;
   Watchdog watchdog;
-  int timeout = 0;
+  Watchdog::Limits limits;
+  bool hasTakenTooMuch = false;
   int depth = 0; ///< programs of one engine may run inside one another, from the workbench
   int otherFailures = 0;
 };
@@ -65,9 +73,9 @@ void ScriptEngine::Private::begin() {
   host.defineFunctions();
   if (driver)
     driver->beginScope();
-  if (++depth == 1 && timeout > 0) {
+  if (++depth == 1 && limits.any()) {
     noteOpenDialog();
-    watchdog.start(timeout);
+    watchdog.start(limits);
   }
 }
 
@@ -77,8 +85,21 @@ void ScriptEngine::Private::end() {
   if (--depth > 0)
     return;
   watchdog.stop();
-  if (watchdog.hasExpired())
+  if (watchdog.cause() != Watchdog::Cause::None)
     js.setInterrupted(false);
+}
+
+/// Why the watchdog has ended the program that runs; empty where it has not.
+QString ScriptEngine::Private::causeText() const {
+  switch (watchdog.isRunning() ? watchdog.cause() : Watchdog::Cause::None) {
+  case Watchdog::Cause::Stillness:
+    return QStringLiteral("ended, since nothing had moved for %1 s").arg(limits.seconds);
+  case Watchdog::Cause::Memory:
+    return QStringLiteral("ended, since it used more than %1 MB").arg(limits.megabytes);
+  case Watchdog::Cause::None:
+    break;
+  }
+  return QString();
 }
 
 ScriptEngine::Outcome ScriptEngine::Private::fail(const QString& message,
@@ -95,14 +116,14 @@ ScriptEngine::Outcome ScriptEngine::Private::fail(const QString& message,
 ScriptEngine::Outcome ScriptEngine::Private::run(const QString& program, const QString& fileName) {
   begin();
   const ScriptOutcome outcome = runner.run(program, fileName);
-  const bool isTimeOver = watchdog.isRunning() && watchdog.hasExpired();
+  const QString cause = causeText();
+  hasTakenTooMuch |= watchdog.cause() == Watchdog::Cause::Memory;
   end();
-  if (isTimeOver)
-    return fail(
-        QStringLiteral("%1: ended, since nothing had moved for %2 s").arg(fileName).arg(timeout));
+  if (!cause.isEmpty())
+    return fail(QStringLiteral("%1: %2").arg(fileName, cause));
   if (outcome.ok)
     return {true, outcome.value, QString()};
-  const ScriptFault fault = describeFault(outcome.value);
+  const ScriptFault fault = runner.describe(outcome.value);
   const QString headline = fault.headline == fault.message
                                ? QStringLiteral("%1: %2").arg(fileName, fault.message)
                                : fault.headline;
@@ -111,7 +132,14 @@ ScriptEngine::Outcome ScriptEngine::Private::run(const QString& program, const Q
   return failed;
 }
 
-void ScriptEngine::Private::releaseDialogs() {
+/// From any thread.
+void ScriptEngine::Private::interrupt() {
+  js.setInterrupted(true);
+  ProcessGroup::endPresent();
+}
+
+void ScriptEngine::Private::release() {
+  ProcessGroup::endPresent(); // one that was just starting
   if (QWidget* popup = QApplication::activePopupWidget()) {
     popup->close();
     return;
@@ -163,7 +191,22 @@ void ScriptEngine::setArguments(const QStringList& arguments) {
 }
 
 void ScriptEngine::setTimeout(int seconds) {
-  d->timeout = qMax(0, seconds);
+  d->limits.seconds = qMax(0, seconds);
+}
+
+void ScriptEngine::setMemoryLimit(int megabytes) {
+  d->limits.megabytes = qMax(0, megabytes);
+}
+
+int ScriptEngine::usualMemoryLimit() {
+  constexpr std::uint64_t most = 4000;
+  SystemMemoryInfo info;
+  const bool isKnown = sp_GetSystemMemoryInfo(&info);
+  return static_cast<int>(isKnown ? std::min(most, info.total / 2'000'000) : most);
+}
+
+bool ScriptEngine::hasTakenTooMuchMemory() const {
+  return d->hasTakenTooMuch;
 }
 
 QJSEngine* ScriptEngine::jsEngine() const {
@@ -174,7 +217,7 @@ ScriptEngine::Outcome ScriptEngine::runFile(const QString& path) {
   const QString file = QDir::cleanPath(QFileInfo(path).absoluteFilePath());
   QString program;
   try {
-    program = ScriptHost::readText(file);
+    program = ScriptHost::readProgram(file);
   } catch (const CallError& error) {
     return d->fail(QString::fromUtf8(error.what()));
   }

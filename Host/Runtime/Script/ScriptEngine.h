@@ -27,6 +27,12 @@ public:
   void setArguments(const QStringList& arguments); ///< `host.args`
   /// Ends the script with a failure when nothing has moved for so long; 0: never.
   void setTimeout(int seconds);
+  /// Ends the script with a failure when the process has taken so much memory since it began; 0:
+  /// never. What the script asks for in one stroke may end the process, with `statusOfMemory`.
+  void setMemoryLimit(int megabytes);
+  static int usualMemoryLimit(); ///< 4000 MB, or half of the machine's where that is less
+  bool hasTakenTooMuchMemory() const;
+  static constexpr int statusOfMemory = 3; ///< of a process that ended so
 
   /// For `setInterrupted`, which may be called from a signal handler.
   QJSEngine* jsEngine() const;

@@ -34,12 +34,14 @@ namespace {
 constexpr int deepestInclude = 64;
 constexpr int longestWait = 24 * 60 * 60 * 1000; // ms
 constexpr int interruptPoll = 50;                // ms
+constexpr int largestText = 256 << 20;           // bytes
+constexpr int readAtOnce = 1 << 20;              // bytes
 
 QVariant factFromScript(const QJSValue& value) {
   if (value.isNull())
     return QVariant();
   if (!value.isArray())
-    return value.isNumber() || value.isBool() ? value.toVariant() : QVariant(value.toString());
+    return value.isObject() ? QVariant(describeValue(value)) : value.toVariant();
   QVariantList parts;
   const quint32 length = qMin(value.property(QStringLiteral("length")).toUInt(), 3u);
   for (quint32 i = 0; i < length; ++i)
@@ -208,6 +210,31 @@ QString ScriptHost::readText(const QString& path) {
   return QString::fromStdString(bytes);
 }
 
+QString ScriptHost::readProgram(const QString& path) {
+  QFile file(path);
+  const auto fault = [&] {
+    return CallError(
+        QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(path), file.errorString()));
+  };
+  if (QFileInfo(path).isDir())
+    throw CallError(QStringLiteral("%1: it is a folder").arg(QDir::toNativeSeparators(path)));
+  if (!file.open(QIODevice::ReadOnly))
+    throw fault();
+  QByteArray bytes;
+  for (QByteArray part; bytes.size() <= largestText; bytes += part) { // a device has no size
+    part = file.read(readAtOnce);
+    if (part.isEmpty())
+      break;
+  }
+  if (file.error() != QFileDevice::NoError)
+    throw fault();
+  if (bytes.size() > largestText)
+    throw CallError(QStringLiteral("%1: it has more than %2 MB")
+                        .arg(QDir::toNativeSeparators(path))
+                        .arg(largestText >> 20));
+  return QString::fromUtf8(bytes);
+}
+
 QJSValue ScriptHost::include(const QString& file, const QString& stack) {
   return guarded([&]() -> QJSValue {
     if (m_includes >= deepestInclude)
@@ -367,7 +394,7 @@ DialogDriver* ScriptHost::neededDriver() const {
 /// The script owns the wrapper, so that it lives exactly as long as somebody can use it; the
 /// wrapper itself notices when its dialog is gone.
 QJSValue ScriptHost::wrap(QWidget* dialog) {
-  auto* wrapper = new ScriptDialog(dialog, nullptr);
+  auto* wrapper = new ScriptDialog(dialog, m_runner);
   QQmlEngine::setObjectOwnership(wrapper, QQmlEngine::JavaScriptOwnership);
   return m_runner->engine()->newQObject(wrapper);
 }
@@ -379,7 +406,7 @@ void ScriptHost::onDialog(const QJSValue& handler) {
         throw CallError(QStringLiteral("the script that queued the handler has ended"));
       const ScriptOutcome outcome = host->m_runner->call(handler, {host->wrap(dialog)});
       if (!outcome.ok)
-        throw CallError(describeFault(outcome.value).headline);
+        throw CallError(host->m_runner->describe(outcome.value).headline);
     });
   });
 }

@@ -36,12 +36,15 @@ public:
   CallResult callFunction(FunctionInfo function, const std::vector<ScriptVector>& arguments);
   /// A text file, UTF-8. Raises `CallError` with the reason.
   static QString readText(const QString& path);
+  /// A script, which may come through a pipe. Raises `CallError`.
+  static QString readProgram(const QString& path);
 
   Q_INVOKABLE QJSValue call(const QString& name, const QJSValue& arguments);
   Q_INVOKABLE QJSValue callDetailed(const QString& name, const QJSValue& arguments);
   Q_INVOKABLE void command(const QString& line);
   Q_INVOKABLE void print(const QString& line);
   Q_INVOKABLE QJSValue toText(const QJSValue& value);
+  Q_INVOKABLE QJSValue takers() const { return m_runner->takers(); }
   Q_INVOKABLE QJSValue include(const QString& file, const QString& stack);
 
   Q_INVOKABLE QJSValue option(const QString& key, const QJSValue& value);

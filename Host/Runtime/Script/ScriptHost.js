@@ -16,8 +16,14 @@
     return outcome.value;
   }
 
+  const { takeVector, takeRecord } = bridge.takers();
+
+  function taken(args) { return args.map(value => takeVector(value)); }
+
   const host = {
-    call(name, ...args) { return bridge.callDetailed(text(name, "host.call", "the name"), args); },
+    call(name, ...args) {
+      return bridge.callDetailed(text(name, "host.call", "the name"), taken(args));
+    },
     option(key, value) { return bridge.option(text(key, "host.option", "the key"), value); },
     config(section, key, value) {
       return bridge.config(text(section, "host.config", "the section"),
@@ -43,7 +49,7 @@
     system(key, value) {
       text(key, "host.system", "the key");
       if (value !== undefined)
-        bridge.setSystem(key, value);
+        bridge.setSystem(key, takeRecord(value));
       return bridge.system(key);
     },
     onDialog(handler) {
@@ -53,7 +59,10 @@
       bridge.onDialog(handler);
     },
     windows() { return bridge.windows(); },
-    provide(name, fn) { bridge.provide(text(name, "host.provide", "the name"), fn); },
+    provide(name, fn) {
+      bridge.provide(text(name, "host.provide", "the name"),
+                     typeof fn === "function" ? (...args) => takeVector(fn(...args)) : fn);
+    },
     paste(content) { return bridge.paste(text(content, "host.paste", "the content")); },
     schematic: {
       get hasCurrent() { return bridge.hasSchematic(); },
@@ -62,13 +71,15 @@
     },
     graphs(facts) {
       if (facts !== undefined)
-        bridge.setGraphs(facts);
+        bridge.setGraphs(takeRecord(facts));
       return bridge.graphs();
     },
-    analysis(parameters, fields) { return bridge.analysis(parameters, fields); },
+    analysis(parameters, fields) {
+      return bridge.analysis(takeRecord(parameters), takeRecord(fields));
+    },
     openAnalysis(block) { bridge.openAnalysis(block); },
     symbolFileDialog(request) {
-      return bridge.symbolFileDialog(request === undefined ? {} : request);
+      return bridge.symbolFileDialog(request === undefined ? {} : takeRecord(request));
     },
     get args() { return bridge.args(); },
   };
@@ -84,6 +95,6 @@
 
   return function define(name) {
     if (["host", "command", "print", "include", "check", "equal", "near"].indexOf(name) < 0)
-      global[name] = function (...args) { return bridge.call(name, args); };
+      global[name] = function (...args) { return bridge.call(name, taken(args)); };
   };
 })

@@ -49,10 +49,7 @@ ScriptObject::ScriptObject(const QJSValue& object, const QString& what, const QS
 }
 
 QJSValue ScriptObject::value(const char* member) const {
-  const QJSValue value = m_object.property(QLatin1String(member));
-  if (value.isError()) // what a getter has thrown
-    throw CallError(QStringLiteral("%1: %2").arg(nameOf(member), value.toString()));
-  return value;
+  return m_object.property(QLatin1String(member));
 }
 
 bool ScriptObject::has(const char* member) const {

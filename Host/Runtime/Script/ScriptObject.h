@@ -9,7 +9,8 @@
 /// What `value` is, for a message: "null", "a function", "a number".
 QString describeValue(const QJSValue& value);
 
-/// Reads the members of an object that a script has written. All raise `CallError`, naming the
+/// Reads the members of an object that a script has written, and the host has taken over
+/// (`ScriptRunner::takeRecord`). All raise `CallError`, naming the
 /// member, what it must be and what it is; the constructor for what is no object, or has members
 /// of other names. A member that is missing, or undefined, has the value given as `none`.
 class ScriptObject {

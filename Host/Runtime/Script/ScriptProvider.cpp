@@ -88,7 +88,7 @@ Provider scriptProvider(ScriptRunner* runner, const QJSValue& function, const Se
     const ScriptOutcome outcome =
         runner->call(function, argumentsOf(runner->engine(), service, arguments));
     if (!outcome.ok)
-      throw CallError(describeFault(outcome.value).message);
+      throw CallError(runner->describe(outcome.value).message);
     return answerOf(outcome.value, service);
   };
 }

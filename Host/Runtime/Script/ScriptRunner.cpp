@@ -32,6 +32,24 @@ bool readFrame(const QString& frame, QString* name, ScriptPlace* place) {
   return true;
 }
 
+ScriptFault faultOf(const QString& text, const QString& stack) {
+  ScriptFault fault;
+  fault.message = text.simplified();
+  for (const QString& frame : stack.split(QLatin1Char('\n'))) {
+    QString name;
+    ScriptPlace where;
+    if (!readFrame(frame, &name, &where) || where.file == hostScriptName())
+      continue;
+    if (name.isEmpty() || name == QLatin1String("%entry"))
+      name = QStringLiteral("script");
+    fault.stack.append(QStringLiteral("%1 (%2)").arg(name, where.toText()));
+  }
+  const QString place = callerPlace(stack).toText();
+  fault.headline =
+      place.isEmpty() ? fault.message : QStringLiteral("%1: %2").arg(place, fault.message);
+  return fault;
+}
+
 } // namespace
 
 QString ScriptPlace::toText() const {
@@ -48,41 +66,13 @@ ScriptPlace callerPlace(const QString& stack) {
   return {};
 }
 
-ScriptFault describeFault(const QJSValue& thrown) {
-  ScriptFault fault;
-  ScriptPlace place;
-  if (thrown.isError()) {
-    const QString kind = thrown.property(QStringLiteral("name")).toString();
-    const QString message = thrown.property(QStringLiteral("message")).toString();
-    fault.message = kind == QLatin1String("Error") && !message.isEmpty()
-                        ? message
-                        : QStringLiteral("%1: %2").arg(kind, message);
-    const QString stack = thrown.property(QStringLiteral("stack")).toString();
-    place = callerPlace(stack);
-    for (const QString& frame : stack.split(QLatin1Char('\n'))) {
-      QString name;
-      ScriptPlace where;
-      if (!readFrame(frame, &name, &where) || where.file == hostScriptName())
-        continue;
-      if (name.isEmpty() || name == QLatin1String("%entry"))
-        name = QStringLiteral("script");
-      fault.stack.append(QStringLiteral("%1 (%2)").arg(name, where.toText()));
-    }
-  } else {
-    fault.message = thrown.toString();
-  }
-  fault.message = fault.message.simplified();
-  const QString where = place.toText();
-  fault.headline =
-      where.isEmpty() ? fault.message : QStringLiteral("%1: %2").arg(where, fault.message);
-  return fault;
-}
-
-ScriptRunner::ScriptRunner(QJSEngine* engine) : m_engine(engine), m_marker(engine->newObject()) {
-  const QJSValue made = runHostScript(engine, QStringLiteral("ScriptRunner"), m_marker);
-  m_call = made.property(QStringLiteral("call"));
-  m_toText = made.property(QStringLiteral("toText"));
-}
+ScriptRunner::ScriptRunner(QJSEngine* engine)
+    : m_engine(engine), m_marker(engine->newObject()),
+      m_own(runHostScript(engine, QStringLiteral("ScriptRunner"), m_marker)),
+      m_call(m_own.property(QStringLiteral("call"))),
+      m_toText(m_own.property(QStringLiteral("toText"))),
+      m_describe(m_own.property(QStringLiteral("describe"))),
+      m_takeRecord(m_own.property(QStringLiteral("takeRecord"))) {}
 
 ScriptOutcome ScriptRunner::run(const QString& program, const QString& fileName) {
   const QString ended = QStringLiteral("ended");
@@ -108,5 +98,13 @@ ScriptOutcome ScriptRunner::call(const QJSValue& function, const QJSValueList& a
 
 QString ScriptRunner::toText(const QJSValue& value, bool spelled) {
   const ScriptOutcome outcome = call(m_toText, {value, spelled});
-  return outcome.ok ? outcome.value.toString() : describeFault(outcome.value).message;
+  return outcome.ok ? outcome.value.toString() : describe(outcome.value).message;
+}
+
+ScriptFault ScriptRunner::describe(const QJSValue& thrown) {
+  const ScriptOutcome told = call(m_describe, {thrown});
+  if (!told.ok) // the engine was interrupted, and tells of nothing else
+    return faultOf(QStringLiteral("Interrupted"), QString());
+  return faultOf(told.value.property(QStringLiteral("text")).toString(),
+                 told.value.property(QStringLiteral("stack")).toString());
 }

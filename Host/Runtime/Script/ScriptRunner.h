@@ -30,15 +30,26 @@ public:
   /// As JSON text, any nesting and any value; NaN, infinities and what has no JSON form keep their
   /// script spelling where `spelled`, else they are null. "undefined" for undefined.
   QString toText(const QJSValue& value, bool spelled);
+  /// Of any value that was thrown.
+  ScriptFault describe(const QJSValue& thrown);
+
+  /// A copy for the host to read, in which nothing of the script runs: getters have been asked, and
+  /// the outcome is what one of them has thrown. Of a record: an object, or an array, of any
+  /// members.
+  ScriptOutcome takeRecord(const QJSValue& value) { return call(m_takeRecord, {value}); }
+  /// The functions `takeVector`, of an array or {y, x, divisions}, and `takeRecord`, for the host's
+  /// own script code.
+  QJSValue takers() const { return m_own; }
 
 private:
   QJSEngine* m_engine;
   QJSValue m_marker; ///< `ended`: the running program has reached its end
+  QJSValue m_own;    ///< what ScriptRunner.js gives
   QJSValue m_call;
   QJSValue m_toText;
+  QJSValue m_describe;
+  QJSValue m_takeRecord;
 };
-
-ScriptFault describeFault(const QJSValue& thrown);
 
 /// The place of the innermost frame that is not the host's, out of an error's `stack`.
 struct ScriptPlace {

@@ -5,16 +5,18 @@
 
 #include <atomic>
 #include <condition_variable>
+#include <cstdint>
 #include <functional>
 #include <mutex>
 #include <thread>
 
 /// Ends a script in which nothing has moved for a while, whatever holds it up: a dialog that nobody
-/// answers, a loop in the script, or code that never comes back.
+/// answers, a loop in the script, or code that never comes back; and one that takes more memory
+/// than it may.
 ///
-/// When the time is over it says on the standard error output which dialog was open, interrupts the
-/// script and releases open dialogs; should `stop` not be called within five seconds more, the
-/// process ends with status 1.
+/// It then says so on the standard error output (which dialog was open, how much memory it was),
+/// interrupts the script and releases open dialogs. Should `stop` not be called within five seconds
+/// more, or the memory grow by another half of what was allowed, the process ends.
 class Watchdog {
 public:
   struct Actions {
@@ -22,32 +24,46 @@ public:
     std::function<void()> release;    ///< in this object's thread, again and again until `stop`
     std::function<void()> beforeExit; ///< in the watchdog's thread, while the others still run
   };
+  struct Limits {
+    int seconds = 0;   ///< without a move; 0: any time
+    int megabytes = 0; ///< more than at the start; 0: any amount
+    bool any() const { return seconds > 0 || megabytes > 0; }
+  };
+  enum class Cause { None, Stillness, Memory };
 
-  explicit Watchdog(Actions actions);
+  /// `memoryStatus` is that of the process where it ends because of the memory.
+  Watchdog(Actions actions, int memoryStatus);
   ~Watchdog();
 
-  void start(int seconds);
+  void start(const Limits& limits);
   void stop();
   bool isRunning() const { return m_thread.joinable(); }
-  /// Since the last `start`.
-  bool hasExpired() const { return m_hasExpired; }
+  /// Why the script was ended since the last `start`.
+  Cause cause() const { return m_cause; }
 
   void moved();                                   ///< the script is alive: the time starts anew
   void setOpenDialog(const QString& description); ///< empty: none
 
 private:
   using Clock = std::chrono::steady_clock;
+  using Lock = std::unique_lock<std::mutex>;
   void watch();
-  void expire(std::unique_lock<std::mutex>& lock);
+  Cause look() const;
+  std::uint64_t takenBytes() const;
+  void waitUntil(Lock& lock, Clock::time_point latest);
+  void say(Cause cause) const;
+  void expire(Lock& lock, Cause cause);
 
   Actions m_actions;
+  int m_memoryStatus;
   QTimer m_release;
   std::thread m_thread;
   std::mutex m_mutex;
   std::condition_variable m_wake;
   bool m_isStopping = false;
   QString m_openDialog;
-  std::chrono::seconds m_limit{0};
+  Limits m_limits;
+  std::uint64_t m_bytesAtStart = 0;
   std::atomic<Clock::rep> m_lastMove{0};
-  std::atomic<bool> m_hasExpired{false};
+  std::atomic<Cause> m_cause{Cause::None};
 };

@@ -4,6 +4,7 @@
 #include "Call/ScriptVector.h"
 #include "HostSupport/Numbers.h"
 #include "HostSupport/Options.h"
+#include "HostSupport/ProcessGroup.h"
 #include "HostSupportQt/Text.h"
 
 #include <QApplication>
@@ -67,6 +68,12 @@ public:
   }
 };
 
+/// What the program starts ends with it.
+class GroupProcess : public QProcess {
+protected:
+  void setupChildProcess() override { ProcessGroup::enter(); }
+};
+
 CallError failure(const QString& text) {
   return CallError(QStringLiteral("RunBRENNIX: %1").arg(text));
 }
@@ -105,7 +112,7 @@ void listen(QProcess* process, QByteArray* said) {
 }
 
 /// False where the time is over before the program has ended.
-bool waitForEnd(QProcess* process, double seconds, QByteArray* said) {
+bool waitForEnd(QProcess* process, ProcessGroup* group, double seconds, QByteArray* said) {
   const InputBarrier barrier;
   QEventLoop loop;
   QObject::connect(process, qOverload<int, QProcess::ExitStatus>(&QProcess::finished), &loop,
@@ -116,10 +123,13 @@ bool waitForEnd(QProcess* process, double seconds, QByteArray* said) {
   QTimer::singleShot(static_cast<int>(std::ceil(seconds * 1000)), Qt::PreciseTimer, &loop,
                      &QEventLoop::quit);
   process->start();
-  if (process->state() != QProcess::NotRunning)
+  if (process->state() != QProcess::NotRunning) {
+    group->adopt(process->processId());
     loop.exec();
+  }
   if (process->state() == QProcess::NotRunning)
     return true;
+  ProcessGroup::endPresent();
   process->kill();
   process->waitForFinished(killWait);
   return false;
@@ -137,20 +147,23 @@ void runSimulator(const QStringList& words) {
   const QStringList program = simulatorWords();
   removeOldMessages(words.last());
 
-  QProcess process;
+  GroupProcess process;
+  ProcessGroup group;
   process.setProgram(program.first());
   process.setArguments(program.mid(1) + words);
   process.setStandardInputFile(QProcess::nullDevice());
   process.setStandardOutputFile(QProcess::nullDevice());
   QByteArray said;
   const double limit = timeLimit();
-  const bool hasEnded = waitForEnd(&process, limit, &said);
+  const bool hasEnded = waitForEnd(&process, &group, limit, &said);
   listen(&process, &said);
 
   const QString name = QDir::toNativeSeparators(program.first());
   if (!hasEnded)
     throw failure(
         QStringLiteral("%1 has not ended within %2 s and was stopped").arg(name).arg(limit));
+  if (group.wasEnded())
+    throw failure(QStringLiteral("%1 was stopped").arg(name));
   if (process.error() == QProcess::FailedToStart)
     throw failure(QStringLiteral("%1 could not be started: %2").arg(name, process.errorString()));
   const QString complaint = QString::fromUtf8(said).simplified();
