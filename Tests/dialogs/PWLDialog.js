@@ -206,9 +206,57 @@ box([texts("0 0 1 1 2 2")], d => {
   host.clipboard("7\r\n8\r\n9\r\n10\r\n");
   d.current(grid, 1, 1);
   d.key(grid, "Ctrl+V");
-  equal(rows(d), ["0,0", "1,7", "2,8", ",9", ",10"], "a spreadsheet's column goes where the user is");
+  equal(rows(d), ["0,0", "1,7", "2,8", ",9", ",10", ","], "a spreadsheet's column goes where the user is");
+  equal(d.text("pointNote"), "4 row(s) pasted. 2 row(s) below row 4 are not part of the curve, since it has an empty cell.");
+  d.key(grid, "Ctrl+Z");
+  equal(rows(d), ["0,0", "1,1", "2,2", ","], "undone as a whole");
+  d.key(grid, "Ctrl+Shift+Z");
+  equal(rows(d).length, 6);
   d.reject();
 });
+for (const [clipboard, note, shown] of [
+  ["Time;Value\n3;4", "1 row(s) pasted. A heading was left out.", "3,4"],
+  ["3\t4\t5", "1 row(s) pasted. 1 cell(s) were left out.", "3,4"],
+  ["3;4,5", "Nothing was pasted: “4,5” has a decimal comma. Numbers need a decimal point.", "1,1"],
+])
+  box([texts("0 0 1 1")], d => {
+    host.clipboard(clipboard);
+    d.current(grid, 1, 0);
+    d.key(grid, "Ctrl+V");
+    equal([d.text("pointNote"), rows(d)[1]], [note, shown]);
+    d.reject();
+  });
+
+// --- steps ----------------------------------------------------------------------------------------
+
+const symmetricCurve = texts("-2 -5 -1 -1 1 1 2 5");
+for (const [keys, left] of [
+  [["Ctrl+A", "Delete"], ["0,0"]],
+  [["Ctrl+A", "Insert"], ["0,0", ",", ",", ",", "1,1", "2,5", ","]],
+])
+  equal(box([symmetricCurve, options({ 7: "1" })], d => {
+    for (const key of keys)
+      d.key(grid, key);
+    equal(rows(d), left, "the origin stays where it is");
+    d.key(grid, "Ctrl+Z");
+    equal(rows(d), ["0,0", "1,1", "2,5", ","]);
+    d.accept();
+  }).slice(0, 8), symmetricCurve);
+equal(box([texts("0 0 1 1"), options({ 7: "1" })], d => {
+  d.click("radiobuttonSymmetric");
+  d.key(grid, "Ctrl+Z");
+  equal(d.checked("radiobuttonAsymmetric"), true, "the mode goes back with the rows");
+  d.accept();
+}).slice(0, 4), texts("0 0 1 1"));
+equal(box([[]], d => {
+  d.key(grid, "5");
+  for (const key of ["Tab", "6", "Tab", "7", "Tab", "8", "Shift+Tab", "9", "Tab", "Tab", "Escape"])
+    d.key(null, key);
+  equal(rows(d), ["5,6", "9,8", ","]);
+  d.key(grid, "Tab");
+  check(d.focused() !== grid, "a cell that is not being edited is left");
+  d.accept();
+}).slice(0, 4), texts("5 6 9 8"));
 
 // --- conversion tool ----------------------------------------------------------------------------
 

@@ -115,6 +115,26 @@ let fault = null;
 try { run(folder + "/none.deck"); } catch (error) { fault = error.message; }
 check(fault.includes("none.deck"), fault);
 
+// The open cell is checked, the first fault becomes the current row and is told, F3 goes on.
+host.onDialog(d => {
+  d.current(grid, 1, 0);
+  d.key(grid, "x");
+  host.onDialog(m => m.accept());
+  d.key(null, "Alt+X");
+  equal(d.cell(grid, 1, 0), "x");
+  check(/^Line number 2: /.test(d.text("pointNote")), d.text("pointNote"));
+  for (const [key, line] of [["F3", 4], ["F3", 2], ["Shift+F3", 4]]) {
+    d.key(grid, key);
+    check(d.text("pointNote").startsWith(`Line number ${line}: `), `${key}: ${d.text("pointNote")}`);
+  }
+  d.current(grid, 3, 1);
+  d.key(grid, "3");
+  d.key(null, "Return");
+  equal(d.cellInfo(grid, 3, 0).kind, "PWLTableItem", "either cell takes the red away");
+  d.reject();
+});
+EditFileDefinedPWLDialog(["0 1", "1 2", "2 3", "3 y"], ["0"]);
+
 // --- a folder in which others have been before -----------------------------------------------------
 
 const temporary = folder + "/Kelvarin";

@@ -29,7 +29,11 @@ TEST(DefinitionTable, TabGoesFromCellToCell) {
     Qt::Key key;
     int row, column;
     bool opens;
-  } steps[] = {{Qt::Key_Tab, 0, 1, true}, {Qt::Key_Tab, 0, 2, false}};
+  } steps[] = {
+      {Qt::Key_Tab, 0, 1, true}, {Qt::Key_Tab, 1, 0, true},     {Qt::Key_Tab, 1, 1, true},
+      {Qt::Key_Tab, 2, 0, true}, {Qt::Key_Backtab, 1, 1, true}, {Qt::Key_Tab, 2, 0, true},
+      {Qt::Key_Tab, 2, 1, true}, {Qt::Key_Tab, 3, 0, true},     {Qt::Key_Escape, 3, 0, false},
+  };
   for (const auto& step : steps) {
     auto* editor = table.findChild<QLineEdit*>();
     ASSERT_TRUE(editor);

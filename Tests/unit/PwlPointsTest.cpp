@@ -75,13 +75,39 @@ TEST(PwlPoints, AQuadrantWithItsMirrorImageIsFoundAgain) {
   }
 }
 
-TEST(CellBlock, TakesWhatSpreadsheetsGive) {
-  const QVector<QStringList> two{{QStringLiteral("1"), QStringLiteral("2,5")},
-                                 {QStringLiteral("3"), QString()}};
-  EXPECT_EQ(cellsOfBlock(QStringLiteral("1\t2,5\r\n3\t\r\n")), two);
-  const QVector<QStringList> commas{{QStringLiteral("1"), QStringLiteral("2")}};
-  EXPECT_EQ(cellsOfBlock(QStringLiteral("1, 2")), commas);
-  EXPECT_TRUE(cellsOfBlock(QString()).isEmpty());
+TEST(CellBlock, TakesWhatSpreadsheetsAndListsGive) {
+  const struct {
+    const char* text;
+    const char* cells; ///< joined with "|", rows with "/"
+    bool hadHeading;
+    const char* decimalComma;
+  } cases[] = {
+      {"", "", false, ""},
+      {"1\t2.5\r\n3\t\r\n", "1|2.5/3|", false, ""},
+      {"1, 2", "1|2", false, ""},
+      {"\xef\xbb\xbf"
+       "1;2\n3;4",
+       "1|2/3|4", false, ""},
+      {"Time\tV(out)\n0\t1\n", "0|1", true, ""},
+      {"t [s]; i [A]\n0;1,5\n1;2,5e-3", "0|1,5/1|2,5e-3", true, "1,5"},
+      {"1,5\n2,7", "1|5/2|7", false, ""}, // who could know
+      {"\"1\",\"{a \"\"b\"\", c}\"\n2,{max(1,2)}", "1|{a \"b\", c}/2|{max(1,2)}", false, ""},
+      {"0 0\n1u  {x}\n10 k", "0|0/1u|{x}/10 k", false, ""},
+      {"0\t0\n* a, comment; too\nSTART_DATA FORMAT=CSV\n\n1\t2",
+       "0|0/* a, comment; too/START_DATA FORMAT=CSV//1|2", false, ""},
+      {"x,file=\"a b, c\"", "x|file=\"a b|c\"", false, ""},
+      {"a\nb", "a/b", false, ""},
+      {"\"open\t1\n2", "open 1 2", false, ""},
+  };
+  for (const auto& c : cases) {
+    const CellBlock block = cellsOfBlock(QString::fromUtf8(c.text));
+    QStringList rows;
+    for (const QStringList& row : block.rows)
+      rows.append(row.join(QLatin1Char('|')));
+    EXPECT_EQ(rows.join(QLatin1Char('/')).toStdString(), c.cells) << c.text;
+    EXPECT_EQ(block.hadHeading, c.hadHeading) << c.text;
+    EXPECT_EQ(block.decimalComma.toStdString(), c.decimalComma) << c.text;
+  }
 }
 
 TEST(ConversionMemory, ComesBackAsItWas) {

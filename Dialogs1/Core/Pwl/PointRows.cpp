@@ -124,6 +124,13 @@ int PointRows::completeRows(int first) const {
   return std::max(row - first, 0);
 }
 
+int PointRows::filledRowsFrom(int row) const {
+  int filled = 0;
+  for (; row < count(); ++row)
+    filled += !at(row).isBlank();
+  return filled;
+}
+
 PwlPoints PointRows::points(int first) const {
   PwlPoints found;
   for (int row = first; row < count(); ++row) {

@@ -45,6 +45,7 @@ public:
   /// Frees the rows that only a dropped change could have brought back.
   void forget(const Change& change, bool isUndone);
 
+  Counted counted() const { return m_counted; }
   int count() const { return m_places.size(); }
   PointRow at(int row) const; ///< a blank one where there is none
   bool hasCell(int row, int column) const;
@@ -62,6 +63,7 @@ public:
 
   /// Rows from `first` to the one before the first that has an empty cell.
   int completeRows(int first = 0) const;
+  int filledRowsFrom(int row) const;     ///< from there on, those that have a text
   PwlPoints points(int first = 0) const; ///< of the complete rows
   /// Points with both cells filled, wherever they stand; not more than `most` are looked for.
   int countPoints(int most = std::numeric_limits<int>::max()) const;

@@ -24,7 +24,7 @@ bool isWholeZero(const QString& text) {
   return text.toInt(&isWhole) == 0 && isWhole;
 }
 
-PwlPoints pointsBetween(QStringView separators, const QString& text) {
+PwlPoints pointsBetween(QStringView separators, const QString& text, int* leftOut = nullptr) {
   PwlPoints points;
   QString x;
   for (int i = 0; i < text.size(); ++i) {
@@ -41,6 +41,8 @@ PwlPoints pointsBetween(QStringView separators, const QString& text) {
       x = QString();
     }
   }
+  if (leftOut)
+    *leftOut = x.isNull() ? 0 : 1;
   return points;
 }
 
@@ -61,8 +63,8 @@ bool isValidCell(const QString& text, bool mayBeNegative) {
          (first == '-' && mayBeNegative);
 }
 
-PwlPoints pointsInText(const QString& text) {
-  return pointsBetween(u" \t\n\r,()", text);
+PwlPoints pointsInText(const QString& text, int* leftOut) {
+  return pointsBetween(u" \t\n\r,()", text, leftOut);
 }
 
 PwlPoints pointsOfText(const QString& text) {

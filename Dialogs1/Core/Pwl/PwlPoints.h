@@ -22,8 +22,8 @@ QString normalisedCell(const QString& text);
 bool isValidCell(const QString& text, bool mayBeNegative);
 
 /// The points that stand in a text between blanks, line breaks, commas and parentheses, x and y in
-/// turn; a last x without a y is left out.
-PwlPoints pointsInText(const QString& text);
+/// turn; a last x without a y is left out, and counted in `*leftOut`.
+PwlPoints pointsInText(const QString& text, int* leftOut = nullptr);
 
 /// x and y in turn, with single blanks between.
 QString textOfPoints(const PwlPoints& points);

@@ -108,6 +108,7 @@ void ConvertPassiveToBRENNIXDialog::prepareForm() {
                       tr("You must have at least %1 segments")});
   }
   form.inputTable->addRowActions(form.inputTable);
+  connect(form.inputTable, &PointTable::noted, form.pointNote, &QLabel::setText);
   setIcon(form.convertButton, "32x32_rightarrow_transparent_bg");
   setIcon(form.revertButton, "32x32_leftarrow_transparent_bg");
 
@@ -297,7 +298,8 @@ void ConvertPassiveToBRENNIXDialog::pasteButton_clicked() {
   YString clipboard;
   if (!sp_PasteTextFromClipboard(&clipboard) || clipboard.isEmpty())
     return;
-  const PwlPoints pasted = pointsInText(toQs(clipboard));
+  int leftOut = 0;
+  const PwlPoints pasted = pointsInText(toQs(clipboard), &leftOut);
   if (pasted.size() > maximumPoints) {
     QMessageBox::warning(this, tr("PWL Paste Error"),
                          tr("There are %1 points in the pasted definition.\n").arg(pasted.size()) +
@@ -307,6 +309,7 @@ void ConvertPassiveToBRENNIXDialog::pasteButton_clicked() {
   form.inputTable->step(tr("Paste"),
                         [&] { form.inputTable->overwritePoints(withoutSuffixes(pasted)); });
   form.inputTable->enterFirstCell();
+  form.inputTable->say(pastedText(pasted.size(), leftOut));
 }
 
 void ConvertPassiveToBRENNIXDialog::DigitizeData() {

@@ -18,7 +18,7 @@ public:
   /// Makes a row what its text, just changed, says: comment or data.
   void adaptRow(int row);
 
-  void fitColumns() override;
+  void fitColumns() override; ///< to what is in sight
   void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
 signals:

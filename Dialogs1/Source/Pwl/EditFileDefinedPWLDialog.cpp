@@ -8,6 +8,7 @@
 #include "Pieces/Captions.h"
 #include "Pieces/Messages.h"
 
+#include <QAction>
 #include <QDir>
 #include <QFileDialog>
 #include <QMessageBox>
@@ -71,9 +72,22 @@ EditFileDefinedPWLDialog::EditFileDefinedPWLDialog()
                            tr("Minimum number of points"), tr("You must have at least %1 points")});
   form.pwlGrid->addRowActions(this);
   connectControls();
+  addFaultAction(tr("Next Fault"), Qt::Key_F3, 1);
+  addFaultAction(tr("Previous Fault"), Qt::SHIFT + Qt::Key_F3, -1);
 
   tempDirectory = toYs(toQs(sp_GetTempPath()) + QStringLiteral("/Kelvarin"));
   sp_MakePrivateDir(tempDirectory); // the check says so where it cannot be
+}
+
+void EditFileDefinedPWLDialog::addFaultAction(const QString& caption, const QKeySequence& key,
+                                              int step) {
+  auto* action = new QAction(caption, this);
+  action->setShortcut(key);
+  connect(action, &QAction::triggered, this, [this, step] {
+    form.pwlGrid->commitOpenCell();
+    goToFault(step);
+  });
+  addAction(action);
 }
 
 void EditFileDefinedPWLDialog::connectControls() {
@@ -84,6 +98,7 @@ void EditFileDefinedPWLDialog::connectControls() {
   connect(form.spinnerRepeatCount, &Spinner::changed, this, &Self::anyFileOptionsChanged);
   connect(form.checkboxShiftFirstToZero, &QCheckBox::toggled, this, &Self::anyFileOptionsChanged);
   connect(form.pwlGrid, &QTableWidget::cellChanged, this, &Self::aCell_Changed);
+  connect(form.pwlGrid, &PointTable::noted, form.pointNote, &QLabel::setText);
   connect(form.pwlGrid, &PointTable::stepRestored, this, &Self::showStartDataOfTable);
   connect(form.pwlGrid, &DefinitionTable::fileWanted, this, &Self::aFileSelectionButton_clicked);
   connect(form.toolButtonCheckSyntax, &QToolButton::clicked, this, &Self::validate_clicked);
@@ -115,6 +130,7 @@ void EditFileDefinedPWLDialog::initialiseDialog() {
   updateEnables();
   form.pwlGrid->setFocus(Qt::TabFocusReason);
   form.pwlGrid->forgetSteps();
+  form.pwlGrid->openWindowFully();
 }
 
 void EditFileDefinedPWLDialog::loadSettings() {
@@ -265,6 +281,7 @@ void EditFileDefinedPWLDialog::pasteButton_clicked() {
   for (int i = 0; i < pasted.count(); ++i)
     lines.append(pasted[i].c_str());
   populateDialogFromData();
+  form.pwlGrid->say(tr("%n line(s) read.", nullptr, pasted.count()));
 }
 
 void EditFileDefinedPWLDialog::readLinesFromTable() {
@@ -294,9 +311,13 @@ void EditFileDefinedPWLDialog::validate_clicked() {
   syntaxStatus = SyntaxStatus::Passed;
   readLinesFromTable();
   syntaxStatus = checkSyntax(tempDirectory, deviceName, lines, &messages);
-  if (syntaxStatus == SyntaxStatus::NotRun)
+  if (syntaxStatus == SyntaxStatus::NotRun) {
+    form.pwlGrid->say(tr("The syntax has not been checked: the lines cannot be written to %1.")
+                          .arg(toQs(tempDirectory)));
     return;
+  }
   populateDialogFromData();
+  goToFault(0);
   if (syntaxStatus == SyntaxStatus::Passed)
     QMessageBox::information(this, tr("Syntax Check Passed"),
                              tr("Syntax check passed with no errors."));
@@ -304,6 +325,16 @@ void EditFileDefinedPWLDialog::validate_clicked() {
     handleErrorMessages();
   else
     sayNotChecked();
+}
+
+void EditFileDefinedPWLDialog::goToFault(int step) {
+  const PointRows& rows = form.pwlGrid->rows();
+  const int from = step == 0 ? 0 : form.pwlGrid->currentRow() + step;
+  int row = rows.faultFrom(from, step < 0 ? -1 : 1);
+  if (row < 0 && step != 0) // round the end
+    row = rows.faultFrom(step < 0 ? rows.count() - 1 : 0, step);
+  if (row >= 0)
+    form.pwlGrid->setCurrentCell(row, 0);
 }
 
 void EditFileDefinedPWLDialog::sayNotChecked() {

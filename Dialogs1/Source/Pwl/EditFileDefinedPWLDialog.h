@@ -39,6 +39,8 @@ private:
   void loadSettings();
   void loadSource();
   void loadFile(const QString& path);
+  void addFaultAction(const QString& caption, const QKeySequence& key, int step);
+  void goToFault(int step); ///< the first for 0, else the next one that way
   void showStartDataOfTable();
   void showStartData(const StartData& start);
   void readLinesFromTable();

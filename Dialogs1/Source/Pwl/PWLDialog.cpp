@@ -54,6 +54,7 @@ PWLDialog::PWLDialog() : KelvarinDialog(nullptr, "PWLDialog", true, {}) {
                            tr("Minimum segments"), tr("You must have at least %1 segments")});
   form.pwlGrid->addRowActions(this);
   connect(form.pwlGrid, &PointTable::rowsChanged, this, &PWLDialog::limitInitialSegment);
+  connect(form.pwlGrid, &PointTable::noted, form.pointNote, &QLabel::setText);
   connect(form.pwlGrid, &PointTable::stepRestored, this, &PWLDialog::showMode);
   connect(form.pasteButton, &QPushButton::clicked, this, &PWLDialog::pasteButton_clicked);
   connect(form.rbFixedNumCycles, &QRadioButton::toggled, this, &PWLDialog::repeatButtonClicked);
@@ -72,6 +73,7 @@ void PWLDialog::initialiseDialog() {
   form.pwlGrid->setFocus(Qt::TabFocusReason);
   form.pwlGrid->enterFirstCell();
   form.pwlGrid->forgetSteps();
+  form.pwlGrid->openWindowFully();
 }
 
 void PWLDialog::showOptions() {
@@ -249,7 +251,8 @@ void PWLDialog::pasteButton_clicked() {
   YString clipboard;
   if (!sp_PasteTextFromClipboard(&clipboard) || clipboard.isEmpty())
     return;
-  const PwlPoints pasted = pointsInText(toQs(clipboard));
+  int leftOut = 0;
+  const PwlPoints pasted = pointsInText(toQs(clipboard), &leftOut);
   if (pasted.size() > form.pwlGrid->mostRows()) {
     QMessageBox::warning(this, tr("PWL Paste Error"),
                          tr("There are %1 points in the pasted definition.\n").arg(pasted.size()) +
@@ -262,6 +265,7 @@ void PWLDialog::pasteButton_clicked() {
     form.pwlGrid->overwritePoints(pasted);
   });
   form.pwlGrid->enterFirstCell();
+  form.pwlGrid->say(pastedText(pasted.size(), leftOut));
   limitInitialSegment();
 }
 

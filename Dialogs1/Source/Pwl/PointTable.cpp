@@ -10,6 +10,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QScreen>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -60,6 +61,13 @@ bool isRowKey(const QKeyEvent& event) {
 }
 
 } // namespace
+
+QString pastedText(int points, int textsLeftOut) {
+  const QString read = PointTable::tr("%n point(s) read.", nullptr, points);
+  return textsLeftOut > 0 ? read + QLatin1Char(' ') +
+                                PointTable::tr("A last text without a partner was left out.")
+                          : read;
+}
 
 PointTable::PointTable(QWidget* parent, PointRows::Counted counted)
     : QTableWidget(parent), m_rows(counted),
@@ -138,6 +146,7 @@ void PointTable::addRowActions(QWidget* owner) {
   }
   add(m_history.undoAction(owner), {QKeySequence::Undo});
   add(m_history.redoAction(owner), redoKeys());
+  m_isExtended = true;
   owner->setContextMenuPolicy(Qt::ActionsContextMenu);
   owner->installEventFilter(this);
 }
@@ -315,6 +324,11 @@ void PointTable::commitOpenCell() {
   closeEditor(editor, QAbstractItemDelegate::NoHint);
 }
 
+void PointTable::openWindowFully() {
+  const QSize room = window()->screen()->availableSize() * 9 / 10;
+  window()->resize(window()->sizeHint().boundedTo(room));
+}
+
 void PointTable::enterFirstCell() {
   int row = 0;
   while (row < rowCount() - 1 && !m_rows.at(row).isEditable(0))
@@ -324,17 +338,18 @@ void PointTable::enterFirstCell() {
 
 void PointTable::step(const QString& text, const std::function<void()>& act) {
   m_history.step(text, m_mode, act);
-  if (m_wantsFit && !m_history.isInStep())
+  if (m_history.isInStep())
+    return;
+  if (m_wantsFit)
     fitColumns();
+  say(QString());
 }
 
 void PointTable::fitColumns() {
   m_wantsFit = false;
   if (horizontalHeader()->sectionResizeMode(0) == QHeaderView::Stretch)
     return;
-  const int needed = std::max(sizeHintForColumn(0), horizontalHeader()->sectionSizeHint(0));
-  const int share = std::max(viewport()->width() / pointColumns, leastColumnWidth);
-  setColumnWidth(0, std::clamp(needed, leastColumnWidth, share));
+  setColumnWidth(0, std::max(viewport()->width() / pointColumns, leastColumnWidth));
 }
 
 void PointTable::restore(const PointRows::Change& change, bool isUndone, int mode) {
@@ -357,6 +372,8 @@ void PointTable::restore(const PointRows::Change& change, bool isUndone, int mod
   setCurrentCell(std::min(change.first, rowCount() - 1), 0);
   emit stepRestored(mode);
   emit rowsChanged();
+  fitColumns();
+  say(QString());
 }
 
 void PointTable::keyPressEvent(QKeyEvent* event) {
@@ -388,23 +405,77 @@ void PointTable::copySelection() const {
 }
 
 void PointTable::pasteCells() {
-  const QVector<QStringList> block = cellsOfBlock(QGuiApplication::clipboard()->text());
+  const CellBlock block = cellsOfBlock(QGuiApplication::clipboard()->text());
+  if (!block.decimalComma.isEmpty()) {
+    say(tr("Nothing was pasted: “%1” has a decimal comma. Numbers need a decimal point.")
+            .arg(block.decimalComma));
+    return;
+  }
   const int top = std::max(currentRow(), 0);
   const int left = std::max(currentColumn(), 0);
-  const int newRows = std::max(top + block.size() - rowCount(), 0);
+  const int newRows = std::max(top + block.rows.size() - rowCount(), 0);
   if (newRows > 0 && !m_rows.mayInsert(newRows, limits.most)) {
     showTooMany();
     return;
   }
+  int pasted = 0;
   step(tr("Paste"), [&] {
     wantFit();
     if (newRows > 0)
       model()->insertRows(rowCount(), newRows);
-    for (int row = 0; row < block.size(); ++row)
-      for (int column = 0; column < block.at(row).size(); ++column)
-        if (m_rows.at(top + row).isEditable(left + column))
-          setText(top + row, left + column, block.at(row).at(column));
+    for (int row = 0; row < block.rows.size(); ++row)
+      pasted += pasteRow(top + row, left, block.rows.at(row));
+    if (m_isExtended && !m_rows.at(rowCount() - 1).isBlank() && m_rows.mayInsert(1, limits.most)) {
+      insertRow(rowCount());
+      showRow(rowCount() - 1);
+    }
   });
-  if (newRows > 0)
-    emit rowsChanged();
+  QStringList said = {tr("%n row(s) pasted.", nullptr, block.rows.size())};
+  if (block.hadHeading)
+    said += tr("A heading was left out.");
+  if (const int leftOut = block.cells() - pasted)
+    said += tr("%n cell(s) were left out.", nullptr, leftOut);
+  say(said.join(QLatin1Char(' ')));
+  emit rowsChanged();
+}
+
+int PointTable::pasteRow(int row, int left, const QStringList& cells) {
+  int pasted = 0;
+  for (int i = 0; i < cells.size(); ++i)
+    if (m_rows.at(row).isEditable(left + i)) {
+      setText(row, left + i, cells.at(i));
+      ++pasted;
+    }
+  return pasted;
+}
+
+void PointTable::say(const QString& text) {
+  m_said = text;
+  updateNote();
+}
+
+void PointTable::updateNote() {
+  const PointRow current = m_rows.at(currentRow());
+  if (!current.fault.isEmpty()) {
+    emit noted(current.fault.simplified());
+    return;
+  }
+  QStringList notes = {m_said};
+  if (m_rows.counted() == PointRows::Counted::Rows) {
+    m_partRows = m_rows.completeRows();
+    const int lost = m_rows.filledRowsFrom(m_partRows);
+    if (lost > 0)
+      notes += tr("%n row(s) below row %1 are not part of the curve, since it has an empty cell.",
+                  nullptr, lost)
+                   .arg(m_partRows + 1);
+    viewport()->update();
+  }
+  notes.removeAll(QString());
+  emit noted(notes.join(QLatin1Char(' ')));
+}
+
+void PointTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTableWidget::currentChanged(current, previous);
+  if (current.row() != previous.row())
+    updateNote();
 }

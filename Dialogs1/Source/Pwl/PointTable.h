@@ -4,6 +4,11 @@
 
 #include <QTableWidget>
 
+#include <limits>
+
+/// What a paste of points, x and y in turn, has read.
+QString pastedText(int points, int textsLeftOut);
+
 /// The table in which the points of a piecewise-linear curve are typed: x and y in columns 0 and 1,
 /// numbers and expressions as text. Below the last point it keeps a blank row to type in. What it
 /// holds are its `PointRows`; its items only show them, and tell them what was typed.
@@ -45,15 +50,22 @@ public:
 
   QSize minimumSizeHint() const override; ///< of a few rows
   QSize sizeHint() const override;        ///< of as many as one likes to see
-  virtual void fitColumns();              ///< to what is in sight
+  virtual void fitColumns();              ///< to the width of the table
 
   /// Finishes a cell that is being typed in. Whatever reads the table does so first.
   void commitOpenCell();
+  /// Makes the window as large as its contents like to be, where the screen has room; Qt itself
+  /// stops at two thirds of the screen.
+  void openWindowFully();
   void enterFirstCell(); ///< makes the first that can be typed in the current one
   /// What `act` does to the rows is undone and done again as a whole, with the mode.
   void step(const QString& text, const std::function<void()>& act);
   void setMode(int mode) { m_mode = mode; } ///< what its owner takes the rows for
   void forgetSteps() { m_history.clear(); }
+  /// Says something under the table until the next step.
+  void say(const QString& text);
+  /// Whether a row counts: in a curve those behind the first incomplete one do not.
+  bool isPart(int row) const { return row < m_partRows; }
 
   void insertRows(); ///< blank, as many as are selected
   void deleteRows(); ///< a row for each selected cell, from the first on
@@ -61,11 +73,13 @@ public:
   void showTooMany();
 
 signals:
-  void rowsChanged();          ///< the user has inserted or deleted rows
-  void stepRestored(int mode); ///< a step was undone or done again
+  void rowsChanged();              ///< the user has inserted or deleted rows
+  void noted(const QString& text); ///< what there is to be said of the rows; empty for nothing
+  void stepRestored(int mode);     ///< a step was undone or done again
 
 protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void showEvent(QShowEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
@@ -82,6 +96,7 @@ protected:
 
 private:
   int heightOf(int rows) const;
+  void updateNote();
   struct Selected {
     int cells = 0; ///< that can be selected at all
     int first = 0; ///< row of the first of them
@@ -93,8 +108,12 @@ private:
   void restore(const PointRows::Change& change, bool isUndone, int mode);
   void copySelection() const;
   void pasteCells();
+  int pasteRow(int row, int left, const QStringList& cells); ///< how many were taken
 
   int m_mode = 0;
+  int m_partRows = std::numeric_limits<int>::max();
+  QString m_said;
+  bool m_isExtended = false; ///< by the user: a blank row stays below the last
   bool m_isRestoring = false;
   PointHistory m_history; ///< goes before the rows
 };

@@ -16,12 +16,16 @@ static constexpr int lockPoll = 10;      // ms; the lock's own grows until it ne
 
 KV_DYN_CALL(hostRunCommand, dyn_RunCommand);
 
-static bool writeFile(const QString& path, const QByteArray& contents) {
+static bool open(QFile* file, const QString& path) {
   std::FILE* const made = sp_CreateFile(Tocs(path));
-  QFile file;
   return made &&
-         file.open(made, QIODevice::WriteOnly | QIODevice::Text, QFileDevice::AutoCloseHandle) &&
-         file.write(contents) == contents.size() && file.flush();
+         file->open(made, QIODevice::WriteOnly | QIODevice::Text, QFileDevice::AutoCloseHandle);
+}
+
+static bool fill(QFile* file, const QByteArray& contents) {
+  const bool isWritten = file->write(contents) == contents.size() && file->flush();
+  file->close();
+  return isWritten;
 }
 
 static bool acquire(QLockFile* lock) {
@@ -62,9 +66,12 @@ SyntaxStatus checkSyntax(const YString& folder, const QString& deviceName, const
   if (!acquire(&lock))
     return lock.error() == QLockFile::LockFailedError ? SyntaxStatus::Busy : SyntaxStatus::NotRun;
   const QString deck = path(syntaxDeckFile);
-  if (!writeFile(path(syntaxPointsFile), points.joined()))
+  QFile pointsFile;
+  QFile deckFile;
+  if (!open(&pointsFile, path(syntaxPointsFile)))
     return SyntaxStatus::NotRun;
-  if (!writeFile(deck, syntaxCheckDeck(deviceName, path(syntaxPointsFile)).toUtf8()))
+  if (!fill(&pointsFile, points.joined()) || !open(&deckFile, deck) ||
+      !fill(&deckFile, syntaxCheckDeck(deviceName, path(syntaxPointsFile)).toUtf8()))
     return SyntaxStatus::NotWriteable;
   if (hostRunCommand) {
     const YString command = toYs(syntaxCheckCommand(deck));
