@@ -23,8 +23,16 @@ bool isSpace(char c) {
   return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
+/// Keywords are compared without regard to case.
 bool startsWith(std::string_view text, std::string_view word) {
-  return text.substr(0, word.size()) == word;
+  const auto upper = [](char c) { return c >= 'a' && c <= 'z' ? char(c - 'a' + 'A') : c; };
+  return text.size() >= word.size() &&
+         std::equal(word.begin(), word.end(), text.begin(),
+                    [upper](char a, char b) { return upper(a) == upper(b); });
+}
+
+bool isWord(std::string_view text, std::string_view word) {
+  return text.size() == word.size() && startsWith(text, word);
 }
 
 std::string_view withoutIndent(std::string_view text) {
@@ -174,8 +182,8 @@ private:
       if (!startsWith(rest, startWord))
         continue;
       for (std::string_view word; nextWord(&rest, &word);) {
-        m_isCsv = m_isCsv || word == csvWord;
-        m_shifts = m_shifts || word == shiftWord;
+        m_isCsv = m_isCsv || isWord(word, csvWord);
+        m_shifts = m_shifts || isWord(word, shiftWord);
       }
       return;
     }
@@ -201,11 +209,11 @@ private:
     m_hasStartLine = true;
     std::string_view word;
     nextWord(&line, &word);
-    bool isKnown = word == startWord;
+    bool isKnown = isWord(word, startWord);
     std::array<bool, 3> seen{};
     while (isKnown && nextWord(&line, &word)) {
-      const int keyword = word == csvWord                ? 0
-                          : word == shiftWord            ? 1
+      const int keyword = isWord(word, csvWord)          ? 0
+                          : isWord(word, shiftWord)      ? 1
                           : startsWith(word, repeatWord) ? 2
                                                          : -1;
       isKnown = keyword >= 0 && !std::exchange(seen[static_cast<std::size_t>(keyword)], true) &&

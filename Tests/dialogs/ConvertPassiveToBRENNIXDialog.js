@@ -231,6 +231,25 @@ for (const [clipboard, shown] of [
     equal(input(d), shown, JSON.stringify(clipboard));
     d.reject();
   });
+box(["capacitor", ["0 1 1 1"]], d => {
+  d.current("inputTable", 1, 1);
+  d.key("inputTable", "{");
+  for (const key of ["x", "}", "Return"])
+    d.key(null, key);
+  equal(d.text("pointNote"), "1 text(s) are no numbers and count as 0.");
+  d.key("inputTable", "Ctrl+Z");
+  equal([d.text("pointNote"), d.text("outputNote")], ["", ""]);
+  d.reject();
+});
+box(["capacitor", ["0 1 1 1", "0 0 1 1"]], d => {
+  d.current("inputTable", 1, 1);
+  d.key("inputTable", "7");
+  d.key(null, "Return");
+  equal(d.text("outputNote"), "These points are not of the present input.");
+  d.key("inputTable", "Ctrl+Z");
+  equal(d.text("outputNote"), "");
+  d.reject();
+});
 box(["capacitor"], d => {
   host.clipboard("1\t2");
   d.current("outputPWLTable", 2, 0);

@@ -269,9 +269,10 @@ TEST(PointRows, LimitsCountRowsOrPoints) {
 }
 
 TEST(PointRows, TheStartDataLineStays) {
-  const PointRows rows = rowsOf({"* a", "START_DATA", "1 2"});
+  const PointRows rows = rowsOf({"* a", "START_DATA", "1 2", "start_data"});
   EXPECT_TRUE(rows.isRemovable(0, 1) && rows.isRemovable(2, 1));
-  EXPECT_FALSE(rows.isRemovable(0, 2) || rows.isRemovable(1, 1) || rows.isRemovable(0, 3));
+  EXPECT_FALSE(rows.isRemovable(2, 2) || rows.isRemovable(0, 2) || rows.isRemovable(1, 1) ||
+               rows.isRemovable(0, 3));
   EXPECT_TRUE(rowsOf({"1 2", "3 4"}).isRemovable(0, 2));
 }
 

@@ -105,7 +105,7 @@ TEST(PointsCheck, TheStartDataLine) {
       {"START_DATA REPEAT_COUNT=\n0 1\n1 2", "1050@1"},
       {"START_DATA REPEAT_COUNT = 5\n0 1\n1 2", "1050@1"},
       {"START_DATA FORMAT=TAB\n0 1\n1 2", "1050@1"},
-      {"START_DATA format=csv\n0 1\n1 2", "1050@1"},
+      {"start_data Format=csv shift_first_to_zero\n-1, 1\n1,2", ""},
       {"START_DATA,FORMAT=CSV\n0 1\n1 2", "1050@1"},
       {"START_DATAX\n0 1\n1 2", "1050@1"},
       {"START_DATA SHIFT_FIRST_TO_ZERO SHIFT_FIRST_TO_ZERO\n-1 1\n1 2", "1050@1"},

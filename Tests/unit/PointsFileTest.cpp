@@ -54,7 +54,7 @@ TEST(PointsFile, TheStartDataLineComesBack) {
       for (bool isCsv : {false, true}) {
         const QString line = writeStartData(repeats, shifts, isCsv);
         EXPECT_EQ(kindOfPointsLine(line.toStdString()), PointRow::Kind::StartData);
-        const StartData read = readStartData(line);
+        const StartData read = readStartData(repeats ? line : line.toLower());
         EXPECT_EQ(read.repeatCount.toInt(), repeats);
         EXPECT_EQ(read.shiftsToZero, shifts);
         EXPECT_EQ(read.isCsv, isCsv);
@@ -62,10 +62,19 @@ TEST(PointsFile, TheStartDataLineComesBack) {
 }
 
 TEST(PointsFile, TimeBeforeTheTriggerIsANumberBelowZero) {
-  for (const char* line : {"-1 2", " -1e-9,2", "-.5"})
+  for (const char* line : {"-1 2", " -1e-9,2", "-.5", "-2u 1"})
     EXPECT_TRUE(hasNegativeTime(line)) << line;
   for (const char* line : {"1 -2", "-x 2", "-0 1", "", "- 1", "* -1"})
     EXPECT_FALSE(hasNegativeTime(line)) << line;
+}
+
+TEST(PointsFile, BytesInFrontOfTheFirstLine) {
+  EXPECT_EQ(withoutByteOrderMark("\xef\xbb\xbf* a"), "* a");
+  EXPECT_EQ(withoutByteOrderMark("1 2"), "1 2");
+  for (const char* line : {"\xff\xfe,", "\xfe\xff"})
+    EXPECT_FALSE(faultOfEncoding(line).isEmpty());
+  for (const char* line : {"", "\xff", "1 2"})
+    EXPECT_TRUE(faultOfEncoding(line).isEmpty());
 }
 
 TEST(PointsFile, ReferencesAreFoundInAnyCase) {

@@ -13,7 +13,8 @@ constexpr QLatin1Char blank(' ');
 
 bool isLine(const QString& text, int at) {
   const QStringRef rest = text.midRef(at, 20).trimmed();
-  return rest.startsWith(QLatin1Char('*')) || rest.startsWith(QLatin1String("START_DATA"));
+  return rest.startsWith(QLatin1Char('*')) ||
+         rest.startsWith(QLatin1String("START_DATA"), Qt::CaseInsensitive);
 }
 
 /// A number, an expression, or a reference to a file: no heading begins so.

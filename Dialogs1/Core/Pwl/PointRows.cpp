@@ -197,6 +197,8 @@ int PointRows::faultFrom(int row, int step) const {
 }
 
 bool PointRows::isRemovable(int first, int rows) const {
-  const int start = startDataRow();
-  return start < first || start >= first + rows;
+  for (int row = first; row < first + rows; ++row)
+    if (kindAt(row) == Kind::StartData)
+      return false;
+  return true;
 }

@@ -75,7 +75,7 @@ public:
 
   bool mayInsert(int rows, int most) const;
   bool mayDelete(int least) const; ///< whether there are points to spare
-  /// The start data line cannot be taken away.
+  /// A start data line cannot be taken away.
   bool isRemovable(int first, int rows) const;
   int faultFrom(int row,
                 int step) const; ///< the next at fault from there on; -1 where there is none

@@ -1,6 +1,11 @@
 #include "Core/Pwl/PointsFile.h"
 
+#include "HostSupport/Numbers.h"
+
+#include <QCoreApplication>
+
 #include <algorithm>
+#include <string>
 
 namespace {
 
@@ -18,8 +23,12 @@ std::string_view firstField(std::string_view line) {
   return line.substr(0, line.find_first_of(separators));
 }
 
+/// Keywords are compared without regard to case.
 bool startsWith(std::string_view text, std::string_view word) {
-  return text.substr(0, word.size()) == word;
+  const auto upper = [](char c) { return c >= 'a' && c <= 'z' ? char(c - 'a' + 'A') : c; };
+  return text.size() >= word.size() &&
+         std::equal(word.begin(), word.end(), text.begin(),
+                    [upper](char a, char b) { return upper(a) == upper(b); });
 }
 
 } // namespace
@@ -62,16 +71,16 @@ PointRow readPointsLine(std::string_view line) {
 
 bool hasNegativeTime(std::string_view line) {
   const std::string_view field = firstField(line);
-  return startsWith(field, "-") &&
-         QByteArray(field.data(), static_cast<int>(field.size())).toDouble() < 0;
+  double time = 0;
+  return startsWith(field, "-") && sp_IsEngNumber(std::string(field).c_str(), &time) && time < 0;
 }
 
 StartData readStartData(const QString& line) {
   StartData data;
-  data.isCsv = line.contains(csvWord);
-  data.shiftsToZero = line.contains(shiftWord);
+  data.isCsv = line.contains(csvWord, Qt::CaseInsensitive);
+  data.shiftsToZero = line.contains(shiftWord, Qt::CaseInsensitive);
   for (const QString& word : line.split(QLatin1Char(' ')))
-    if (word.startsWith(repeatWord)) {
+    if (word.startsWith(repeatWord, Qt::CaseInsensitive)) {
       data.repeatCount = word.mid(repeatWord.size());
       break;
     }
@@ -91,6 +100,24 @@ QString writeStartData(int repeatCount, bool shiftsToZero, bool isCsv) {
 
 QString fieldSeparator(bool isCsv) {
   return isCsv ? QStringLiteral(", ") : QStringLiteral("\t");
+}
+
+QString faultOfEncoding(std::string_view firstLine) {
+  const std::string_view mark = firstLine.substr(0, 2);
+  return mark == "\xFF\xFE" || mark == "\xFE\xFF"
+             ? QCoreApplication::translate("PointsFile", "it is UTF-16 text; save it as UTF-8")
+             : QString();
+}
+
+std::string_view withoutByteOrderMark(std::string_view firstLine) {
+  static constexpr std::string_view mark = "\xEF\xBB\xBF";
+  return firstLine.substr(startsWith(firstLine, mark) ? mark.size() : 0);
+}
+
+QString unquoted(const QString& fileName) {
+  const bool isQuoted = fileName.size() > 2 && fileName.startsWith(QLatin1Char('"')) &&
+                        fileName.endsWith(QLatin1Char('"'));
+  return isQuoted ? fileName.mid(1, fileName.size() - 2) : fileName;
 }
 
 QString writeFileSourceOptions(const FileSourceOptions& options) {

@@ -29,6 +29,12 @@ QString writeStartData(int repeatCount, bool shiftsToZero, bool isCsv);
 /// What stands between the two fields of a data line.
 QString fieldSeparator(bool isCsv);
 
+/// Why a file that begins so is no points file: a clause for the user; empty where it may be one.
+QString faultOfEncoding(std::string_view firstLine);
+std::string_view withoutByteOrderMark(std::string_view firstLine);
+/// A file's name as the user reads it: the options quote one with a blank.
+QString unquoted(const QString& fileName);
+
 /// The options of a file-defined source, kept in one text of six fields.
 struct FileSourceOptions {
   QString delay;

@@ -92,6 +92,7 @@ ConvertPassiveToBRENNIXDialog::ConvertPassiveToBRENNIXDialog(QWidget* parent,
   loadOutput();
   if (!inputText.isEmpty() && !outputText.isEmpty()) {
     setEnabled({form.okButton, form.plotButton}, true);
+    converted = form.inputTable->rows().points();
     if (isConvertible())
       recompute();
   }
@@ -108,6 +109,7 @@ void ConvertPassiveToBRENNIXDialog::prepareForm() {
                       tr("You must have at least %1 segments")});
   }
   form.inputTable->addRowActions(form.inputTable);
+  form.inputTable->setNumbersOnly();
   connect(form.inputTable, &PointTable::noted, form.pointNote, &QLabel::setText);
   setIcon(form.convertButton, "32x32_rightarrow_transparent_bg");
   setIcon(form.revertButton, "32x32_leftarrow_transparent_bg");
@@ -167,6 +169,7 @@ void ConvertPassiveToBRENNIXDialog::connectControls() {
   connect(form.pasteButton, &QPushButton::clicked, this, &Self::pasteButton_clicked);
   connect(form.plotButton, &QPushButton::clicked, this, &Self::plot_waveforms);
   connect(form.limitGroupBox, &QGroupBox::clicked, this, &Self::output_limit_changed);
+  connect(form.inputTable, &PointTable::stepMade, this, &Self::sayWhatIsStale);
   connect(form.limitValueSpinner, &Spinner::changed, this, &Self::output_limit_changed);
 }
 
@@ -238,6 +241,7 @@ bool ConvertPassiveToBRENNIXDialog::recompute() {
   showComputed(form.inputInterpDataTable, samples.value);
   showComputed(form.integralDataTable, integral.value);
   showComputed(form.outputPWLTable, output.value);
+  setConverted();
   return true;
 }
 
@@ -254,6 +258,17 @@ void ConvertPassiveToBRENNIXDialog::convert() {
   } else if (recompute()) {
     setEnabled({form.okButton, form.plotButton}, true);
   }
+}
+
+void ConvertPassiveToBRENNIXDialog::setConverted() {
+  converted = form.inputTable->rows().points();
+  sayWhatIsStale();
+}
+
+void ConvertPassiveToBRENNIXDialog::sayWhatIsStale() {
+  const bool isStale = form.outputPWLTable->rows().completeRows() > 0 &&
+                       form.inputTable->rows().points() != converted;
+  form.outputNote->setText(isStale ? tr("These points are not of the present input.") : QString());
 }
 
 void ConvertPassiveToBRENNIXDialog::num_segs_changed() {
@@ -286,6 +301,7 @@ void ConvertPassiveToBRENNIXDialog::revert() {
   form.inputTable->step(tr("Conversion"), [&] {
     form.inputTable->setPoints(engTextOfCurve(differentiate(curveOfEngText(output))), 0);
   });
+  setConverted();
   setEnabled({form.okButton, form.plotButton}, true);
   showComputed(form.integralDataTable, {PwlPoint()});
   showComputed(form.inputInterpDataTable, {PwlPoint()});

@@ -56,9 +56,12 @@ private:
   HostAnswer<PwlPoints> fitCurve(const PwlPoints& integral) const;
   bool recompute();
   bool refuse(const QString& fault);
+  void setConverted();
+  void sayWhatIsStale();
 
   Ui::ConvertPassiveToBRENNIXDialog form;
   HostCurves host;
+  PwlPoints converted; ///< the input that the output is of
   int helpContextNumber = -1;
   double numSegments = 2;
   EnergyStorage kind;

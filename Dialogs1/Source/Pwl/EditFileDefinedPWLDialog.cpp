@@ -38,6 +38,10 @@ constexpr int mostLines = 4 * mostPoints; // of a file, comments among them
 constexpr int fileIsEmpty = 1217;
 constexpr int hasTooFewPoints = 1219;
 
+void appendLine(LineStore* lines, const char* line) {
+  lines->append(lines->isEmpty() ? withoutByteOrderMark(line ? line : "").data() : line);
+}
+
 /// Reads a file that the user named; why it cannot be read, or nothing.
 QString readLines(const QString& path, LineStore* lines) {
   YString fault;
@@ -45,9 +49,15 @@ QString readLines(const QString& path, LineStore* lines) {
   if (!file)
     return toQs(fault);
   YString line;
-  while (lines->size() <= mostLines && sp_ReadNextLine(file, &line))
-    lines->append(line.c_str());
+  QString encodingFault;
+  while (encodingFault.isEmpty() && lines->size() <= mostLines && sp_ReadNextLine(file, &line)) {
+    if (lines->isEmpty())
+      encodingFault = faultOfEncoding(line.c_str());
+    appendLine(lines, line.c_str());
+  }
   std::fclose(file);
+  if (!encodingFault.isEmpty())
+    return encodingFault;
   if (lines->size() <= mostLines)
     return QString();
   return EditFileDefinedPWLDialog::tr("it has more than %1 lines").arg(mostLines);
@@ -116,7 +126,7 @@ void EditFileDefinedPWLDialog::initialiseDialog() {
   lines = LineStore();
   lines.reserve(static_cast<int>(given.count()) + 1);
   for (unsigned i = 0; i < given.count(); ++i)
-    lines.append(given.raw(i));
+    appendLine(&lines, given.raw(i));
   if (lines.isEmpty())
     lines.append("");
   populateDialogFromData();
@@ -177,7 +187,7 @@ void EditFileDefinedPWLDialog::loadSource() {
     if (onDisk)
       form.editboxDiskFileName->setText(source.text(FileName));
     else
-      form.comboboxF11FileName->setEditText(source.text(FileName));
+      form.comboboxF11FileName->setEditText(unquoted(source.text(FileName)));
   }
   form.checkboxBackwardCompat->setChecked(source.number(BackwardCompatible) != 0);
   deviceName = source.has(Device) ? source.text(Device) : QStringLiteral("V_FDPWL");
@@ -279,7 +289,7 @@ void EditFileDefinedPWLDialog::pasteButton_clicked() {
     return;
   lines = LineStore();
   for (int i = 0; i < pasted.count(); ++i)
-    lines.append(pasted[i].c_str());
+    appendLine(&lines, pasted[i].c_str());
   populateDialogFromData();
   form.pwlGrid->say(tr("%n line(s) read.", nullptr, pasted.count()));
 }

@@ -1,7 +1,5 @@
 #include "Pwl/PointDelegate.h"
 
-#include "Pwl/PointTable.h"
-
 #include <cstdlib>
 
 static constexpr int leastContrast = 90; // of lightness, in 255ths
@@ -12,11 +10,10 @@ void PointDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIn
   QStyledItemDelegate::initStyleOption(option, index);
   if (!(option->displayAlignment & Qt::AlignVertical_Mask))
     option->displayAlignment |= Qt::AlignVCenter;
-  if (const auto* table = qobject_cast<const PointTable*>(parent());
-      table && !table->isPart(index.row())) {
-    option->palette.setCurrentColorGroup(QPalette::Disabled);
+  if (!m_counts(index.row(), option->text)) {
     option->palette.setColor(QPalette::Text,
                              option->palette.color(QPalette::Disabled, QPalette::Text));
+    option->font.setItalic(true);
     return;
   }
   const QColor ground = option->backgroundBrush.style() == Qt::NoBrush

@@ -2,12 +2,20 @@
 
 #include "Pieces/ListRows.h"
 
+#include <functional>
+
 /// Cells have colours of their own, which have to be seen on a dark table as well, and an alignment
-/// that says only left.
+/// that says only left. What does not count is grey and slanted.
 class PointDelegate : public OneLineDelegate {
 public:
-  using OneLineDelegate::OneLineDelegate;
+  using Counts = std::function<bool(int row, const QString& text)>;
+
+  PointDelegate(QObject* parent, Counts counts)
+      : OneLineDelegate(parent), m_counts(std::move(counts)) {}
 
 protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+
+private:
+  Counts m_counts;
 };

@@ -1,6 +1,7 @@
 #include "Pwl/PointTable.h"
 
 #include "Core/Pieces/CellBlock.h"
+#include "HostSupportQt/Text.h"
 #include "Pwl/PWLTableItems.h"
 #include "Pwl/PointDelegate.h"
 
@@ -74,7 +75,9 @@ PointTable::PointTable(QWidget* parent, PointRows::Counted counted)
       m_history(&m_rows, [this](const PointRows::Change& change, bool isUndone, int mode) {
         restore(change, isUndone, mode);
       }) {
-  setItemDelegate(new PointDelegate(this));
+  setItemDelegate(new PointDelegate(this, [this](int row, const QString& text) {
+    return row < m_partRows && countsAsTyped(text);
+  }));
   setColumnCount(pointColumns);
   setTabKeyNavigation(false);
   setWordWrap(false);
@@ -343,6 +346,7 @@ void PointTable::step(const QString& text, const std::function<void()>& act) {
   if (m_wantsFit)
     fitColumns();
   say(QString());
+  emit stepMade();
 }
 
 void PointTable::fitColumns() {
@@ -374,6 +378,7 @@ void PointTable::restore(const PointRows::Change& change, bool isUndone, int mod
   emit rowsChanged();
   fitColumns();
   say(QString());
+  emit stepMade();
 }
 
 void PointTable::keyPressEvent(QKeyEvent* event) {
@@ -449,6 +454,17 @@ int PointTable::pasteRow(int row, int left, const QStringList& cells) {
   return pasted;
 }
 
+bool PointTable::countsAsTyped(const QString& text) const {
+  return !m_numbersOnly || text.isEmpty() || sp_IsEngNumber(text);
+}
+
+int PointTable::textsThatCountAsZero() const {
+  int texts = 0;
+  for (int row = 0; m_numbersOnly && row < m_partRows; ++row)
+    texts += !countsAsTyped(m_rows.at(row).x) + !countsAsTyped(m_rows.at(row).y);
+  return texts;
+}
+
 void PointTable::say(const QString& text) {
   m_said = text;
   updateNote();
@@ -468,6 +484,8 @@ void PointTable::updateNote() {
       notes += tr("%n row(s) below row %1 are not part of the curve, since it has an empty cell.",
                   nullptr, lost)
                    .arg(m_partRows + 1);
+    if (const int zeros = textsThatCountAsZero())
+      notes += tr("%n text(s) are no numbers and count as 0.", nullptr, zeros);
     viewport()->update();
   }
   notes.removeAll(QString());

@@ -64,8 +64,8 @@ public:
   void forgetSteps() { m_history.clear(); }
   /// Says something under the table until the next step.
   void say(const QString& text);
-  /// Whether a row counts: in a curve those behind the first incomplete one do not.
-  bool isPart(int row) const { return row < m_partRows; }
+  /// For a table whose texts that are no numbers count as 0.
+  void setNumbersOnly() { m_numbersOnly = true; }
 
   void insertRows(); ///< blank, as many as are selected
   void deleteRows(); ///< a row for each selected cell, from the first on
@@ -74,6 +74,7 @@ public:
 
 signals:
   void rowsChanged();              ///< the user has inserted or deleted rows
+  void stepMade();                 ///< or undone, or done again
   void noted(const QString& text); ///< what there is to be said of the rows; empty for nothing
   void stepRestored(int mode);     ///< a step was undone or done again
 
@@ -97,6 +98,8 @@ protected:
 private:
   int heightOf(int rows) const;
   void updateNote();
+  bool countsAsTyped(const QString& text) const;
+  int textsThatCountAsZero() const; ///< in the rows that are part of the curve
   struct Selected {
     int cells = 0; ///< that can be selected at all
     int first = 0; ///< row of the first of them
@@ -111,7 +114,9 @@ private:
   int pasteRow(int row, int left, const QStringList& cells); ///< how many were taken
 
   int m_mode = 0;
+  /// Rows that count: in a curve those behind the first incomplete one do not.
   int m_partRows = std::numeric_limits<int>::max();
+  bool m_numbersOnly = false;
   QString m_said;
   bool m_isExtended = false; ///< by the user: a blank row stays below the last
   bool m_isRestoring = false;
