@@ -104,11 +104,12 @@ PlotRange roundedRange(const PlotRange& range, unsigned* lines) {
                      QwtScaleArithmetic::ceilEps(inUnits.high, best) * unit);
 }
 
-QString plotNumber(double value, double resolution) {
+QString plotNumber(double value, double resolution, bool hasPrefixes) {
   constexpr int mostDigits = 15;
   if (std::abs(value) < resolution * roundingError)
     return QStringLiteral("0");
   const double digits = decadeOf(std::abs(value)) - decadeOf(resolution) + 2;
-  return QString::fromUtf8(
-      sp_ConvertRealToJSEng(value, int(std::clamp(digits, 1.0, double(mostDigits)))));
+  const int shown = int(std::clamp(digits, 1.0, double(mostDigits)));
+  return hasPrefixes ? QString::fromUtf8(sp_ConvertRealToJSEng(value, shown))
+                     : QString::number(value, 'g', std::max(shown, 6)); // 100, not 1e+02
 }

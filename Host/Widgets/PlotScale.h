@@ -33,5 +33,6 @@ PlotTicks plotTicks(const PlotRange& range, unsigned lines, unsigned minorLines)
 /// to `*lines` between its ends as that allows; their number goes back.
 PlotRange roundedRange(const PlotRange& range, unsigned* lines);
 
-/// `value` in engineering notation with the digits that tell it from `value + resolution`.
-QString plotNumber(double value, double resolution);
+/// `value` in engineering notation, or without prefixes, with the digits that tell it from
+/// `value + resolution`.
+QString plotNumber(double value, double resolution, bool hasPrefixes = true);

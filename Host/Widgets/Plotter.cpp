@@ -155,6 +155,11 @@ void Plotter::setBackgroundColour(const QColor& colour) {
   d->setColour(&d->background, colour);
 }
 
+void Plotter::setPrefixes(bool shown) {
+  d->hasPrefixes = shown;
+  update();
+}
+
 Qt::Orientations Plotter::zoomDirections() const {
   return d->zoomDirections;
 }
@@ -185,8 +190,8 @@ QString Plotter::readOut() const {
   const QPointF value = d->valueAt(*d->cursor);
   const QRect area = d->area();
   return tr("x = %1, y = %2")
-      .arg(plotNumber(value.x(), d->x.view.width() / area.width()),
-           plotNumber(value.y(), d->y.view.width() / area.height()));
+      .arg(plotNumber(value.x(), d->x.view.width() / area.width(), d->hasPrefixes),
+           plotNumber(value.y(), d->y.view.width() / area.height(), d->hasPrefixes));
 }
 
 QSize Plotter::sizeHint() const {

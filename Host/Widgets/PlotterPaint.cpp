@@ -188,7 +188,7 @@ void Plotter::Private::drawLabels(QPainter* painter) const {
     const PlotTicks lines = ticks(direction);
     QRect last;
     for (const double value : lines.major) {
-      const QString label = plotNumber(value, lines.step);
+      const QString label = plotNumber(value, lines.step, hasPrefixes);
       QRect rect = placed(value, QSize(metrics.horizontalAdvance(label), metrics.height()));
       // A label at the end of the grid stays inside of the widget.
       rect.moveLeft(std::clamp(rect.left(), 0, std::max(0, q->width() - rect.width())));

@@ -74,6 +74,7 @@ public:
   std::optional<QMargins> margins;
   QColor text, majorGrid, minorGrid, background;
   Qt::Orientations zoomDirections = Qt::Horizontal | Qt::Vertical;
+  bool hasPrefixes = true;
 
   QPixmap layer; ///< all but cursor and band; null when it has to be drawn
   std::optional<QPointF> cursor;

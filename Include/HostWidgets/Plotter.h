@@ -52,6 +52,8 @@ public:
   void setMinorGridColour(const QColor& colour);
   void setBackgroundColour(const QColor& colour);
 
+  /// Whether numbers have prefixes, as 500m; not where the unit beside the axis has one already.
+  void setPrefixes(bool shown);
   Qt::Orientations zoomDirections() const;
   /// What the user can zoom and scroll; strips of levels do not zoom vertically.
   void setZoomDirections(Qt::Orientations directions);

@@ -150,6 +150,8 @@ TEST(PlotScale, NumbersHaveTheDigitsThatTheResolutionTells) {
   };
   for (const Case& row : cases)
     EXPECT_EQ(plotNumber(row.value, row.resolution).toStdString(), row.expected);
+  EXPECT_EQ(plotNumber(0.1 + 0.2, 0.1, false).toStdString(), "0.3");
+  EXPECT_EQ(plotNumber(200, 100, false).toStdString(), "200");
 }
 
 class PlotCurveTest : public testing::Test {

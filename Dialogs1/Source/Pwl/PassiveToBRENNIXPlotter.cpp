@@ -1,6 +1,11 @@
 #include "Pwl/PassiveToBRENNIXPlotter.h"
 
+#include "HostSupportQt/HostSupportQt.h"
+
 namespace {
+
+constexpr int firstWidth = 700; // pixels, until the user makes it another
+constexpr int firstHeight = 600;
 
 QString framed(const char* alignment, const QString& text) {
   return QStringLiteral("<div align = \"%1\">%2</div>").arg(QLatin1String(alignment), text);
@@ -25,10 +30,21 @@ PassiveToBRENNIXPlotter::PassiveToBRENNIXPlotter(QWidget* parent, bool isInducto
                                                  const EnergyPlot& plot)
     : WaitingDialog(parent) {
   form.setupUi(this);
+  resize(firstWidth, firstHeight);
   connect(form.closeButton, &QPushButton::clicked, this, &QDialog::accept);
   showLabels(isInductor, plot);
   showCurves(plot);
   showAxes(plot);
+}
+
+void PassiveToBRENNIXPlotter::showEvent(QShowEvent* event) {
+  WaitingDialog::showEvent(event);
+  sp_RestoreWidgetDims(this, toYs(objectName()));
+}
+
+void PassiveToBRENNIXPlotter::hideEvent(QHideEvent* event) {
+  sp_SaveWidgetDims(this, toYs(objectName()));
+  WaitingDialog::hideEvent(event);
 }
 
 void PassiveToBRENNIXPlotter::showLabels(bool isInductor, const EnergyPlot& plot) {
@@ -66,8 +82,10 @@ void PassiveToBRENNIXPlotter::showAxes(const EnergyPlot& plot) {
   setRange(&bottomY, bottom.minimum, bottom.maximum);
   form.topPlotter->initializeAxes(topX, topY);
   form.bottomPlotter->initializeAxes(bottomX, bottomY);
-  for (Plotter* plotter : {form.topPlotter, form.bottomPlotter})
+  for (Plotter* plotter : {form.topPlotter, form.bottomPlotter}) {
     plotter->setMargins(100, 20, 15, 50);
+    plotter->setPrefixes(false); // which the units have
+  }
   for (Axis* axis : {&topX, &topY, &bottomX, &bottomY})
     axis->adjustAxis();
 }

@@ -13,6 +13,10 @@ class PassiveToBRENNIXPlotter : public WaitingDialog {
 public:
   PassiveToBRENNIXPlotter(QWidget* parent, bool isInductor, const EnergyPlot& plot);
 
+protected:
+  void showEvent(QShowEvent* event) override; ///< where it was the last time
+  void hideEvent(QHideEvent* event) override;
+
 private:
   void showLabels(bool isInductor, const EnergyPlot& plot);
   void showCurves(const EnergyPlot& plot);
