@@ -55,7 +55,7 @@ void EditDeviceDialog::initialiseDialog() {
     const int row = offered.rowOfPlace(settings.number(CurrentIndex));
     name = row < 0 ? QString() : offered.names().at(row);
   }
-  start(name, name.isEmpty() ? -1 : offered.firstRowBeginningWith(name));
+  start(name, offered.nearestRow(name));
   loadParameters();
 }
 
@@ -116,7 +116,7 @@ void EditDeviceDialog::editBox_textChanged(const QString& text) {
   if (listUpdating)
     return;
   const QScopedValueRollback<bool> guard(listUpdating, true);
-  selectRow(offered.firstRowBeginningWith(text));
+  selectRow(offered.nearestRow(text));
 }
 
 void EditDeviceDialog::parametersButton_clicked() {
