@@ -179,8 +179,13 @@ bool editProperty(QWidget* over, PropertyRecord* property) {
   dialog.prepareDialog(nullptr, UserString);
   dialog.loadProperty(property);
   dialog.fixName();
+  PropertyRecord shown = *property;
+  dialog.readProperty(&shown);
   if (dialog.exec() != QDialog::Accepted)
     return false;
+  const std::int32_t passed = property->flags;
   dialog.readProperty(property);
+  property->flags =
+      keepUntouched(passed, shown.flags, property->flags, property->fontStyle != shown.fontStyle);
   return true;
 }

@@ -45,8 +45,11 @@ void editFlagged(QWidget* over, Property* property, const QStringList& fontStyle
   record.name = toYs(property->name);
   record.flags = property->value.attributes.value_or(0);
   record.fontStyles = fontStyles;
-  if (editProperty(over, &record))
-    property->value = {toQs(record.value), record.flags}; // the name is not the list's to change
+  if (!editProperty(over, &record))
+    return;
+  property->value.text = toQs(record.value); // the name is not the list's to change
+  if (property->value.attributes || record.flags != 0)
+    property->value.attributes = record.flags;
 }
 
 void editChoice(QWidget* over, Property* property) {
