@@ -49,6 +49,15 @@ equal(box([["R::0|10|0.25"], ["1"]], d => {
   d.set("Spinner0", "99");
   d.accept();
 }), ["10"]);
+// What nobody has changed stays, in the field that has the focus, too; what is changed is held.
+for (const type of ["", "int"])
+  equal(box([[`R:${type}:0|10`, `S:${type}:0|10`, `T:${type}:0|10`], ["99", "99", "99"]], d => {
+    d.key(null, "Tab");
+    d.key(null, "Tab");
+    d.key("Spinner2", "Backspace");
+    d.type("Spinner2", "98");
+    d.key("Spinner0", "Return");
+  }), ["99", "99", "10"], `limits of ${type}`);
 
 // --- order, groups, keyboard --------------------------------------------------------------------
 
