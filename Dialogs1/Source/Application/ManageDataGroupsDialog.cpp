@@ -3,6 +3,7 @@
 #include "Frame/ScriptFunction.h"
 #include "Generic/InputDialog.h"
 #include "Pieces/ListRows.h"
+#include "Pieces/Messages.h"
 #include "Pieces/TreeColumns.h"
 
 #include <QGuiApplication>
@@ -113,11 +114,17 @@ void ManageDataGroupsDialog::deleteAllGroupsButtonClicked() {
 void ManageDataGroupsDialog::editTitleButtonClicked() {
   QTreeWidget* tree = form.manageGroupsListWidget;
   QTreeWidgetItem* item = tree->topLevelItem(selectedRows(tree).front().first);
-  const QString title = item->text(ManageDataItem::Title);
-  const std::optional<QString> text = askForText(this, tr("Title"), title);
-  // A title that was not touched goes back byte for byte, even one that is no valid text.
-  if (text && *text != title)
-    item->setText(ManageDataItem::Title, *text);
+  QString title = item->text(ManageDataItem::Title);
+  while (const std::optional<QString> text = askForText(this, tr("Title"), title)) {
+    title = *text;
+    if (!title.contains(QLatin1Char(';'))) {
+      // A title that was not touched goes back byte for byte, even one that is no valid text.
+      if (title != item->text(ManageDataItem::Title))
+        item->setText(ManageDataItem::Title, title);
+      return;
+    }
+    warn(this, windowTitle(), tr("A title has no semicolon in it."));
+  }
 }
 
 void ManageDataGroupsDialog::showRemoval(const DataGroups::Removal& removal) {

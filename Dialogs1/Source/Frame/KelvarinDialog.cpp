@@ -1,5 +1,6 @@
 #include "Frame/KelvarinDialog.h"
 
+#include "Frame/OneLinePaste.h"
 #include "HostSupport/Arguments.h"
 #include "HostSupport/Numbers.h"
 #include "HostSupportQt/HostSupportQt.h"
@@ -65,6 +66,7 @@ KelvarinDialog::KelvarinDialog(QWidget* parent, const char* objectName, bool mod
       resultData(new UserReturnData{}) {
   setObjectName(QString::fromLatin1(objectName));
   setModal(modal);
+  new OneLinePaste(this);
   openDialogs.add(this);
 }
 
