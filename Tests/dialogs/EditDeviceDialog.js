@@ -39,7 +39,7 @@ for (const [settings, title, label] of [
   [[], "Select device", "Select device"],
   [["a", "0", "T"], "T", "Select device"],
   [["a", "0", "T", "L&x"], "T", "L&x"],
-  [["a", "0", "", ""], "", ""],
+  [["a", "0", "", ""], "Select device", ""],
 ])
   box([settings, names], d => {
     equal([d.name, d.title, d.text("label")], ["EditDeviceDialog", title, label]);

@@ -25,7 +25,7 @@ equal(box(lines, d => {
     ["global", "All runs", "", "global"], ["tran1", "Start-up", "Transient", "keep"],
     ["tran2", "", "Transient", "current"], ["ac1", "Loop", "AC", "keep"], ["ac2", "", "", ""],
   ]);
-  equal([d.current(list), enabled(d)], [2, "00010"], "the cursor is at the current group, and nothing is selected");
+  equal([d.current(list), enabled(d)], [2, "11111"], "the current group is selected");
   equal(d.get("deleteGroupButton", "toolTip"), "Delete selected groups.\n\nNote: Global group cannot be deleted");
   equal(d.get("deleteAllGroupsButton", "toolTip"), "Delete all groups except global group");
   d.accept();

@@ -92,6 +92,13 @@ box([new Array(9).fill("n").concat(["f:bool", "g:bool"]), []], d => {
   d.reject();
 });
 
+// A field is as wide as its first text, within reason.
+box([["a", "b", "c:string", "d:string"], ["1", "{Rload*(1+tolerance)}", "x".repeat(30), "x".repeat(3000)]], d => {
+  const [one, expression, text, long] = ["Spinner0", "Spinner1", "EditBox2", "EditBox3"].map(w => d.get(w, "minimumWidth"));
+  check(expression > one + 50 && text > expression && long > text && long < 600, `${one} ${expression} ${text} ${long}`);
+  d.reject();
+});
+
 // --- names and help -----------------------------------------------------------------------------
 
 const name = (...args) => {

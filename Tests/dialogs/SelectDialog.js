@@ -44,7 +44,7 @@ for (const [given, shown, text, result] of [
   }), result, name);
 }
 
-for (const [given, title, label] of [[[], "Select Dialog", ""], [["Mine"], "Mine", ""], [["A", "B&c"], "A", "B&c"]])
+for (const [given, title, label] of [[[], "Select Dialog", ""], [[""], "Select Dialog", ""], [["Mine"], "Mine", ""], [["A", "B&c"], "A", "B&c"]])
   equal(box(given, d => {
     equal([d.name, d.title, d.visible("label"), d.text("label")], ["SelectDialog", title, label !== "", label]);
     check(!d.visible("parametersButton"), "there are none to edit");

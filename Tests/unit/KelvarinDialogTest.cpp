@@ -372,6 +372,22 @@ TEST(KelvarinDialog, OkFinishesTheCellThatIsOpen) {
   EXPECT_EQ(cell, QStringLiteral("typed"));
 }
 
+TEST(KelvarinDialog, CtrlReturnIsAnOkThatCanBeSeen) {
+  for (const bool isSeen : {true, false}) {
+    TestDialog dialog;
+    auto* list = new QTableWidget(1, 1, &dialog);
+    dialog.layout()->addWidget(list);
+    QPushButton* ok = dialog.addButton("okButton");
+    ok->setVisible(isSeen);
+    dialog.KelvarinDialog::prepareDialog(nullptr, UserReal);
+    dialog.show();
+    QApplication::setActiveWindow(&dialog);
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(dialog.isVisible(), !isSeen);
+  }
+}
+
 TEST(KelvarinDialog, AnyWayToAcceptFinishesTheOpenField) {
   FakeCall call;
   double taken = 0;

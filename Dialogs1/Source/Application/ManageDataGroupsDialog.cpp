@@ -60,9 +60,7 @@ void ManageDataGroupsDialog::initialiseDialog() {
   QTreeWidget* tree = form.manageGroupsListWidget;
   tree->addTopLevelItems(items);
   restoreColumnWidths(tree, widthsKey);
-  // The keyboard starts at the current group; it is not selected, so that a key does it no harm.
-  const int current = std::max(groups.current(), 0);
-  tree->setCurrentItem(tree->topLevelItem(current), 0, QItemSelectionModel::NoUpdate);
+  tree->setCurrentItem(tree->topLevelItem(std::max(groups.current(), 0)));
   manageGroupsListWidgetSelectionChanged();
   // By itself a window takes no more than two thirds of the screen's width, too, and hides the
   // flags on a small one.

@@ -2,7 +2,7 @@
 
 #include "Frame/ScriptFunction.h"
 #include "HostSupportQt/HostSupportQt.h"
-#include "Pieces/Captions.h"
+#include "Pieces/CaptionLabel.h"
 
 static const ScriptFunction declaration("EnterTextDialog", 1, "S", StringVectorResult,
                                         runDialogFunction<EnterTextDialog, UserString>);

@@ -5,6 +5,7 @@
 #include "Frame/ScriptFunction.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "Pieces/ComboNames.h"
+#include "Pieces/LineEdits.h"
 
 static const ScriptFunction declaration("AddPropertyDialog", 0, "SSSSSS", StringVectorResult,
                                         runDialogFunction<AddPropertyDialog, UserString>);
@@ -83,6 +84,7 @@ void AddPropertyDialog::loadProperty(PropertyRecord* property) {
   if (isInstance && attributes.isProtected)
     letOnlyLook();
   form.nameEdit->setFocus(Qt::TabFocusReason);
+  selectWhole(form.nameEdit);
 }
 
 void AddPropertyDialog::loadFontStyles(const PropertyRecord& property) {

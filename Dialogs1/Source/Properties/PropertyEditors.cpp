@@ -7,7 +7,6 @@
 #include "Generic/RowBox.h"
 #include "Generic/SelectFontDialog.h"
 #include "HostSupportQt/HostSupportQt.h"
-#include "Pieces/Captions.h"
 #include "Pieces/SelectColour.h"
 #include "Properties/AddPropertyDialog.h"
 
@@ -54,12 +53,9 @@ void editFlagged(QWidget* over, Property* property, const QStringList& fontStyle
 
 void editChoice(QWidget* over, Property* property) {
   const QStringList choices = propertyChoices(property->type);
-  if (refusesRowCount(static_cast<unsigned>(choices.size()), "RadioSelect"))
+  if (refusesRowCount(static_cast<unsigned>(choices.size()), over))
     return;
-  QStringList captions;
-  for (const QString& caption : choices) // an ampersand in a value is meant to be seen
-    captions.append(shownCaption(caption).replace(QLatin1Char('&'), QLatin1String("&&")));
-  if (const auto choice = askForChoice(over, Messages::tr("Select Value"), captions,
+  if (const auto choice = askForChoice(over, Messages::tr("Select Value"), choices,
                                        propertyChoice(choices, property->value.text)))
     property->value.text = choices.at(*choice);
 }

@@ -1,4 +1,4 @@
-#include "Frame/OneLinePaste.h"
+#include "Frame/LineFields.h"
 
 #include <QAction>
 #include <QApplication>
@@ -57,6 +57,27 @@ bool drop(QLineEdit* edit, QDropEvent* event) {
   return true;
 }
 
+bool isByKeyboard(Qt::FocusReason reason) {
+  return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+         reason == Qt::ShortcutFocusReason;
+}
+
+bool isLonger(const QLineEdit* edit) {
+  return edit->fontMetrics().horizontalAdvance(edit->text().left(1000)) > edit->width();
+}
+
+void enter(QLineEdit* edit, const QFocusEvent* event) {
+  // As the field does by itself, which leaves the cursor at the end.
+  if (isByKeyboard(event->reason()) && !edit->hasSelectedText() && isLonger(edit))
+    edit->setSelection(edit->text().size(), -edit->text().size());
+}
+
+void leave(QLineEdit* edit, const QFocusEvent* event) {
+  if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason &&
+      isLonger(edit))
+    edit->setCursorPosition(0);
+}
+
 void takeOverPaste(QLineEdit* edit, const QMenu* menu) {
   const QMetaObject& meta = QLineEdit::staticMetaObject;
   const QMetaMethod paste = meta.method(meta.indexOfSlot("paste()"));
@@ -71,12 +92,12 @@ void takeOverPaste(QLineEdit* edit, const QMenu* menu) {
 
 } // namespace
 
-OneLinePaste::OneLinePaste(QWidget* dialog) : QObject(dialog) {
+LineFields::LineFields(QWidget* dialog) : QObject(dialog) {
   // The fields come and go: the editors of table cells, say.
   qApp->installEventFilter(this);
 }
 
-bool OneLinePaste::eventFilter(QObject* watched, QEvent* event) {
+bool LineFields::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
   case QEvent::KeyPress:
     if (QLineEdit* edit = fieldOf(watched))
@@ -90,6 +111,14 @@ bool OneLinePaste::eventFilter(QObject* watched, QEvent* event) {
     if (QLineEdit* edit = fieldOf(watched))
       return drop(edit, static_cast<QDropEvent*>(event));
     break;
+  case QEvent::FocusIn:
+    if (QLineEdit* edit = fieldOf(watched))
+      enter(edit, static_cast<QFocusEvent*>(event));
+    break;
+  case QEvent::FocusOut:
+    if (QLineEdit* edit = fieldOf(watched))
+      leave(edit, static_cast<QFocusEvent*>(event));
+    break;
   case QEvent::Show:
     if (auto* menu = qobject_cast<QMenu*>(watched))
       if (QLineEdit* edit = fieldOf(menu->parent()))
@@ -101,7 +130,7 @@ bool OneLinePaste::eventFilter(QObject* watched, QEvent* event) {
   return false;
 }
 
-QLineEdit* OneLinePaste::fieldOf(QObject* watched) const {
+QLineEdit* LineFields::fieldOf(QObject* watched) const {
   auto* edit = qobject_cast<QLineEdit*>(watched);
   return edit && edit->window() == parent() && !edit->isReadOnly() ? edit : nullptr;
 }
