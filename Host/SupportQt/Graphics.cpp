@@ -38,8 +38,10 @@ QString findImage(const QString& name) {
 
 /// A drawing is drawn at the size that it will have, where a picture of points is enlarged.
 static bool loadDrawing(QImageReader* reader, QPixmap* pixmap, int dpi) {
+  // Asked for first: once it knows the size, the reader takes the format from the file's name.
+  const bool isDrawing = reader->format() == "svg";
   const QSize size = reader->size();
-  if (reader->format() != "svg" || !size.isValid() || dpi <= 0)
+  if (!isDrawing || !size.isValid() || dpi <= 0)
     return false;
   const qreal sharpness = qApp->devicePixelRatio();
   reader->setScaledSize(size * (screenDpi() / dpi * sharpness));

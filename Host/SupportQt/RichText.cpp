@@ -7,6 +7,7 @@
 #include <QRegularExpression>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTextLength>
 #include <QUrl>
 
 #include <algorithm>
@@ -16,37 +17,150 @@ namespace {
 
 constexpr int deepestTables = 8; // the time for nested tables doubles with each level
 constexpr int deepestElements = 1000;
-constexpr int mostPictures = 1000;     // the time for more grows with their square
-constexpr int widestSpan = 20480;      // Qt's own limit
-constexpr double largestSpace = 1000;  // pixels; sums of larger ones leave the range of the layout
+// The time for more of these grows with their square.
+constexpr int mostPictures = 1000;
+constexpr int mostFloats = 1000;
+constexpr int mostListItems = 5000;
+constexpr int mostTables = 5000;
+constexpr qint64 mostRuleMatches = 1'000'000; // rules of style sheets times elements
+constexpr int mostRulesInSheet = 100;
+constexpr int widestSpan = 20480; // Qt's own limit
+constexpr int mostCellsInDocument = 20000;
 constexpr int mostCellsInLabel = 1000; // whose size is found by laying it out several times
 constexpr qint64 mostPixelsInLabel = 1'000'000;
 
+// ---- tags, as Qt reads them ---------------------------------------------------------------------
+
 struct Tag {
-  QString name;       ///< in small letters
-  QString attributes; ///< as written
-  bool isEnd;
+  QString name;                                ///< in small letters
+  QVector<QPair<QString, QString>> attributes; ///< names in small letters
+  bool isEnd = false;
+};
+
+/// Takes a text apart by the rules of Qt's own reader: blanks may stand before a name, names may be
+/// quoted, and entities may spell any letter of them.
+class TagReader {
+public:
+  explicit TagReader(const QString& text) : m_text(text) {}
+
+  /// False at the end of the text.
+  bool next(Tag* tag) {
+    for (;;) {
+      m_at = m_text.indexOf(QLatin1Char('<'), m_at);
+      if (m_at < 0)
+        return false;
+      ++m_at;
+      skipBlanks();
+      if (!startsWith("!"))
+        break;
+      const bool isComment = startsWith("!--");
+      const int end = m_text.indexOf(isComment ? QLatin1String("-->") : QLatin1String(">"), m_at);
+      m_at = end < 0 ? m_text.size() : end;
+    }
+    *tag = Tag();
+    tag->isEnd = startsWith("/");
+    m_at += tag->isEnd;
+    tag->name = word().toLower().trimmed();
+    if (!tag->isEnd)
+      readAttributes(tag);
+    return true;
+  }
+
+  /// The text up to the end tag of a style sheet.
+  QStringRef sheet() const {
+    const int end = m_text.indexOf(QLatin1String("</style"), m_at, Qt::CaseInsensitive);
+    return m_text.midRef(m_at, end < 0 ? -1 : end - m_at);
+  }
+
+private:
+  bool startsWith(const char* mark) const {
+    return m_text.midRef(m_at, 3).startsWith(QLatin1String(mark));
+  }
+
+  void skipBlanks() {
+    while (m_at < m_text.size() && m_text.at(m_at).isSpace())
+      ++m_at;
+  }
+
+  void readAttributes(Tag* tag) {
+    while (m_at < m_text.size()) {
+      skipBlanks();
+      if (startsWith(">") || startsWith("/>"))
+        return;
+      const QString name = word().toLower();
+      QString value;
+      skipBlanks();
+      if (startsWith("=")) {
+        ++m_at;
+        skipBlanks();
+        value = word();
+      }
+      if (name.isEmpty())
+        return;
+      tag->attributes.append({name, value});
+    }
+  }
+
+  QString word() {
+    QString found;
+    const bool isQuoted = startsWith("\"") || startsWith("'");
+    const QChar quote = isQuoted ? m_text.at(m_at++) : QChar();
+    for (; m_at < m_text.size(); ++m_at) {
+      const QChar letter = m_text.at(m_at);
+      if (isQuoted ? letter == quote : endsWord(letter))
+        break;
+      found += letter == QLatin1Char('&') ? entity() : letter;
+    }
+    m_at += isQuoted;
+    return found;
+  }
+
+  bool endsWord(QChar letter) const {
+    return letter.isSpace() || letter == QLatin1Char('>') || letter == QLatin1Char('<') ||
+           letter == QLatin1Char('=') || startsWith("/>");
+  }
+
+  /// One that stands for a number; the others spell no letter of a name.
+  QChar entity() {
+    static const QRegularExpression number(QStringLiteral("&#(x?)([0-9a-fA-F]{1,7});?"));
+    const auto match = number.match(m_text, m_at, QRegularExpression::NormalMatch,
+                                    QRegularExpression::AnchoredMatchOption);
+    if (!match.hasMatch())
+      return m_text.at(m_at);
+    m_at += match.capturedLength() - 1;
+    return QChar(match.captured(2).toUInt(nullptr, match.captured(1).isEmpty() ? 10 : 16) & 0xffff);
+  }
+
+  const QString& m_text;
+  int m_at = 0;
 };
 
 /// Elements that have no end, or whose end may be left out.
 bool endsByItself(const QString& element) {
-  static const char* const names[] = {"area", "base",  "body", "br",    "col",  "dd",    "dt",
-                                      "head", "hr",    "html", "img",   "link", "li",    "meta",
-                                      "p",    "tbody", "td",   "tfoot", "th",   "thead", "tr"};
+  static const char* const names[] = {"area",  "base", "br",    "col",  "dd",    "dt",
+                                      "hr",    "img",  "li",    "link", "meta",  "p",
+                                      "tbody", "td",   "tfoot", "th",   "thead", "tr"};
   return std::any_of(std::begin(names), std::end(names),
                      [&element](const char* name) { return element == QLatin1String(name); });
 }
 
-/// The number of columns or rows that a cell asks for. An entity could spell any.
+/// The greatest number of columns or rows that a cell asks for.
 int spanOf(const Tag& cell, const char* attribute) {
-  const int at = cell.attributes.indexOf(QLatin1String(attribute), 0, Qt::CaseInsensitive);
-  if (at < 0)
-    return 1;
-  static const QRegularExpression value(QStringLiteral("=[\\s\"']*(&|\\d+)"));
-  const QString digits = value.match(cell.attributes, at).captured(1);
-  if (digits == QLatin1String("&") || digits.size() > 5)
-    return widestSpan;
-  return std::clamp(digits.toInt(), 1, widestSpan);
+  int span = 1;
+  for (const auto& [name, value] : cell.attributes)
+    if (name == QLatin1String(attribute)) {
+      bool isNumber = false;
+      const qlonglong asked = value.toLongLong(&isNumber);
+      span = std::max(span, isNumber ? int(std::clamp<qlonglong>(asked, 1, widestSpan)) : 1);
+    }
+  return span;
+}
+
+bool mayFloat(const Tag& tag) {
+  return std::any_of(tag.attributes.begin(), tag.attributes.end(), [](const auto& attribute) {
+    return attribute.first == QLatin1String("align") || attribute.first == QLatin1String("style") ||
+           attribute.first == QLatin1String("class") || attribute.first == QLatin1String("id");
+  });
 }
 
 /// Counts the cells of a table as the layout makes them: each row has as many as the longest one.
@@ -89,39 +203,61 @@ private:
 /// Follows the tags of a text as far as they decide how long its layout takes.
 class Outline {
 public:
-  enum Fault { None, Depth, Cells, Pictures };
+  enum Fault { None, Depth, Cells, Pictures, Floats, ListItems, Tables, Rules };
 
   explicit Outline(int mostCells) : m_mostCells(mostCells) {}
 
-  Fault add(const Tag& tag) {
-    if (tag.name == QLatin1String("table"))
-      return addTable(tag.isEnd);
-    if (!endsByItself(tag.name))
-      return addElement(tag.isEnd);
-    if (tag.isEnd)
-      return None;
-    if (tag.name == QLatin1String("img"))
-      return ++m_pictures > mostPictures ? Pictures : None;
-    return addPart(tag);
+  Fault read(const QString& text) {
+    TagReader reader(text);
+    Tag tag;
+    while (reader.next(&tag)) {
+      if (tag.name == QLatin1String("style") && !tag.isEnd)
+        m_rules += reader.sheet().count(QLatin1Char('{'));
+      if (const Fault fault = tag.isEnd ? close(tag.name) : open(tag))
+        return fault;
+    }
+    return m_rules * m_elements > mostRuleMatches ? Rules : None;
   }
 
 private:
-  Fault addTable(bool isEnd) {
-    if (!isEnd) {
+  Fault open(const Tag& tag) {
+    ++m_elements;
+    const bool isTable = tag.name == QLatin1String("table");
+    const bool isPicture = tag.name == QLatin1String("img");
+    if ((isTable || isPicture) && mayFloat(tag) && ++m_floats > mostFloats)
+      return Floats;
+    if (isPicture && ++m_pictures > mostPictures)
+      return Pictures;
+    if (tag.name == QLatin1String("li") && ++m_listItems > mostListItems)
+      return ListItems;
+    if (isTable) {
+      if (++m_allTables > mostTables)
+        return Tables;
       m_tables.emplace_back();
-    } else if (m_tables.size() > 1) {
-      m_closedCells += m_tables.back().cells();
-      m_tables.pop_back();
     }
-    return m_tables.size() > deepestTables + 1 ? Depth : None;
+    if (!endsByItself(tag.name))
+      m_open.append(tag.name);
+    return isTooDeep() ? Depth : addCells(tag);
   }
 
-  Fault addElement(bool isEnd) {
-    m_elements = std::max(0, m_elements + (isEnd ? -1 : 1));
-    return m_elements > deepestElements ? Depth : None;
+  bool isTooDeep() const {
+    return m_tables.size() > deepestTables + 1 || m_open.size() > deepestElements;
   }
 
-  Fault addPart(const Tag& tag) {
+  /// An end closes all that was opened inside, and one of what is not open closes nothing.
+  Fault close(const QString& name) {
+    const int from = m_open.lastIndexOf(name);
+    for (int i = m_open.size() - 1; from >= 0 && i >= from; --i) {
+      if (m_open.at(i) == QLatin1String("table")) {
+        m_closedCells += m_tables.back().cells();
+        m_tables.pop_back();
+      }
+      m_open.removeLast();
+    }
+    return None;
+  }
+
+  Fault addCells(const Tag& tag) {
     TableGrid& table = m_tables.back();
     if (tag.name == QLatin1String("tr"))
       table.addRow();
@@ -131,43 +267,48 @@ private:
   }
 
   int m_mostCells;
-  int m_elements = 0;
+  qint64 m_elements = 0;
+  qint64 m_rules = 0;
+  int m_floats = 0;
   int m_pictures = 0;
+  int m_listItems = 0;
+  int m_allTables = 0;
   qint64 m_closedCells = 0;
+  QStringList m_open;
   std::vector<TableGrid> m_tables = std::vector<TableGrid>(1); ///< the first for cells in none
 };
 
-/// The next tag at or behind `*at`, which is moved behind it; false where there is none.
-bool nextTag(const QString& text, int* at, Tag* tag) {
-  for (int open = text.indexOf(QLatin1Char('<'), *at); open >= 0;
-       open = text.indexOf(QLatin1Char('<'), open + 1)) {
-    const bool isEnd = text.midRef(open + 1).startsWith(QLatin1Char('/'));
-    const int name = open + (isEnd ? 2 : 1);
-    int end = name;
-    while (end < text.size() && text.at(end).isLetterOrNumber())
-      ++end;
-    if (end == name)
-      continue;
-    const int close = text.indexOf(QLatin1Char('>'), end);
-    *tag = {text.mid(name, end - name).toLower(), text.mid(end, std::min(close - end, 1000)),
-            isEnd};
-    *at = end;
-    return true;
+// ---- what Qt has made of a text -----------------------------------------------------------------
+
+/// Sizes in pixels; sums of larger ones leave the range of the layout, or what a window may have.
+struct LargestSizes {
+  double space;
+  double font;
+};
+constexpr LargestSizes largestInDocument = {2000, 500};
+constexpr LargestSizes largestInLabel = {600, 60};
+
+bool isFixedAbove(const QTextLength& length, double limit) {
+  return length.type() == QTextLength::FixedLength && length.rawValue() > limit;
+}
+
+bool isTooLarge(const QTextFormat& format, const LargestSizes& largest) {
+  const QMap<int, QVariant> properties = format.properties();
+  for (auto property = properties.begin(); property != properties.end(); ++property) {
+    const bool isFont = property.key() == QTextFormat::FontPointSize ||
+                        property.key() == QTextFormat::FontPixelSize;
+    const double limit = isFont ? largest.font : largest.space;
+    if (property->type() == QVariant::TextLength
+            ? isFixedAbove(property->value<QTextLength>(), limit)
+            : (property->type() == QVariant::Double ||
+               (isFont && property->type() == QVariant::Int)) &&
+                  property->toDouble() > limit)
+      return true;
   }
-  return false;
-}
-
-Outline::Fault outlineFault(const QString& text, int mostCells) {
-  Outline outline(mostCells);
-  Tag tag;
-  for (int at = 0; nextTag(text, &at, &tag);)
-    if (const Outline::Fault fault = outline.add(tag))
-      return fault;
-  return Outline::None;
-}
-
-bool isTooLarge(const QVariant& property) {
-  return property.type() == QVariant::Double && property.toDouble() > largestSpace;
+  const QVector<QTextLength> columns = format.toTableFormat().columnWidthConstraints();
+  return std::any_of(columns.begin(), columns.end(), [&largest](const QTextLength& width) {
+    return isFixedAbove(width, largest.space);
+  });
 }
 
 QSize sizeOf(QByteArray bytes) {
@@ -192,12 +333,8 @@ class ReadDocument : public QTextDocument {
 public:
   explicit ReadDocument(const QString& text) { setHtml(text); }
 
-  bool hasLargeSpaces() const {
-    return anyFormat([](const QTextFormat& format) {
-      const auto properties = format.properties();
-      return (format.isFrameFormat() || format.isTableCellFormat()) &&
-             std::any_of(properties.begin(), properties.end(), isTooLarge);
-    });
+  bool asksForMoreThan(const LargestSizes& largest) const {
+    return anyFormat([&largest](const QTextFormat& format) { return isTooLarge(format, largest); });
   }
 
   bool asksForFiles() const { return m_asked || anyFormat(isForeignPicture); }
@@ -248,36 +385,45 @@ QString faultText(const char* fault) {
   return QCoreApplication::translate("RichText", fault);
 }
 
-} // namespace
-
-QString layoutFault(const QString& text, int mostCells) {
-  switch (outlineFault(text, mostCells)) {
+QString faultOf(const QString& text, int mostCells, const LargestSizes& largest) {
+  switch (Outline(mostCells).read(text)) {
   case Outline::Depth:
     return faultText("its elements are nested too deep");
   case Outline::Cells:
     return faultText("its tables have more than %1 cells").arg(mostCells);
   case Outline::Pictures:
     return faultText("it has more than %1 pictures").arg(mostPictures);
+  case Outline::Floats:
+    return faultText("text flows around more than %1 places").arg(mostFloats);
+  case Outline::ListItems:
+    return faultText("its lists have more than %1 items").arg(mostListItems);
+  case Outline::Tables:
+    return faultText("it has more than %1 tables").arg(mostTables);
+  case Outline::Rules:
+    return faultText("its style sheets have too many rules");
   case Outline::None:
     break;
   }
-  // Only tables add up what they are asked for, and reading the text twice takes its time.
-  const bool hasTable = text.contains(QLatin1String("<table"), Qt::CaseInsensitive);
-  return hasTable && ReadDocument(text).hasLargeSpaces()
-             ? faultText("a table in it asks for more than %1 pixels between its cells")
-                   .arg(largestSpace)
+  return ReadDocument(text).asksForMoreThan(largest)
+             ? faultText("it asks for spaces, pictures or letters that are too large")
              : QString();
+}
+
+} // namespace
+
+QString layoutFault(const QString& text) {
+  return faultOf(text, mostCellsInDocument, largestInDocument);
 }
 
 bool isTooLargeSheet(const QString& sheet) {
   static const QRegularExpression large(QStringLiteral("(?<![#.\\da-fA-F])\\d{5,}"));
-  return sheet.contains(large);
+  return sheet.contains(large) || sheet.count(QLatin1Char('{')) > mostRulesInSheet;
 }
 
 QString harmlessText(const QString& text) {
   if (!Qt::mightBeRichText(text))
     return text;
-  if (!layoutFault(text, mostCellsInLabel).isEmpty())
+  if (!faultOf(text, mostCellsInLabel, largestInLabel).isEmpty())
     return Qt::convertFromPlainText(text);
   ReadDocument document(text);
   if (!document.asksForFiles())
@@ -304,7 +450,7 @@ int longestWord(const QString& text) {
   int longest = 0;
   int length = 0;
   for (const QChar character : text) {
-    length = character.isSpace() ? 0 : length + 1;
+    length = character.isSpace() && character != QChar::Nbsp ? 0 : length + 1;
     longest = std::max(longest, length);
   }
   return longest;

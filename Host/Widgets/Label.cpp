@@ -15,6 +15,9 @@ namespace {
 
 const QLatin1String infoLink("ref");
 
+/// As in the picture that captions with a link of their own show.
+const QColor informationColour(0x2f, 0x7f, 0xd6);
+
 bool linksToInfo(const QString& text) {
   static const QRegularExpression link(QStringLiteral("<a\\s+href=[\"']?%1\\b").arg(infoLink));
   return link.match(text).hasMatch();
@@ -109,21 +112,16 @@ void Label::paintMark(QPainter* painter) const {
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
   const QRect mark = markRect();
-  const QColor colour = palette().color(QPalette::Link);
   const qreal line = mark.height() / 12.0;
   const QRectF circle = QRectF(mark).adjusted(2 * line, 2 * line, -2 * line, -2 * line);
-  painter->setPen(QPen(isEnabled() ? colour : palette().color(QPalette::WindowText), line));
-  if (m_hovered || hasFocus()) {
-    painter->setBrush(painter->pen().color());
-    painter->drawEllipse(circle);
-    painter->setPen(QPen(palette().color(QPalette::Window), line));
-    painter->setBrush(Qt::NoBrush);
-  } else {
-    painter->drawEllipse(circle);
-  }
+  const QColor colour = !isEnabled()              ? palette().color(QPalette::Mid)
+                        : m_hovered || hasFocus() ? informationColour.darker(130)
+                                                  : informationColour;
+  painter->setPen(Qt::NoPen);
+  painter->setBrush(colour);
+  painter->drawEllipse(circle);
   // An "i" of lines rather than of a font: it stays centred at every size.
-  QPen stroke = painter->pen();
-  stroke.setWidthF(1.4 * line);
+  QPen stroke(Qt::white, 1.4 * line);
   stroke.setCapStyle(Qt::RoundCap);
   painter->setPen(stroke);
   const QPointF middle = circle.center();

@@ -214,7 +214,7 @@ void RadioGroup::adoptButtons() {
   m_positions.clear();
   for (QRadioButton* button : found) {
     if (!button->group())
-      m_exclusion->addButton(button);
+      m_exclusion->addButton(button, 0); // to find a number of its own, it would look at all others
     connect(button, &QRadioButton::clicked, this, &RadioGroup::buttonClicked, Qt::UniqueConnection);
   }
   // A button that has been checked meanwhile is the later word.

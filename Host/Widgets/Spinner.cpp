@@ -211,7 +211,9 @@ void Spinner::Private::finish() {
   // The field shows the text that it gives.
   if (kind == Kind::Number && author == Author::User)
     rewrite(number, readableNumber(edit->text()), Author::User);
-  applyLimits(true);
+  // What a program has given stands until the user changes it.
+  if (author != Author::Program)
+    applyLimits(true);
   report();
 }
 

@@ -15,9 +15,9 @@ class QUrl;
 /// ("data:…"). One that could not be laid out in reasonable time is shown as it is written.
 HOSTSUPPORTQT_EXPORT QString harmlessText(const QString& text);
 
-/// Why a rich text is not laid out: a clause for the user, as "its tables have more than 50000
+/// Why a rich text is not laid out: a clause for the user, as "its tables have more than 20000
 /// cells"; empty where it can be laid out within a few seconds.
-HOSTSUPPORTQT_EXPORT QString layoutFault(const QString& text, int mostCells = 50000);
+HOSTSUPPORTQT_EXPORT QString layoutFault(const QString& text);
 
 /// The same of a style sheet that is not part of the text.
 HOSTSUPPORTQT_EXPORT bool isTooLargeSheet(const QString& sheet);
@@ -29,6 +29,6 @@ HOSTSUPPORTQT_EXPORT QByteArray dataOf(const QUrl& url);
 /// or has more points than `mostPixels`. Never null: a document would then look for a file itself.
 HOSTSUPPORTQT_EXPORT QImage pictureOf(const QByteArray& bytes, qint64 mostPixels);
 
-/// Characters of the longest run without a blank. Finding where to break a run takes time that
+/// Characters of the longest run without a blank at which a line may break. Finding where to break a run takes time that
 /// grows with its square.
 HOSTSUPPORTQT_EXPORT int longestWord(const QString& text);

@@ -16,9 +16,9 @@
 /// A text that is neither number nor expression is marked while it stands; then, and while the
 /// field is empty, `value()` keeps the last number that was finished, and the tool tip says which.
 ///
-/// The limits hold when the user finishes (Return, leaving the field, a step) and at once where a
-/// program sets a value or a limit; where `min` is above `max`, `max` counts. `increment`, the
-/// limits and the flags may be written directly: they are read when they are needed.
+/// The limits hold when the user finishes a change (Return, leaving the field, a step) and at once
+/// where a program sets a value or a limit; where `min` is above `max`, `max` counts. `increment`,
+/// the limits and the flags may be written directly: they are read when they are needed.
 class HOSTWIDGETS_EXPORT Spinner : public QWidget, public KV_FunctionDef {
   Q_OBJECT
   KV_BINDING_PROPERTIES

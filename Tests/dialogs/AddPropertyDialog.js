@@ -17,6 +17,19 @@ const small = 0x200 + 0x800; // what the font style Small leaves in the flags
 const hidden = 1 << 6, guarded = 1 << 7, absolute = 1 << 8, selectable = 1 << 10, vertical = 1 << 14,
   showName = 1 << 15, symbolic = 1 << 16;
 
+// Tab stops at the checked one of two buttons, whichever that is, and at no other.
+for (const [flags, button] of [["0", "rbAuto"], ["256", "rbAbsolute"]])
+  box(["n", flags, "v"], d => {
+    d.key("valueEdit", "Tab");
+    equal(d.focused(), button);
+    d.key(null, "Tab");
+    check(!/^rb/.test(d.focused()), d.focused());
+    d.click(button === "rbAuto" ? "rbAbsolute" : "rbAuto");
+    d.key("valueEdit", "Tab");
+    check(d.checked(d.focused()), d.focused());
+    d.reject();
+  });
+
 // By keyboard alone, from nothing.
 equal(box([], d => {
   equal([d.name, d.title, d.modal], ["AddPropertyDialog", "Add Property", true]);

@@ -56,6 +56,7 @@ for (const [what, list, rows, act, lists] of [
   ["Insert twice", available, [0], d => { d.key(available, "Insert"); d.key(available, "Insert"); }, ["xyzab", "c"]],
   ["Remove takes those selected", selected, [0, 1], d => d.click("removeButton"), ["z", "abcxy"]],
   ["Delete removes", selected, [1], d => d.key(selected, "Delete"), ["xz", "abcy"]],
+  ["Return removes", selected, [0, 1], d => d.key(selected, "Return"), ["z", "abcxy"]],
   ["a double click removes", selected, [0], d => d.doubleClick(selected, 2), ["xy", "abcz"]],
   ["Up", selected, [1], d => d.click("upButton"), ["yxz", "abc"]],
   ["Up beyond the top", selected, [2], d => { d.click("upButton"); d.click("upButton"); d.click("upButton"); }, ["zxy", "abc"]],
@@ -83,6 +84,14 @@ equal(box(abc, d => {
 }), texts(["z", "y", "c", "b"]));
 equal(box(abc, d => { d.key(null, "Ctrl+A"); d.key(null, "Return"); d.key("okButton", "Return"); }),
       texts(["x", "y", "z", "a", "b", "c"]));
+
+// With nothing to add or to remove, Return is OK.
+equal(box([["x"], []], d => d.key(available, "Return")), texts(["x"]));
+equal(box([[], ["x"]], d => d.key(selected, "Enter")), texts([]));
+box([[], ["x"], ["", "R & D", "&Rest"]], d => {
+  equal([d.get("selectedItemsGroupBox", "title"), d.get("allItemsGroupBox", "title")], ["R && D", "&Rest"]);
+  d.reject();
+});
 
 for (const name of ["AddRemoveDialog", "AddRemoveDialogNew"])
   for (const leave of [d => d.key(null, "Escape"), d => d.close(), d => d.press("Cancel")])

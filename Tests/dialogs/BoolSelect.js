@@ -41,6 +41,11 @@ box([[1], ["a"], "Title", "Group", "Heading"], d => {
   check(d.text("Label:0") === "Heading", "the line above the boxes");
   d.reject();
 });
+box([[1], ["R & D"], "R & D", "R & D", "R & D"], d => {
+  equal([d.title, d.get("groupBox", "title"), d.text("Label:0"), d.text("CheckBox0")], ["R & D", "R && D", "R & D", "R && D"],
+        "a script's ampersand is seen as written");
+  d.reject();
+});
 box([[1], ["a"]], d => { equal(d.title, ""); d.reject(); });
 
 // Each title has a name, and so a geometry, of its own: the same tomorrow.

@@ -37,6 +37,17 @@ equal(choose([base], d => {
   create(d, `${base}/runs`, ok);
   equal(chosen(d), `${base}/runs`, "one that is there already is as good");
 
+  // What is no full path goes below the chosen directory, and not where the host happens to run.
+  create(d, "below", ok);
+  equal(chosen(d), `${base}/runs/below`);
+  create(d, "../tran/x y", ok);
+  equal(chosen(d), `${base}/runs/tran/x y`);
+  create(d, "a/b", ok, message => {
+    equal(message.message().text, `Cannot create directory ${base}/runs/tran/x y/a/b`);
+    message.accept();
+  });
+  create(d, `${base}/runs`, ok);
+
   const before = d.items(tree);
   create(d, `${base}/else`, box => box.reject());
   host.writeFile(`${base}/file`, "");
@@ -86,7 +97,7 @@ host.system("caseSensitiveFiles", sensitive);
 choose([`${base}/runs`], d => {
   const items = d.items(tree);
   const at = items.indexOf("runs");
-  equal(items.slice(at, at + 4), ["runs", "<b>&x", "ac", "tran"], "read where it is opened");
+  equal(items.slice(at, at + 4), ["runs", "<b>&x", "ac", "below"], "read where it is opened");
   check(!items.includes("deep"), "and nowhere else");
   check(items.includes(".cache"), "hidden ones are there");
   check(!items.includes("file"), "files are not");
@@ -102,7 +113,7 @@ equal(choose([base], d => {
   check(!d.items(tree).includes("tran"), "closed until it is opened");
   d.key(tree, "Right");
   check(d.items(tree).includes("tran"), "Right opens");
-  for (const key of ["Right", "Down", "Down"])
+  for (const key of ["Right", "Down", "Down", "Down"])
     d.key(tree, key);
   equal(chosen(d), `${base}/runs/tran`);
   d.key(tree, "Left");

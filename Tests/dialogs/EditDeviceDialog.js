@@ -39,13 +39,21 @@ for (const [settings, title, label] of [
   [[], "Select device", "Select device"],
   [["a", "0", "T"], "T", "Select device"],
   [["a", "0", "T", "L&x"], "T", "L&x"],
-  [["a", "0", "", ""], "", ""],
+  [["a", "0", "", ""], "Select device", ""],
 ])
   box([settings, names], d => {
     equal([d.name, d.title, d.text("label")], ["EditDeviceDialog", title, label]);
     equal(["multiLabel", "selectAllButton", "parametersButton"].filter(w => d.visible(w)), []);
     d.reject();
   });
+
+// The same text comes before one that only begins with it, whatever the letter case.
+for (const [name, all, index] of [
+  ["d1n4148", ["D1N4148", "d1n4148_hot"], 0],
+  ["R1", ["r10", "r1", "R1"], 2],
+  ["r", ["R1", "r10"], 0],
+])
+  equal(box([[name], all], d => d.accept()), texts(all[index], `${index}`, "0"), name);
 
 // --- the box and the list ------------------------------------------------------------------------
 
@@ -55,6 +63,7 @@ for (const [what, act, text, name, index] of [
   ["typed, then a click", d => { d.type(edit, "BC547"); d.click(list, 1); }, "BSS84", "BSS84", 0],
   ["a click, then typed", d => { d.click(list, 4); d.type(edit, "irf540n"); }, "irf540n", "IRF540N", 2],
   ["Down and Up", d => { d.key(null, "Down"); d.key(null, "Up"); }, "BSS84", "BSS84", 0],
+  ["an empty box", d => d.type(edit, ""), "", "", -1],
   ["nothing like it, left", d => { d.type(edit, "q"); d.key(null, "Tab"); d.key(null, "Tab"); }, "q", "q", -1],
   // A click with Ctrl leaves nothing selected: the box has the name, and its index is found.
   ["a click with Ctrl", d => { d.choose(list, [3, 3]); }, "IRF540N", "IRF540N", 2],

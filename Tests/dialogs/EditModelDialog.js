@@ -59,6 +59,7 @@ for (const [args, result] of [
   [[models, "2"], texts(models[1], "0")],
   [[models, "local"], texts(models[1], "0")],
   [[["g", "µΩ\n\n 電圧 😀 <b>;\n"], "1"], texts("µΩ\n\n 電圧 😀 <b>;\n", "1")],
+  [[["g", "a\r\nb\u2028\u00a0c"], "1"], texts("a\r\nb\u2028\u00a0c", "1")],
   [[new Array(1000000).fill("m"), new Array(1000000).fill("1")], texts("m", "1")],
   [[["x".repeat(1000000), "y".repeat(1000000)], "1"], texts("y".repeat(1000000), "1")],
 ])

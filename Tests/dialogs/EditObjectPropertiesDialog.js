@@ -29,9 +29,11 @@ box([["A", "B", "C", "D"], ["1;2", "1;2;3", "x\n\ny", "C:\\new"], ["SchemPropert
   d.reject();
 });
 
-for (const type of ["", "string", "SchemProperty", "SYMBOLPROPERTY", "Font", "Colour", "a|b", "*"])
-  for (const value of ["", "10k", "10k;256", "a;b;c;-3", ";", ";;", "10k;", "a;b", "C:\\new", "x\ny;7", "a\r\nb", "é;1"])
-    equal(box([["N"], [value], [type]]), texts([value]), `${value} of type ${type}`);
+// Of a schematic's property, what stands behind the last semicolon is a number.
+for (const [value, flagged] of [[""], ["10k"], ["10k;256"], ["a;b;c;-3"], [";", ";0"], [";;", ";;0"], ["10k;", "10k;0"],
+                                ["10k;junk", "10k;0"], ["a; 12x", "a;12"], ["C:\\new"], ["x\ny;7"], ["a\r\nb"], ["é;1"]])
+  for (const type of ["", "string", "SchemProperty", "SYMBOLPROPERTY", "Font", "Colour", "a|b", "*"])
+    equal(box([["N"], [value], [type]]), texts([/prop/i.test(type) ? flagged || value : value]), `${value} of type ${type}`);
 
 equal(box([["A", "B", "C"], ["1", "2"], []]), texts(["1", "2"]), "as many rows as both have");
 equal(box([["A"], ["1", "2"], ["", "", ""]]), texts(["1"]));
@@ -97,9 +99,21 @@ for (const type of ["SchemProperty", "symbolproperty"]) {
     d.type("valueEdit", "22k;x");
     d.click("cbProtected");
     d.press("Ok");
-  }, [], ["extra"], styles), `22k;x;${1280 + 512 + 128};extra`, type);
+  }, [], ["extra"], styles), `22k;x;${1280 + 128};extra`, type);
 }
-equal(edited("10k", "SchemProperty", d => d.press("Ok"), [], ["e"], styles), "10k;512;e", "a row gets its flags by editing");
+// What the user does not touch keeps its bits, even those that the box cannot show.
+for (const [value, act, result] of [
+  ["10k", () => 0, "10k"],
+  ["10k", d => d.click("cbProtected"), "10k;128"],
+  ["10k;9216", () => 0, "10k;9216"],
+  ["10k;9216", d => d.click("cbProtected"), "10k;9344"],
+  ["10k;9216", d => { d.click("cbDefault"); d.set("fontStyleCombo", "Notes"); }, `10k;${1024 + 512 + 2048}`],
+  ["10k;9216", d => { d.click("cbDefault"); d.set("fontStyleCombo", "Large"); }, `10k;${1024 + 512}`],
+  ["10k;1088", () => 0, "10k;1088"], // hidden, and yet selectable
+  [`10k;${256 + 3}`, () => 0, `10k;${256 + 3}`],
+  [`10k;${256 + 3}`, d => d.click("rbAuto"), "10k;0"],
+])
+  equal(edited(value, "SchemProperty", d => { act(d); d.press("Ok"); }, [], ["e"], styles), `${result};e`, value);
 
 // Read-only
 equal(edited("4711", "*", d => {
@@ -114,7 +128,7 @@ const changes = [
   ["9;1;0;0;0;255;DejaVu Sans", "Font", d => d.pick({ pointSize: 30 })],
   ["255", "Colour", d => d.pick("#010203")],
   ["On", "Off|On", d => d.click("RadioButton0")],
-  ["10k;;x", "SchemProperty", d => { d.type("valueEdit", "22k"); d.click("cbProtected"); }],
+  ["10k;;1", "SchemProperty", d => { d.type("valueEdit", "22k"); d.click("cbProtected"); }],
 ];
 for (const [value, type, change] of changes)
   for (const leave of [d => d.key(null, "Escape"), d => d.close(), d => d.press("Cancel")])

@@ -37,6 +37,19 @@ box([["x"]], d => { equal(d.title, "", "no title, none shown"); d.reject(); });
 const odd = ["", "  ", "a|b;c", "Ω µ 漢", "x".repeat(40000), "two\nlines", "tab\there", "\"'<b>&"];
 equal(box([odd], d => d.accept()), odd);
 
+// A pasted text is one line; the line ends that a script has passed stay.
+for (const [initial, pasted, expected] of [
+  ["", "\na\nb\r\n c\u2028d\n\n", "a b  c d"],
+  ["x\ny", "1\n", "x\ny1"],
+  ["x", " a ", "x a "],
+])
+  equal(box([[initial], ["A"], ""], d => {
+    host.clipboard(pasted);
+    d.key("EditBox0", "End");
+    d.key("EditBox0", "Ctrl+V");
+    d.accept();
+  }), [expected], pasted);
+
 for (const leave of [d => d.reject(), d => d.close(), d => d.press("Cancel")]) {
   host.onDialog(d => { d.type("EditBox0", "lost"); leave(d); });
   equal(host.call("EditSelect", ["kept", "too"]), { made: true, type: "string", values: [""] });

@@ -31,12 +31,14 @@ for (const leave of [d => d.key(null, "Escape"), d => d.close(), d => d.press("C
 
 // Texts that nobody touched.
 const lines = new Array(100000).fill("R1 in out 4.7k").join("\n");
-for (const odd of ["", "\n", "a\n\nb\n", " \tblanks ", "<b>x</b>", "µΩ – 電圧 😀", "x".repeat(1000000), lines])
+for (const odd of ["", "\n", "a\n\nb\n", " \tblanks ", "<b>x</b>", "µΩ – 電圧 😀", "a\r\nb\rc", "a\u2028b\u2029\u00a0c", "x".repeat(1000000), lines])
   equal(box([odd], d => {
     check(!d.visible("label"), "no caption, no gap");
     equal(d.get("editBox", "accessibleName"), "Enter Text");
     d.accept();
   }), text(odd), `text ${odd.slice(0, 20)}`);
+equal(box(["a\r\nb"], d => { d.key("editBox", "x"); d.key("editBox", "Ctrl+Z"); d.accept(); }), text("a\r\nb"));
+equal(box(["a\r\nb"], d => { d.key("editBox", "x"); d.accept(); }), text("xa\nb"));
 equal(box([], d => d.accept()), text(""), "no element");
 equal(box(new Array(1000000).fill("many"), d => d.accept()), text("many"), "the first two count");
 

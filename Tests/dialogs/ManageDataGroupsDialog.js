@@ -25,7 +25,7 @@ equal(box(lines, d => {
     ["global", "All runs", "", "global"], ["tran1", "Start-up", "Transient", "keep"],
     ["tran2", "", "Transient", "current"], ["ac1", "Loop", "AC", "keep"], ["ac2", "", "", ""],
   ]);
-  equal([d.current(list), enabled(d)], [2, "00010"], "the cursor is at the current group, and nothing is selected");
+  equal([d.current(list), enabled(d)], [2, "11111"], "the current group is selected");
   equal(d.get("deleteGroupButton", "toolTip"), "Delete selected groups.\n\nNote: Global group cannot be deleted");
   equal(d.get("deleteAllGroupsButton", "toolTip"), "Delete all groups except global group");
   d.accept();
@@ -94,8 +94,13 @@ const edit = (d, act, leave) => {
 };
 equal(box(lines, d => {
   d.choose(list, [1]);
-  equal(edit(d, e => { e.type("edit", "Cold start; 12 V|keep"); e.accept(); }, d => d.press("Edit Title")), ["InputDialog", "Start-up"]);
-  equal(d.cell(list, 1, 1), "Cold start; 12 V|keep");
+  // A semicolon would break the record: what was typed is there to be mended.
+  equal(edit(d, e => { e.type("edit", "Cold; 12 V"); e.accept(); }, d => {
+    host.onDialog(m => { check(m.message().text.includes("semicolon"), m.message().text); m.accept(); });
+    host.onDialog(e => { equal(e.text("edit"), "Cold; 12 V"); e.type("edit", "Cold start, 12 V|keep"); e.accept(); });
+    d.press("Edit Title");
+  }), ["InputDialog", "Start-up"]);
+  equal(d.cell(list, 1, 1), "Cold start, 12 V|keep");
   d.choose(list, [3]);
   edit(d, e => { e.type("edit", "no"); e.reject(); }, d => d.key(list, "F2"));
   edit(d, e => { e.type("edit", ""); e.accept(); }, d => d.key(list, "F2"));
@@ -103,7 +108,7 @@ equal(box(lines, d => {
   edit(d, e => { e.type("edit", "gone"); e.accept(); }, d => d.key(null, "F2"));
   d.key(null, "Delete");
   d.accept();
-}).values, ["global;All runs;global", "tran1;Cold start; 12 V|keep;keep", "tran2;;current", "ac1;;keep", "ac2;gone;deleted"]);
+}).values, ["global;All runs;global", "tran1;Cold start, 12 V|keep;keep", "tran2;;current", "ac1;;keep", "ac2;gone;deleted"]);
 
 // --- by keyboard alone, and ways out ------------------------------------------------------------
 

@@ -49,6 +49,15 @@ equal(box([["R::0|10|0.25"], ["1"]], d => {
   d.set("Spinner0", "99");
   d.accept();
 }), ["10"]);
+// What nobody has changed stays, in the field that has the focus, too; what is changed is held.
+for (const type of ["", "int"])
+  equal(box([[`R:${type}:0|10`, `S:${type}:0|10`, `T:${type}:0|10`], ["99", "99", "99"]], d => {
+    d.key(null, "Tab");
+    d.key(null, "Tab");
+    d.key("Spinner2", "Backspace");
+    d.type("Spinner2", "98");
+    d.key("Spinner0", "Return");
+  }), ["99", "99", "10"], `limits of ${type}`);
 
 // --- order, groups, keyboard --------------------------------------------------------------------
 
@@ -80,6 +89,13 @@ box([new Array(9).fill("n").concat(["f:bool", "g:bool"]), []], d => {
   equal(d.names().filter(n => /^Line\d+$/.test(n)), ["Line5"]);
   check(position(d, "Line5")[1] > position(d, "Spinner8")[1] &&
         position(d, "Line5")[1] < position(d, "CheckBox9")[1], "a line between them");
+  d.reject();
+});
+
+// A field is as wide as its first text, within reason.
+box([["a", "b", "c:string", "d:string"], ["1", "{Rload*(1+tolerance)}", "x".repeat(30), "x".repeat(3000)]], d => {
+  const [one, expression, text, long] = ["Spinner0", "Spinner1", "EditBox2", "EditBox3"].map(w => d.get(w, "minimumWidth"));
+  check(expression > one + 50 && text > expression && long > text && long < 600, `${one} ${expression} ${text} ${long}`);
   d.reject();
 });
 

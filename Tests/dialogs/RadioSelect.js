@@ -71,6 +71,10 @@ check(/^RadioSelect_\d+$/.test(name([["One"]])), "name");
 check(name([["One"]]) === name([["One", "else"]]), "a title has one name");
 check(name([["One"]]) !== name([["Two"]]), "two titles have two");
 check(name([]) === name([["Select Button"]]), "the title that is shown counts");
+box([1, ["R & D", "b"], ["", "", "A & B"]], d => {
+  equal([d.title, d.text("RadioButton0"), d.text("checkBox")], ["Select Button", "R && D", "A && B"]);
+  d.reject();
+});
 
 // --- help ---------------------------------------------------------------------------------------
 

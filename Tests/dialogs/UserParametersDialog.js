@@ -21,7 +21,7 @@ equal(box([names, values], d => {
   d.accept();
 }), texts(values));
 
-for (const [title, shown] of [[["MOS"], "MOS"], [[], "Edit Parameters"], [[""], ""]])
+for (const [title, shown] of [[["MOS"], "MOS"], [[], "Edit Parameters"], [[""], "Edit Parameters"]])
   box([names, values, title], d => { equal(d.title, shown); d.reject(); });
 
 // A row for each name.

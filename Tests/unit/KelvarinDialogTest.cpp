@@ -10,7 +10,11 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
 #include <QPointer>
 #include <QPushButton>
 #include <QTableWidget>
@@ -368,6 +372,22 @@ TEST(KelvarinDialog, OkFinishesTheCellThatIsOpen) {
   EXPECT_EQ(cell, QStringLiteral("typed"));
 }
 
+TEST(KelvarinDialog, CtrlReturnIsAnOkThatCanBeSeen) {
+  for (const bool isSeen : {true, false}) {
+    TestDialog dialog;
+    auto* list = new QTableWidget(1, 1, &dialog);
+    dialog.layout()->addWidget(list);
+    QPushButton* ok = dialog.addButton("okButton");
+    ok->setVisible(isSeen);
+    dialog.KelvarinDialog::prepareDialog(nullptr, UserReal);
+    dialog.show();
+    QApplication::setActiveWindow(&dialog);
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(dialog.isVisible(), !isSeen);
+  }
+}
+
 TEST(KelvarinDialog, AnyWayToAcceptFinishesTheOpenField) {
   FakeCall call;
   double taken = 0;
@@ -388,6 +408,51 @@ TEST(KelvarinDialog, AnyWayToAcceptFinishesTheOpenField) {
   EXPECT_TRUE(dialog.runDialog(call.block(), UserReal));
   EXPECT_EQ(taken, 10);
   EXPECT_EQ(changes, 1);
+}
+
+TEST(KelvarinDialog, WhatIsPastedIntoAFieldIsOneLine) {
+  const QString text = QStringLiteral("\na\r\nb\u2028c\n");
+  const auto drop = [&text](QLineEdit* edit) {
+    QMimeData data;
+    data.setText(text);
+    QDragEnterEvent enter(QPoint(1, 1), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(edit, &enter);
+    QDropEvent event(QPointF(1, 1), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(edit, &event);
+  };
+  const auto paste = [](QLineEdit* edit) { QTest::keyClick(edit, Qt::Key_V, Qt::ControlModifier); };
+  const auto pasteByMenu = [](QLineEdit* edit) {
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(1, 1), QPoint(1, 1));
+    QApplication::sendEvent(edit, &event);
+    auto* menu = edit->findChild<QMenu*>();
+    ASSERT_TRUE(menu);
+    for (QAction* action : menu->actions())
+      if (action->text().startsWith(QLatin1String("&Paste")))
+        action->trigger();
+    menu->close();
+  };
+  const struct {
+    const char* name;
+    std::function<void(QLineEdit*)> act;
+  } ways[] = {{"keys", paste}, {"menu", pasteByMenu}, {"drop", drop}};
+  QApplication::clipboard()->setText(text);
+  for (const auto& way : ways) {
+    TestDialog dialog;
+    auto* edit = new QLineEdit(QStringLiteral("x\ny"), &dialog);
+    dialog.layout()->addWidget(edit);
+    auto* spinner = new Spinner(&dialog);
+    dialog.layout()->addWidget(spinner);
+    dialog.show();
+    for (QLineEdit* field : {edit, spinner->findChild<QLineEdit*>()}) {
+      field->setFocus();
+      field->end(false);
+      way.act(field);
+      EXPECT_TRUE(field->text().contains(QStringLiteral("a b c"))) << way.name;
+    }
+    EXPECT_EQ(edit->text().count(QLatin1Char('\n')), 1) << "the one that was there, " << way.name;
+    edit->undo();
+    EXPECT_EQ(edit->text(), QStringLiteral("x\ny")) << way.name;
+  }
 }
 
 /// Raised by a slot that a button of a dialog calls.

@@ -33,34 +33,35 @@ TEST(OfferedNames, RowsKnowWhereTheyCameFrom) {
   }
 }
 
-TEST(OfferedNames, FindsByBeginningAndByName) {
+TEST(OfferedNames, FindsTheNameThatIsMeant) {
   const struct {
     const char* names;
     const char* text;
-    int beginning;
+    int nearest;
     int name;
   } cases[] = {
       {"BC547 BC548 bc5", "BC54", 0, -1},
       {"BC547 BC548 bc5", "bc548", 1, 1},
-      {"BC547 BC548 bc5", "bc5", 2, 2}, // as typed comes before in any case
-      {"R10 R1", "R1", 0, 1},
+      {"BC547 BC548 bc5", "bc5", 2, 2},
+      {"R10 R1", "R1", 1, 1},
+      {"D1N4148 d1n4148_hot", "d1n4148", 0, 0}, // the same in any case before a beginning
+      {"R1 r1 R1", "r1", 1, 1},                 // the same text before any case
+      {"BC547 bc547_a", "bc", 0, -1},
       {"Straße", "STRASSE", -1, -1},
       {"ΣΊΣΥΦΟΣ", "σίσυφος", 0, 0},
-      {"a b", "", 0, -1},
+      {"a b", "", -1, -1},
       {"a b", "ab", -1, -1},
   };
   for (const auto& c : cases) {
     const OfferedNames offered(words(c.names), Order::AsGiven);
-    EXPECT_EQ(offered.firstRowBeginningWith(QString::fromUtf8(c.text)), c.beginning) << c.text;
+    EXPECT_EQ(offered.nearestRow(QString::fromUtf8(c.text)), c.nearest) << c.text;
     EXPECT_EQ(offered.rowOfName(QString::fromUtf8(c.text)), c.name) << c.text;
   }
-  const OfferedNames none;
-  EXPECT_EQ(none.firstRowBeginningWith(QString()), -1);
 }
 
 TEST(OfferedNames, ANameSelectsItselfWhereNamesAreSorted) {
   // Else a box that is opened with a name and accepted as it stands would give another name.
   const OfferedNames offered(words("r1 R10 r10 R1 r r1 2N2 2n22"), Order::Ascending);
   for (const QString& name : offered.names())
-    EXPECT_EQ(offered.names().at(offered.firstRowBeginningWith(name)), name);
+    EXPECT_EQ(offered.names().at(offered.nearestRow(name)), name);
 }

@@ -71,6 +71,21 @@ TEST(PropertyFlags, AnAttributeHasItsBitsAndNoOthers) {
     }
 }
 
+TEST(PropertyFlags, WhatIsNotTouchedKeepsItsBits) {
+  const struct {
+    std::int32_t passed, shown, made;
+    bool hasNewFontStyle;
+    std::int32_t kept;
+  } cases[] = {
+      {0x2400, 0x600, 0x600, false, 0x2400}, {0x2400, 0x600, 0xe00, false, 0xe00},
+      {0x2400, 0x600, 0x600, true, 0x600},   {0x2400, 0x600, 0x640, false, 0x2440},
+      {0x103, 0x308, 0x308, false, 0x103},   {0x103, 0x308, 0x200, false, 0},
+      {-1, -1, ~0x80, false, ~0x80},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(keepUntouched(c.passed, c.shown, c.made, c.hasNewFontStyle), c.kept) << c.made;
+}
+
 TEST(PropertyFlags, JustificationIsARowOfTheList) {
   for (int row = 0; row < rowsOnOffer; ++row) {
     PropertyAttributes attributes;

@@ -8,7 +8,9 @@
 #include <QDialog>
 #include <QFile>
 #include <QGuiApplication>
+#include <QImage>
 #include <QLabel>
+#include <QPixmap>
 #include <QPushButton>
 #include <QScreen>
 #include <QTemporaryDir>
@@ -191,6 +193,24 @@ TEST_F(ColourTest, OfOptionsAndPagesAreAlike) {
   for (const char* none : {"no colour", "transparent", "1k", "0xff", "1.5", "-1", "16777216", "#",
                            "#12", "#12345", "#12345678901234", "#-12", ""})
     EXPECT_EQ(sp_ConvertHTMLcolourToRGB(none), 0) << none;
+}
+
+TEST(Graphics, ADrawingIsDrawnAtItsSizeWhateverItsFileIsCalled) {
+  QTemporaryDir folder;
+  for (const char* name : {"half.svg", "half.png"}) {
+    QFile file(folder.filePath(QString::fromLatin1(name)));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"4\" height=\"4\">"
+               "<path d=\"M0 0h2v4h-2z\" fill=\"#ff0000\"/></svg>");
+    file.close();
+    QPixmap picture;
+    ASSERT_TRUE(sp_GetPixmap(file.fileName(), &picture, 24)) << name;
+    const QImage image = picture.toImage();
+    ASSERT_GE(image.width(), 16) << name;
+    // What is enlarged has an edge that is neither red nor nothing.
+    for (int x = 0; x < image.width(); ++x)
+      EXPECT_TRUE(image.pixelColor(x, 8).alpha() % 255 == 0) << name << ' ' << x;
+  }
 }
 
 TEST_F(FontTest, TheOptionOfThatVeryNameComesFirst) {

@@ -28,18 +28,17 @@ int OfferedNames::rowOfPlace(int place) const {
 }
 
 int OfferedNames::rowOfName(const QString& name) const {
-  return firstRow(m_names.begin(), m_names.end(), [&](const QString& other) {
-    return other.compare(name, Qt::CaseInsensitive) == 0;
+  const int same = m_names.indexOf(name);
+  return same >= 0 ? same : firstRow(m_names.begin(), m_names.end(), [&](const QString& other) {
+    return other.size() == name.size() && other.compare(name, Qt::CaseInsensitive) == 0;
   });
 }
 
-int OfferedNames::firstRowBeginningWith(const QString& text) const {
-  for (const Qt::CaseSensitivity comparison : {Qt::CaseSensitive, Qt::CaseInsensitive}) {
-    const int row = firstRow(m_names.begin(), m_names.end(), [&](const QString& name) {
-      return name.startsWith(text, comparison);
-    });
-    if (row >= 0)
-      return row;
-  }
-  return -1;
+int OfferedNames::nearestRow(const QString& text) const {
+  if (text.isEmpty())
+    return -1;
+  const int row = rowOfName(text);
+  return row >= 0 ? row : firstRow(m_names.begin(), m_names.end(), [&](const QString& name) {
+    return name.startsWith(text, Qt::CaseInsensitive);
+  });
 }

@@ -20,10 +20,10 @@ public:
   // Each gives a row, or -1 where there is none. A pass over 100,000 names takes a small part of a
   // display frame, so that it can be made on every keystroke.
   int rowOfPlace(int place) const;
-  int rowOfName(const QString& name) const; ///< the same text in any letter case
-  /// The first row whose name begins with `text` as it stands; failing that, in any letter case.
-  /// Every name begins with an empty text.
-  int firstRowBeginningWith(const QString& text) const;
+  int rowOfName(const QString& name) const; ///< the same text, failing that in any letter case
+  /// The same, failing that the first that begins with `text` in any case. An empty text means
+  /// none.
+  int nearestRow(const QString& text) const;
 
 private:
   QStringList m_names;

@@ -31,10 +31,12 @@ PropertyValue readPropertyValue(const char* passed, PropertyKind kind) {
 
 YString writePropertyValue(const PropertyValue& value, const char* passed, PropertyKind kind) {
   const PropertyValue before = readPropertyValue(passed, kind);
-  // A text that is no number or not valid is shown as well as can be, and goes back as it came.
-  if (before.text == value.text && before.attributes == value.attributes)
-    return YString(passed);
-  const YString text(value.text.toUtf8().constData());
+  // A text that is not valid is shown as well as can be, and goes back as it came.
+  YString text(value.text.toUtf8().constData());
+  if (passed && before.text == value.text) {
+    const char* end = before.attributes ? std::strrchr(passed, ';') : std::strchr(passed, '\0');
+    text = YString(passed, static_cast<std::size_t>(end - passed));
+  }
   return value.attributes ? YString(text.concat(";").concat(YString(*value.attributes))) : text;
 }
 

@@ -23,8 +23,8 @@ struct PropertyValue {
 /// behind the last semicolon; those before it belong to the value. Null counts as empty.
 PropertyValue readPropertyValue(const char* passed, PropertyKind kind);
 
-/// The text that goes back for a value that came in `passed` (null for a new one): `passed` itself,
-/// byte for byte, where nothing has been changed, else value, semicolon and flags.
+/// The text that goes back for a value that came in `passed` (null for a new one): the value, byte
+/// for byte where it has not been changed, and, where it has flags, a semicolon and their number.
 YString writePropertyValue(const PropertyValue& value, const char* passed, PropertyKind kind);
 
 /// A value in one line: each line break is shown as the two characters \n.

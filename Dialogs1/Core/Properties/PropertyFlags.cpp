@@ -29,6 +29,9 @@ constexpr struct {
 };
 
 constexpr std::uint32_t fontStyleIsValid = 1U << 9;
+// What the user sets together: where the text stands, and its font style.
+constexpr std::uint32_t placeBits = 1U << AbsoluteBit | 3U << 3 | 3U;
+constexpr std::uint32_t fontStyleBits = fontStyleIsValid | 7U << 11;
 constexpr int horizontalCodes = 3; // a fourth would fit the bits, but has no place in the list
 
 } // namespace
@@ -55,6 +58,17 @@ std::int32_t writePropertyFlags(std::int32_t flags, const PropertyAttributes& at
     word |= std::uint32_t{attributes.*one.attribute} << one.bit;
   }
   return static_cast<std::int32_t>(word);
+}
+
+std::int32_t keepUntouched(std::int32_t passed, std::int32_t shown, std::int32_t made,
+                           bool hasNewFontStyle) {
+  auto touched = static_cast<std::uint32_t>(shown) ^ static_cast<std::uint32_t>(made);
+  if (touched & placeBits)
+    touched |= placeBits;
+  if (hasNewFontStyle || touched & fontStyleBits)
+    touched |= fontStyleBits;
+  return static_cast<std::int32_t>((static_cast<std::uint32_t>(passed) & ~touched) |
+                                   (static_cast<std::uint32_t>(made) & touched));
 }
 
 int justificationRow(const PropertyAttributes& attributes, int rows) {

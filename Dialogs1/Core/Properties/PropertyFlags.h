@@ -35,6 +35,11 @@ PropertyAttributes readPropertyFlags(std::int32_t flags);
 /// bits stay as they are. Of a number that is too large, or negative, the low bits are kept.
 std::int32_t writePropertyFlags(std::int32_t flags, const PropertyAttributes& attributes);
 
+/// The flags of a property that a box has shown as `shown` and left as `made`: what the user did
+/// not touch keeps the bits of `passed`, even where the box cannot show them.
+std::int32_t keepUntouched(std::int32_t passed, std::int32_t shown, std::int32_t made,
+                           bool hasNewFontStyle);
+
 /// The two justification codes as the row of a list that goes through the horizontal ones first,
 /// three to a vertical one. Codes beyond the `rows` of the list give its last one.
 int justificationRow(const PropertyAttributes& attributes, int rows);

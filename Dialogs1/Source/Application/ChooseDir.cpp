@@ -70,12 +70,19 @@ void ChooseDir::createDirectoryButton_clicked() {
       askForText(this, tr("Enter directory to create"), form.directoryLabel->text());
   if (!text)
     return;
-  if (sp_MakeDir(toYs(*text))) {
-    openTree(sp_GetFullPath(toYs(*text))); // one without a root was made in the working directory
+  const QString path = belowChosen(*text);
+  if (sp_MakeDir(toYs(path))) {
+    openTree(sp_GetFullPath(toYs(path)));
     return;
   }
   warn(this, tr("Cannot Create Directory"),
-       tr("Cannot create directory %1").arg(shownCaption(*text)));
+       tr("Cannot create directory %1").arg(shownCaption(path)));
+}
+
+QString ChooseDir::belowChosen(const QString& name) const {
+  const bool isBelow = !name.isEmpty() && QDir::isRelativePath(QDir::fromNativeSeparators(name));
+  const QString folder = form.directoryLabel->text();
+  return isBelow ? folder + QDir::separator() + name : name;
 }
 
 void ChooseDir::openTree(const YString& path) {

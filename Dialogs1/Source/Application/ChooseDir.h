@@ -31,6 +31,8 @@ private:
   /// Fills the tree anew, opened along `path` as far as there are directories.
   void openTree(const YString& path);
   void openBelow(Directory* root, const YString& path);
+  /// A full path as it stands, another as one below the chosen directory.
+  QString belowChosen(const QString& name) const;
   void showCurrent();
 
   Ui::BaseChooseDirDialog form;

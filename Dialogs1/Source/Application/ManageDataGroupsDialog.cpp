@@ -3,6 +3,7 @@
 #include "Frame/ScriptFunction.h"
 #include "Generic/InputDialog.h"
 #include "Pieces/ListRows.h"
+#include "Pieces/Messages.h"
 #include "Pieces/TreeColumns.h"
 
 #include <QGuiApplication>
@@ -59,9 +60,7 @@ void ManageDataGroupsDialog::initialiseDialog() {
   QTreeWidget* tree = form.manageGroupsListWidget;
   tree->addTopLevelItems(items);
   restoreColumnWidths(tree, widthsKey);
-  // The keyboard starts at the current group; it is not selected, so that a key does it no harm.
-  const int current = std::max(groups.current(), 0);
-  tree->setCurrentItem(tree->topLevelItem(current), 0, QItemSelectionModel::NoUpdate);
+  tree->setCurrentItem(tree->topLevelItem(std::max(groups.current(), 0)));
   manageGroupsListWidgetSelectionChanged();
   // By itself a window takes no more than two thirds of the screen's width, too, and hides the
   // flags on a small one.
@@ -113,11 +112,17 @@ void ManageDataGroupsDialog::deleteAllGroupsButtonClicked() {
 void ManageDataGroupsDialog::editTitleButtonClicked() {
   QTreeWidget* tree = form.manageGroupsListWidget;
   QTreeWidgetItem* item = tree->topLevelItem(selectedRows(tree).front().first);
-  const QString title = item->text(ManageDataItem::Title);
-  const std::optional<QString> text = askForText(this, tr("Title"), title);
-  // A title that was not touched goes back byte for byte, even one that is no valid text.
-  if (text && *text != title)
-    item->setText(ManageDataItem::Title, *text);
+  QString title = item->text(ManageDataItem::Title);
+  while (const std::optional<QString> text = askForText(this, tr("Title"), title)) {
+    title = *text;
+    if (!title.contains(QLatin1Char(';'))) {
+      // A title that was not touched goes back byte for byte, even one that is no valid text.
+      if (title != item->text(ManageDataItem::Title))
+        item->setText(ManageDataItem::Title, title);
+      return;
+    }
+    warn(this, windowTitle(), tr("A title has no semicolon in it."));
+  }
 }
 
 void ManageDataGroupsDialog::showRemoval(const DataGroups::Removal& removal) {

@@ -1,5 +1,6 @@
 #include "Frame/KelvarinDialog.h"
 
+#include "Frame/LineFields.h"
 #include "HostSupport/Arguments.h"
 #include "HostSupport/Numbers.h"
 #include "HostSupportQt/HostSupportQt.h"
@@ -8,6 +9,8 @@
 
 #include <QApplication>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QShortcut>
 #include <QVariant>
 
 #include <algorithm>
@@ -49,6 +52,42 @@ bool fillsResult(const QWidget* field, const QWidget* dialog) {
   return false;
 }
 
+/// Ctrl+Return is OK everywhere, also where Return means something in a list.
+void acceptByCtrlReturn(QPushButton* okButton) {
+  for (int key : {Qt::Key_Return, Qt::Key_Enter})
+    QObject::connect(new QShortcut(QKeySequence(Qt::CTRL + key), okButton->window()),
+                     &QShortcut::activated, okButton, [okButton] {
+                       if (okButton->isVisible())
+                         okButton->click();
+                     });
+}
+
+/// Tab stops at the checked one of buttons of which one is checked, and at no other.
+void stopTabAt(QRadioButton* checked) {
+  const auto isAlike = [](const QRadioButton* button) {
+    return button->autoExclusive() && !button->group(); // a group looks after its own
+  };
+  if (!isAlike(checked) || checked->isHidden())
+    return;
+  for (auto* button :
+       checked->parentWidget()->findChildren<QRadioButton*>(QString(), Qt::FindDirectChildrenOnly))
+    if (isAlike(button))
+      button->setFocusPolicy(Qt::FocusPolicy(button == checked
+                                                 ? button->focusPolicy() | Qt::TabFocus
+                                                 : button->focusPolicy() & ~Qt::TabFocus));
+}
+
+void stopTabAtChecked(const QWidget* dialog) {
+  for (auto* button : dialog->findChildren<QRadioButton*>()) {
+    QObject::connect(button, &QRadioButton::toggled, button, [button](bool checked) {
+      if (checked)
+        stopTabAt(button);
+    });
+    if (button->isChecked())
+      stopTabAt(button);
+  }
+}
+
 /// In a result of reals an expression has no place: the fields that fill it say so.
 void takeNumbersOnly(const QWidget* dialog) {
   for (auto* spinner : dialog->findChildren<Spinner*>())
@@ -67,6 +106,7 @@ KelvarinDialog::KelvarinDialog(QWidget* parent, const char* objectName, bool mod
   installFieldAccessibility();
   setObjectName(QString::fromLatin1(objectName));
   setModal(modal);
+  new LineFields(this);
   openDialogs.add(this);
 }
 
@@ -87,13 +127,15 @@ void KelvarinDialog::readDialog(UserDataType type, bool accepted) {
 }
 
 void KelvarinDialog::prepareDialog(UserFunctionInterface*, UserDataType) {
+  stopTabAtChecked(this);
   const QObjectList buttons = qtsp_QueryList(this, "QPushButton", nullptr, true, true);
   for (QObject* object : buttons) {
     auto* button = static_cast<QPushButton*>(object);
     const QString name = button->objectName();
-    if (name == QLatin1String("okButton"))
+    if (name == QLatin1String("okButton")) {
       connect(button, &QPushButton::clicked, this, [this, button] { commitAndAccept(button); });
-    else if (name == QLatin1String("cancelButton"))
+      acceptByCtrlReturn(button);
+    } else if (name == QLatin1String("cancelButton"))
       connect(button, &QPushButton::clicked, this, [this] { cancelClicked(); });
     else if (name == QLatin1String("helpButton")) {
       if (sp_HasHelp())

@@ -1,6 +1,7 @@
 #include "Generic/BaseAddRemoveDialog.h"
 
 #include "HostSupport/HostSupport.h"
+#include "HostSupportQt/Captions.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "Pieces/Captions.h"
 #include "Pieces/ListRows.h"
@@ -32,8 +33,8 @@ void putCursor(QListWidget* list, int row) {
 void setTitle(QGroupBox* box, QListWidget* list, const QString& title) {
   if (title.isEmpty())
     return;
-  box->setTitle(shownCaption(title));
-  list->setAccessibleName(box->title().remove(QLatin1Char('&')));
+  captionGroup(box, title);
+  list->setAccessibleName(plainCaption(shownCaption(title)));
 }
 
 } // namespace
@@ -62,7 +63,8 @@ void BaseAddRemoveDialog::prepareDialog(UserFunctionInterface* args, UserDataTyp
     });
   for (int key : {Qt::Key_Insert, Qt::Key_Return, Qt::Key_Enter})
     onKey(allItemsListBox, key, &Self::addButton_clicked);
-  onKey(selectedItemsListBox, Qt::Key_Delete, &Self::removeButton_clicked);
+  for (int key : {Qt::Key_Delete, Qt::Key_Return, Qt::Key_Enter})
+    onKey(selectedItemsListBox, key, &Self::removeButton_clicked);
   onKey(selectedItemsListBox, Qt::CTRL + Qt::Key_Up, &Self::upButton_clicked);
   onKey(selectedItemsListBox, Qt::CTRL + Qt::Key_Down, &Self::downButton_clicked);
   KelvarinDialog::prepareDialog(args, type);
@@ -70,7 +72,12 @@ void BaseAddRemoveDialog::prepareDialog(UserFunctionInterface* args, UserDataTyp
 
 void BaseAddRemoveDialog::onKey(QListWidget* list, int key, Slot slot) {
   auto* shortcut = new QShortcut(QKeySequence(key), list, nullptr, nullptr, Qt::WidgetShortcut);
-  connect(shortcut, &QShortcut::activated, this, [this, list, slot] {
+  const bool isReturn = key == Qt::Key_Return || key == Qt::Key_Enter;
+  connect(shortcut, &QShortcut::activated, this, [this, list, slot, isReturn] {
+    if (isReturn && list->count() == 0) {
+      okClicked(); // there is nothing else that it could mean
+      return;
+    }
     // With nothing selected the user means the item that the cursor is on.
     if (list->currentItem() && !list->selectionModel()->hasSelection())
       list->currentItem()->setSelected(true);

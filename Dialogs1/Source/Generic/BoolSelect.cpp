@@ -4,14 +4,14 @@
 #include "Frame/ScriptFunction.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "HostWidgets/CheckBox.h"
-#include "HostWidgets/Label.h"
+#include "Pieces/CaptionLabel.h"
 #include "Pieces/Captions.h"
 
 #include <algorithm>
 #include <cmath>
 
 static int runBoolSelect(UserFunctionInterface* call) {
-  if (refusesRowCount(BoolSelect::boxCount(call), "BoolSelect"))
+  if (refusesRowCount(BoolSelect::boxCount(call)))
     return 0;
   return runDialogFunction<BoolSelect, UserReal>(call);
 }
@@ -50,21 +50,21 @@ void BoolSelect::prepareDialog(UserFunctionInterface* args, UserDataType type) {
   const Texts captions = asked > 0 ? texts(Captions) : Texts();
 
   const int columns = columnsFor(boxes);
-  const QString groupTitle = shownCaption(toQs(getString(GroupTitle)));
-  if (!groupTitle.isEmpty())
-    form.groupBox->setTitle(groupTitle);
-  const QString heading = labelText(toQs(getString(Heading)));
+  captionGroup(form.groupBox, toQs(getString(GroupTitle)));
+  const QString heading = toQs(getString(Heading));
   int firstRow = 0;
   if (!heading.isEmpty()) {
-    auto* label = new Label(form.groupBox);
-    label->setText(heading);
-    form.groupBoxLayout->addWidget(label, firstRow++, 0, 1, columns);
+    auto* label = new CaptionLabel(form.groupBox);
+    label->setCaption(heading);
+    form.groupBoxLayout->addWidget(label, firstRow++, 0, 1, columns, Qt::AlignLeft);
   }
 
   CheckBox* first = nullptr;
   for (int i = 0; i < static_cast<int>(boxes); ++i) {
     auto* box = new CheckBox(form.groupBox, QByteArray("CheckBox" + QByteArray::number(i)));
-    box->setText(shownCaption(captions.text(static_cast<unsigned>(i))));
+    const QString caption = captions.text(static_cast<unsigned>(i));
+    captionButton(box, caption);
+    noteCaption(caption);
     // A box without a caption still has a name for those who do not see it.
     if (box->text().isEmpty())
       box->setAccessibleName(tr("Item %1").arg(i + 1));

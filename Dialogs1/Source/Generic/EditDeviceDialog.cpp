@@ -3,7 +3,9 @@
 #include "Frame/ScriptFunction.h"
 #include "Generic/ParametersDialog.h"
 #include "HostSupportQt/HostSupportQt.h"
+#include "Pieces/CaptionLabel.h"
 #include "Pieces/Captions.h"
+#include "Pieces/LineEdits.h"
 #include "Pieces/ListRows.h"
 
 #include <QScopedValueRollback>
@@ -44,10 +46,9 @@ void EditDeviceDialog::prepareDialog(UserFunctionInterface* args, UserDataType t
 
 void EditDeviceDialog::initialiseDialog() {
   const Texts settings = texts(Settings);
-  const auto caption = [&](Setting which) {
-    return settings.has(which) ? settings.text(which) : tr("Select device");
-  };
-  load(caption(WindowTitle), caption(Caption), OfferedNames::Order::Ascending);
+  load(settings.text(WindowTitle, tr("Select device")),
+       settings.has(Caption) ? settings.text(Caption) : tr("Select device"),
+       OfferedNames::Order::Ascending);
   setShown({form.multiLabel, form.selectAllButton}, false);
 
   QString name = settings.text(CurrentName);
@@ -55,7 +56,7 @@ void EditDeviceDialog::initialiseDialog() {
     const int row = offered.rowOfPlace(settings.number(CurrentIndex));
     name = row < 0 ? QString() : offered.names().at(row);
   }
-  start(name, name.isEmpty() ? -1 : offered.firstRowBeginningWith(name));
+  start(name, offered.nearestRow(name));
   loadParameters();
 }
 
@@ -87,7 +88,7 @@ void EditDeviceDialog::start(const QString& text, int row) {
   selectRow(row);
   form.editBox->setText(text);
   form.editBox->setFocus(Qt::TabFocusReason);
-  form.editBox->selectAll();
+  selectWhole(form.editBox);
 }
 
 void EditDeviceDialog::readDialog(UserDataType, bool accepted) {
@@ -116,7 +117,7 @@ void EditDeviceDialog::editBox_textChanged(const QString& text) {
   if (listUpdating)
     return;
   const QScopedValueRollback<bool> guard(listUpdating, true);
-  selectRow(offered.firstRowBeginningWith(text));
+  selectRow(offered.nearestRow(text));
 }
 
 void EditDeviceDialog::parametersButton_clicked() {

@@ -15,7 +15,7 @@ constexpr unsigned defaultBoxes = 6;
 } // namespace
 
 static int runEditSelect(UserFunctionInterface* call) {
-  if (!refusesRowCount(EditSelect::boxCount(call), "EditSelect"))
+  if (!refusesRowCount(EditSelect::boxCount(call)))
     return runDialogFunction<EditSelect, UserString>(call);
   // A script that could not ask takes it as if the user had said no.
   setStringResult(call, "");

@@ -2,7 +2,7 @@
 
 #include "Frame/ScriptFunction.h"
 #include "HostSupportQt/HostSupportQt.h"
-#include "Pieces/Captions.h"
+#include "Pieces/CaptionLabel.h"
 
 static const ScriptFunction declaration("EnterTextDialog", 1, "S", StringVectorResult,
                                         runDialogFunction<EnterTextDialog, UserString>);
@@ -21,12 +21,12 @@ EnterTextDialog::EnterTextDialog() : KelvarinDialog(nullptr, "EnterTextDialog", 
 void EnterTextDialog::initialiseDialog() {
   dimsSavingEnabled = true;
   const Texts settings = texts(Settings);
-  form.editBox->setPlainText(settings.text(InitialText));
+  form.editBox->load(settings.raw(InitialText));
   form.editBox->setFocus(Qt::TabFocusReason);
   captionField(form.label, form.editBox, settings.text(Caption));
 }
 
 void EnterTextDialog::readDialog(UserDataType, bool accepted) {
   if (accepted)
-    setStringResult(toYs(form.editBox->toPlainText()));
+    setStringResult(YString(form.editBox->bytes().constData()));
 }

@@ -2,7 +2,8 @@
 
 #include "Frame/ScriptFunction.h"
 #include "HostSupportQt/HostSupportQt.h"
-#include "Pieces/Captions.h"
+#include "Pieces/CaptionLabel.h"
+#include "Pieces/LineEdits.h"
 
 static const ScriptFunction graphDeclaration("InputGraph", 0, "SS", StringVectorResult,
                                              runDialogFunction<InputGraph, UserString>);
@@ -28,7 +29,8 @@ void InputDialog::initialiseDialog() {
 void InputDialog::load(const QString& text, const QString& caption) {
   form.edit->setText(text);
   form.edit->setFocus(Qt::TabFocusReason);
-  form.edit->selectAll();
+  fitText(form.edit);
+  selectWhole(form.edit);
   captionField(form.label, form.edit, caption);
 }
 

@@ -57,7 +57,7 @@ void setUpChoice(ComboBox* box, const FieldDefinition& definition, const char* i
 } // namespace
 
 static int runNewValueDialog(UserFunctionInterface* call) {
-  if (refusesRowCount(Texts(call, Definitions).count(), "NewValueDialog"))
+  if (refusesRowCount(Texts(call, Definitions).count()))
     return 0;
   return runDialogFunction<NewValueDialog, UserString>(call);
 }
@@ -110,7 +110,7 @@ QWidget* NewValueDialog::makeField(int index, const FieldDefinition& definition,
   switch (definition.kind) {
   case FieldKind::Flag: {
     auto* box = newField<CheckBox>(form.groupBox, "CheckBox", index);
-    box->setText(shownCaption(toQs(definition.label)));
+    captionButton(box, toQs(definition.label));
     box->setChecked(initialFlag(initial));
     return box;
   }

@@ -20,7 +20,7 @@ constexpr unsigned defaultButtons = 6;
 } // namespace
 
 static int runRadioSelect(UserFunctionInterface* call) {
-  if (!refusesRowCount(Texts(call, Captions).count(), "RadioSelect"))
+  if (!refusesRowCount(Texts(call, Captions).count()))
     return runDialogFunction<RadioSelect, UserReal>(call);
   // A script that could not ask takes it as if the user had said no.
   if (double* result = call->makeRealResult(call, 1, nullptr))
@@ -50,13 +50,12 @@ void RadioSelect::prepareDialog(UserFunctionInterface* args, UserDataType type) 
 
 void RadioSelect::initialiseDialog() {
   const Texts settings = texts(Settings);
-  load(settings.has(Title) ? settings.text(Title) : windowTitle(),
-       labelText(settings.text(Heading)), shownCaption(settings.text(Option)));
+  load(settings.text(Title, windowTitle()), settings.text(Heading), settings.text(Option));
 
   const Texts passed = texts(Captions);
   QStringList captions;
   for (unsigned i = 0; i < (passed.isEmpty() ? defaultButtons : passed.count()); ++i)
-    captions.append(passed.isEmpty() ? standInCaption(i) : shownCaption(passed.text(i)));
+    captions.append(passed.isEmpty() ? standInCaption(i) : passed.text(i));
   fillGroup(captions, truncatedToInt(getReal(Number)));
 }
 
@@ -65,20 +64,21 @@ void RadioSelect::load(const QString& title, const QString& heading, const QStri
   setObjectName(toQs(hashedObjectName("RadioSelect", toYs(title))));
   dimsSavingEnabled = true;
 
-  form.label->setText(heading);
+  form.label->setCaption(heading);
   if (heading.isEmpty()) {
     form.verticalLayout->removeWidget(form.label);
     form.label->hide();
   }
   hasCheckBox = !option.isEmpty();
-  form.checkBox->setText(option);
+  captionButton(form.checkBox, option);
   form.checkBox->setVisible(hasCheckBox);
 }
 
 void RadioSelect::fillGroup(const QStringList& captions, int number) {
   QRadioButton* first = nullptr;
   for (int i = 0; i < captions.size(); ++i) {
-    auto* button = new QRadioButton(captions.at(i), form.radioGroup1);
+    auto* button = new QRadioButton(form.radioGroup1);
+    captionButton(button, captions.at(i));
     button->setObjectName(QStringLiteral("RadioButton%1").arg(i));
     if (button->text().isEmpty())
       button->setAccessibleName(standInCaption(static_cast<unsigned>(i)));
@@ -89,7 +89,7 @@ void RadioSelect::fillGroup(const QStringList& captions, int number) {
       first = button;
   }
   form.radioGroup1Layout->addStretch(1);
-  scrollWhenTall(form.radioGroup1);
+  scrollWhenLarge(form.radioGroup1);
   if (first)
     first->setFocus(Qt::TabFocusReason);
 }

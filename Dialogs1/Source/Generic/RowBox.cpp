@@ -3,25 +3,39 @@
 #include "HostSupport/Arguments.h"
 #include "HostSupportQt/Captions.h"
 #include "HostSupportQt/GuiThread.h"
+#include "Pieces/CaptionLabel.h"
 #include "Pieces/Captions.h"
+#include "Pieces/LineEdits.h"
+#include "Pieces/Messages.h"
 
 #include <QApplication>
-#include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 
 namespace {
 
-constexpr unsigned mostRows = 1000;
-constexpr int rowsOnAnyScreen = 8;   // so few need no measuring, which costs a layout
-constexpr double tallestShare = 0.7; // of the screen; title bar and buttons want the rest
+constexpr unsigned mostRows = 10'000;
+// So few rows and columns with so short captions need no measuring, which costs a layout.
+constexpr int rowsOnAnyScreen = 8;
+constexpr int columnsOnAnyScreen = 4;
+constexpr int shortCaption = 30;
+// Of the screen: title bar, headings and buttons want the rest.
+constexpr double largestWidth = 0.85;
+constexpr double largestHeight = 0.6;
+
+QSize largestSize() {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  if (!screen)
+    return {QWIDGETSIZE_MAX, QWIDGETSIZE_MAX};
+  const QSize size = screen->availableGeometry().size();
+  return {int(size.width() * largestWidth), int(size.height() * largestHeight)};
+}
 
 class RowScrollArea : public QScrollArea {
 public:
-  RowScrollArea(QWidget* parent, int height) : QScrollArea(parent), m_height(height) {
+  explicit RowScrollArea(QWidget* parent) : QScrollArea(parent), m_largest(largestSize()) {
     // Tab scrolls by itself, arrow keys and the first focus do not.
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
       if (now && isAncestorOf(now))
@@ -30,17 +44,17 @@ public:
   }
   QSize sizeHint() const override { return minimumSizeHint(); }
   QSize minimumSizeHint() const override {
-    const QSize contents = widget()->sizeHint();
-    return {contents.width() + verticalScrollBar()->sizeHint().width(), m_height};
+    QSize size = widget()->sizeHint();
+    if (size.height() > m_largest.height())
+      size.rwidth() += verticalScrollBar()->sizeHint().width();
+    if (size.width() > m_largest.width())
+      size.rheight() += horizontalScrollBar()->sizeHint().height();
+    return size.boundedTo(m_largest);
   }
 
 private:
-  int m_height;
+  QSize m_largest;
 };
-
-QLineEdit* lineEditOf(QWidget* field) {
-  return qobject_cast<QLineEdit*>(field->focusProxy() ? field->focusProxy() : field);
-}
 
 } // namespace
 
@@ -63,7 +77,9 @@ void RowBox::hideSelectButtons() {
 
 void RowBox::addCaptioned(QWidget* field, const QString& caption, int row, int column) {
   // Not a buddy: the caption is the script's, and an ampersand in it is meant to be seen.
-  form.groupBoxLayout->addWidget(new QLabel(labelText(caption), form.groupBox), row, column);
+  auto* label = new CaptionLabel(form.groupBox);
+  label->setCaption(caption);
+  form.groupBoxLayout->addWidget(label, row, column);
   addSelfCaptioned(field, caption, row, column + 1, 1);
 }
 
@@ -73,22 +89,26 @@ void RowBox::addSelfCaptioned(QWidget* field, const QString& caption, int row, i
   const QString name = plainText(shownCaption(caption));
   field->setAccessibleName(
       name.isEmpty() ? QCoreApplication::translate("RowBox", "Field %1").arg(row + 1) : name);
-  // Of a text that is longer than its field, the beginning says more than the end.
-  if (QLineEdit* edit = lineEditOf(field))
-    edit->setCursorPosition(0);
+  noteCaption(caption);
+  fitText(field);
+}
+
+void RowBox::noteCaption(const QString& caption) {
+  mayBeLarge |= caption.size() > shortCaption;
 }
 
 void RowBox::finishRows(QWidget* first) {
   // Rows stay together in a window that is taller than they are.
   form.groupBoxLayout->setRowStretch(form.groupBoxLayout->rowCount(), 1);
-  if (form.groupBoxLayout->rowCount() > rowsOnAnyScreen)
-    scrollWhenTall(form.groupBox);
+  if (mayBeLarge || form.groupBoxLayout->rowCount() > rowsOnAnyScreen ||
+      form.groupBoxLayout->columnCount() > columnsOnAnyScreen)
+    scrollWhenLarge(form.groupBox);
   if (!first)
     return;
   // The form's buttons were there first; the user starts in the rows.
   first->setFocus(Qt::TabFocusReason);
   if (QLineEdit* edit = lineEditOf(first))
-    edit->selectAll();
+    selectWhole(edit);
 }
 
 unsigned realCount(UserFunctionInterface* call, int index) {
@@ -98,27 +118,26 @@ unsigned realCount(UserFunctionInterface* call, int index) {
   return count;
 }
 
-bool refusesRowCount(unsigned rows, const char* function) {
+bool refusesRowCount(unsigned rows, QWidget* over) {
   if (rows <= mostRows)
     return false;
-  QMessageBox::warning(sp_GuiParent(nullptr, function), QString::fromLatin1(function),
-                       QCoreApplication::translate(
-                           "RowBox", "The script asks for %1 rows; a box can show %2 at most.")
-                           .arg(rows)
-                           .arg(mostRows));
+  sp_NeedGuiThread("RowBox");
+  warn(over, QCoreApplication::translate("RowBox", "Too Many Lines"),
+       QCoreApplication::translate(
+           "RowBox", "There are %1 lines to show, and a box can show %2 at most. It is not opened.")
+           .arg(rows)
+           .arg(mostRows));
   return true;
 }
 
-void scrollWhenTall(QWidget* contents) {
-  const QScreen* screen = QGuiApplication::primaryScreen();
-  const int tallest = screen ? int(screen->availableGeometry().height() * tallestShare) : 0;
-  if (!screen || contents->sizeHint().height() <= tallest)
+void scrollWhenLarge(QWidget* contents) {
+  const QSize size = contents->sizeHint();
+  if (size.boundedTo(largestSize()) == size)
     return;
   QWidget* parent = contents->parentWidget();
-  auto* area = new RowScrollArea(parent, tallest);
+  auto* area = new RowScrollArea(parent);
   area->setFrameShape(QFrame::NoFrame);
   area->setWidgetResizable(true);
-  area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   area->setFocusPolicy(Qt::NoFocus);
   delete parent->layout()->replaceWidget(contents, area);
   area->setWidget(contents);

@@ -19,11 +19,17 @@ protected:
   /// The same for a field that shows its caption itself, across `columnSpan` columns.
   void addSelfCaptioned(QWidget* field, const QString& caption, int row, int column,
                         int columnSpan);
-  /// Once the rows are in: the user starts in `first` (null: nowhere), and rows that are taller
-  /// than the screen scroll.
+  /// Once the rows are in: the user starts in `first` (null: nowhere), and rows that the screen has
+  /// no room for scroll.
   void finishRows(QWidget* first);
 
+  /// To be told of the caption of a field that is added by other means.
+  void noteCaption(const QString& caption);
+
   Ui::NewValueDialog form;
+
+private:
+  bool mayBeLarge = false; ///< some caption is long
 };
 
 /// Elements of a real vector argument; 0 where it is missing or of another kind.
@@ -31,8 +37,8 @@ unsigned realCount(UserFunctionInterface* call, int index);
 
 /// Says so, and is true, where a script asks for more rows than anybody could answer: each is a
 /// widget, and a million of them would stop the host for minutes.
-bool refusesRowCount(unsigned rows, const char* function);
+bool refusesRowCount(unsigned rows, QWidget* over = nullptr);
 
-/// Puts `contents`, a widget in a layout, in a scroll area where it is taller than the screen has
+/// Puts `contents`, a widget in a layout, in a scroll area where it is larger than the screen has
 /// room for.
-void scrollWhenTall(QWidget* contents);
+void scrollWhenLarge(QWidget* contents);

@@ -25,8 +25,7 @@ void SelectDialog::prepareDialog(UserFunctionInterface* args, UserDataType type)
 
 void SelectDialog::initialiseDialog() {
   const Texts settings = texts(Settings);
-  load(settings.has(WindowTitle) ? settings.text(WindowTitle) : tr("Select Dialog"),
-       settings.text(Caption),
+  load(settings.text(WindowTitle, tr("Select Dialog")), settings.text(Caption),
        settings.is(Sorting, "sorted") ? OfferedNames::Order::Ascending
                                       : OfferedNames::Order::AsGiven);
   form.parametersButton->hide();

@@ -13,7 +13,7 @@ enum Argument { Values, Captions, Title, Mode };
 } // namespace
 
 static int runValueDialog(UserFunctionInterface* call) {
-  if (refusesRowCount(ValueDialog::rowCount(call), "ValueDialog"))
+  if (refusesRowCount(ValueDialog::rowCount(call)))
     return 0;
   return runDialogFunction<ValueDialog, UserReal>(call);
 }

@@ -1,11 +1,13 @@
 #include "Pieces/Captions.h"
 
-#include "HostSupportQt/Captions.h"
 #include "HostSupportQt/RichText.h"
 
-#include <QLabel>
+#include <QAbstractButton>
+#include <QGroupBox>
+#include <QRegularExpression>
 
 static constexpr int longestCaption = 500; // characters
+static constexpr int widestCaption = 60;   // of a button or a group, as wide as on the average
 
 QString shownCaption(const QString& text) {
   return text.size() > longestCaption ? text.left(longestCaption - 1) + QChar(0x2026) : text;
@@ -15,10 +17,26 @@ QString labelText(const QString& text) {
   return harmlessText(shownCaption(text));
 }
 
-void captionField(QLabel* label, QWidget* field, const QString& caption) {
-  // Not a buddy: the caption is the script's, and an ampersand in it is meant to be seen.
-  label->setText(labelText(caption));
-  label->setVisible(!caption.isEmpty());
-  const QString name = plainText(shownCaption(caption));
-  field->setAccessibleName(name.isEmpty() ? field->window()->windowTitle() : name);
+/// The caption as it is shown; where that is not all of it, the widget has the rest elsewhere.
+static QString elidedCaption(QWidget* widget, const QString& caption) {
+  const QFontMetrics metrics = widget->fontMetrics();
+  const QString whole = shownCaption(caption);
+  QString shown = whole;
+  if (metrics.size(0, whole).width() > widestCaption * metrics.averageCharWidth()) {
+    shown = metrics.elidedText(whole.simplified(), Qt::ElideMiddle,
+                               widestCaption * metrics.averageCharWidth());
+    widget->setToolTip(QStringLiteral("<p>%1</p>").arg(whole.toHtmlEscaped()));
+    widget->setAccessibleName(whole);
+  }
+  return shown;
+}
+
+void captionButton(QAbstractButton* button, const QString& caption) {
+  button->setText(elidedCaption(button, caption).replace(QLatin1Char('&'), QLatin1String("&&")));
+}
+
+void captionGroup(QGroupBox* group, const QString& caption) {
+  // A script may give its lists mnemonics: "&Signals" has one, "R & D" has not.
+  static const QRegularExpression plainMark(QStringLiteral("&(?!\\w)"));
+  group->setTitle(elidedCaption(group, caption).replace(plainMark, QStringLiteral("&&")));
 }

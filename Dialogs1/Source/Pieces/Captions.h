@@ -1,8 +1,8 @@
 #pragma once
 
-class QLabel;
+class QAbstractButton;
+class QGroupBox;
 class QString;
-class QWidget;
 
 /// A script's caption as it is shown: one that would be wider than any window is cut.
 QString shownCaption(const QString& text);
@@ -10,6 +10,8 @@ QString shownCaption(const QString& text);
 /// The same for a label, which shows rich text: without what would open files.
 QString labelText(const QString& text);
 
-/// Shows a script's caption beside its field, and names the field by it, or by the window's title
-/// where the caption is empty.
-void captionField(QLabel* label, QWidget* field, const QString& caption);
+/// A script's caption of a check box or another button: an ampersand is seen as written; of a long
+/// one the middle is left out, and stands in the tool tip.
+void captionButton(QAbstractButton* button, const QString& caption);
+/// The same for the title of a group, where an ampersand before a letter marks a mnemonic.
+void captionGroup(QGroupBox* group, const QString& caption);

@@ -5,6 +5,7 @@
 #include "Frame/ScriptFunction.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "Pieces/ComboNames.h"
+#include "Pieces/LineEdits.h"
 
 static const ScriptFunction declaration("AddPropertyDialog", 0, "SSSSSS", StringVectorResult,
                                         runDialogFunction<AddPropertyDialog, UserString>);
@@ -84,6 +85,7 @@ void AddPropertyDialog::loadProperty(PropertyRecord* property) {
   if (isInstance && attributes.isProtected)
     letOnlyLook();
   form.nameEdit->setFocus(Qt::TabFocusReason);
+  selectWhole(form.nameEdit);
 }
 
 void AddPropertyDialog::describeBoxes() {
@@ -190,8 +192,13 @@ bool editProperty(QWidget* over, PropertyRecord* property) {
   dialog.prepareDialog(nullptr, UserString);
   dialog.loadProperty(property);
   dialog.fixName();
+  PropertyRecord shown = *property;
+  dialog.readProperty(&shown);
   if (dialog.exec() != QDialog::Accepted)
     return false;
+  const std::int32_t passed = property->flags;
   dialog.readProperty(property);
+  property->flags =
+      keepUntouched(passed, shown.flags, property->flags, property->fontStyle != shown.fontStyle);
   return true;
 }

@@ -60,6 +60,6 @@ private:
   bool isInstance = false;
 };
 
-/// Edits a property over another dialog, all but its name. On OK its value, flags and font style
-/// are updated, and true is returned; on cancel it stays as it was.
+/// Edits a property over another dialog, all but its name. On OK what the user has changed of its
+/// value, flags and font style is updated, and true is returned; on cancel it stays as it was.
 bool editProperty(QWidget* over, PropertyRecord* property);

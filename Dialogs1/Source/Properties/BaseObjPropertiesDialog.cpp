@@ -47,10 +47,6 @@ void BaseObjPropertiesDialog::prepareDialog(UserFunctionInterface* args, UserDat
       else if (key != Qt::Key_F2)
         okButton->click();
     });
-    // In the list, Return is for the row; this is for the dialog.
-    if (key != Qt::Key_F2)
-      connect(new QShortcut(QKeySequence(Qt::CTRL + key), this), &QShortcut::activated, okButton,
-              &QPushButton::click);
   }
 }
 

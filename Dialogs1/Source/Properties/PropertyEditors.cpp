@@ -7,7 +7,6 @@
 #include "Generic/RowBox.h"
 #include "Generic/SelectFontDialog.h"
 #include "HostSupportQt/HostSupportQt.h"
-#include "Pieces/Captions.h"
 #include "Pieces/SelectColour.h"
 #include "Properties/AddPropertyDialog.h"
 
@@ -45,18 +44,18 @@ void editFlagged(QWidget* over, Property* property, const QStringList& fontStyle
   record.name = toYs(property->name);
   record.flags = property->value.attributes.value_or(0);
   record.fontStyles = fontStyles;
-  if (editProperty(over, &record))
-    property->value = {toQs(record.value), record.flags}; // the name is not the list's to change
+  if (!editProperty(over, &record))
+    return;
+  property->value.text = toQs(record.value); // the name is not the list's to change
+  if (property->value.attributes || record.flags != 0)
+    property->value.attributes = record.flags;
 }
 
 void editChoice(QWidget* over, Property* property) {
   const QStringList choices = propertyChoices(property->type);
-  if (refusesRowCount(static_cast<unsigned>(choices.size()), "RadioSelect"))
+  if (refusesRowCount(static_cast<unsigned>(choices.size()), over))
     return;
-  QStringList captions;
-  for (const QString& caption : choices) // an ampersand in a value is meant to be seen
-    captions.append(shownCaption(caption).replace(QLatin1Char('&'), QLatin1String("&&")));
-  if (const auto choice = askForChoice(over, Messages::tr("Select Value"), captions,
+  if (const auto choice = askForChoice(over, Messages::tr("Select Value"), choices,
                                        propertyChoice(choices, property->value.text)))
     property->value.text = choices.at(*choice);
 }

@@ -21,8 +21,7 @@ UserParametersDialog::UserParametersDialog() : ParametersDialog(nullptr, "UserPa
 }
 
 void UserParametersDialog::initialiseDialog() {
-  if (texts(Title).has(0))
-    setWindowTitle(shownCaption(texts(Title).text(0)));
+  setWindowTitle(shownCaption(texts(Title).text(0, windowTitle())));
   ParametersDialog::initialiseDialog();
 }
 

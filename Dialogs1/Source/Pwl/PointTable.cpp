@@ -349,6 +349,12 @@ void PointTable::step(const QString& text, const std::function<void()>& act) {
   emit stepMade();
 }
 
+void PointTable::wantFit() {
+  m_wantsFit = true;
+  if (!m_history.isInStep())
+    fitColumns();
+}
+
 void PointTable::fitColumns() {
   m_wantsFit = false;
   if (horizontalHeader()->sectionResizeMode(0) == QHeaderView::Stretch)

@@ -89,7 +89,7 @@ protected:
 
   bool isShown(int row) const { return item(row, 0); }
   void showRow(int row);                ///< gives a row its items
-  void wantFit() { m_wantsFit = true; } ///< when the step has been done
+  void wantFit(); ///< when the step has been done
   bool m_wantsFit = false;
 
   Limits limits;
