@@ -93,6 +93,11 @@ PointRows::Change PointRows::changeSince(const State& before) const {
   return change;
 }
 
+bool PointRows::fits(const Change& change, bool isUndone) const {
+  const int rows = (isUndone ? change.after : change.before).size();
+  return change.lines || change.first + rows <= count();
+}
+
 void PointRows::apply(const Change& change, bool isUndone) {
   const QVector<int>& from = isUndone ? change.after : change.before;
   const QVector<int>& to = isUndone ? change.before : change.after;

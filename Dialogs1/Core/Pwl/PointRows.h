@@ -40,6 +40,8 @@ public:
 
   State state() const { return {m_lines, m_places}; }
   Change changeSince(const State& before) const;
+  /// Whether what the change has made, or has replaced, can stand there.
+  bool fits(const Change& change, bool isUndone) const;
   /// Puts in what stood there before or after a change; rows around it are as they were then.
   void apply(const Change& change, bool isUndone);
   /// Frees the rows that only a dropped change could have brought back.

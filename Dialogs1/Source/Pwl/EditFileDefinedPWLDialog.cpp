@@ -109,7 +109,7 @@ void EditFileDefinedPWLDialog::connectControls() {
   connect(form.checkboxShiftFirstToZero, &QCheckBox::toggled, this, &Self::anyFileOptionsChanged);
   connect(form.pwlGrid, &QTableWidget::cellChanged, this, &Self::aCell_Changed);
   connect(form.pwlGrid, &PointTable::noted, form.pointNote, &QLabel::setText);
-  connect(form.pwlGrid, &PointTable::stepRestored, this, &Self::showStartDataOfTable);
+  connect(form.pwlGrid, &PointTable::stepRestored, this, &Self::restoreFileOptions);
   connect(form.pwlGrid, &DefinitionTable::fileWanted, this, &Self::aFileSelectionButton_clicked);
   connect(form.toolButtonCheckSyntax, &QToolButton::clicked, this, &Self::validate_clicked);
   connect(form.radioButtonDisk, &QRadioButton::toggled, this, &Self::updateEnables);
@@ -194,26 +194,42 @@ void EditFileDefinedPWLDialog::loadSource() {
 }
 
 void EditFileDefinedPWLDialog::populateDialogFromData() {
-  {
-    const Updating guard(this);
-    if (!lines.at(lines.size() - 1).empty())
-      lines.append("");
-    form.pwlGrid->step(tr("Load"), [this] { form.pwlGrid->setLines(lines, messages); });
-    for (int i = 0; i < lines.size(); ++i)
-      if (kindOfPointsLine(lines.at(i)) == PointRow::Kind::StartData)
-        showStartData(readStartData(readPointsLine(lines.at(i)).x));
-  }
-  anyFileOptionsChanged();
+  form.pwlGrid->step(tr("Load"), [this] {
+    {
+      const Updating guard(this);
+      if (!lines.at(lines.size() - 1).empty())
+        lines.append("");
+      form.pwlGrid->setLines(lines, messages);
+      for (int i = 0; i < lines.size(); ++i)
+        if (kindOfPointsLine(lines.at(i)) == PointRow::Kind::StartData)
+          showStartData(readStartData(readPointsLine(lines.at(i)).x));
+    }
+    anyFileOptionsChanged();
+  });
   form.pwlGrid->enterFirstCell();
 }
 
-void EditFileDefinedPWLDialog::showStartDataOfTable() {
-  const int row = form.pwlGrid->rows().startDataRow();
-  if (row >= 0) {
+/// The controls that write the start data line, as the mode of the table's steps.
+int EditFileDefinedPWLDialog::fileOptions() const {
+  return 4 * static_cast<int>(form.spinnerRepeatCount->value()) +
+         2 * int(form.checkboxShiftFirstToZero->isChecked()) + int(isCsv());
+}
+
+void EditFileDefinedPWLDialog::restoreFileOptions(int options) {
+  {
     const Updating guard(this);
-    showStartData(readStartData(form.pwlGrid->rows().at(row).x));
+    if (options != fileOptions()) {
+      form.comboboxFileFormat->setCurrentIndex(options % 2);
+      form.checkboxShiftFirstToZero->setChecked(options / 2 % 2 != 0);
+      form.spinnerRepeatCount->setValue(options / 4);
+    }
   }
-  anyFileOptionsChanged();
+  form.pwlGrid->setStartData(startDataLine());
+}
+
+QString EditFileDefinedPWLDialog::startDataLine() const {
+  return writeStartData(static_cast<int>(form.spinnerRepeatCount->value()),
+                        form.checkboxShiftFirstToZero->isChecked(), isCsv());
 }
 
 void EditFileDefinedPWLDialog::showStartData(const StartData& start) {
@@ -229,8 +245,10 @@ void EditFileDefinedPWLDialog::showStartData(const StartData& start) {
 void EditFileDefinedPWLDialog::anyFileOptionsChanged() {
   if (updating)
     return;
-  form.pwlGrid->setStartData(writeStartData(static_cast<int>(form.spinnerRepeatCount->value()),
-                                            form.checkboxShiftFirstToZero->isChecked(), isCsv()));
+  form.pwlGrid->step(tr("File Options"), [this] {
+    form.pwlGrid->setStartData(startDataLine());
+    form.pwlGrid->setMode(fileOptions());
+  });
 }
 
 void EditFileDefinedPWLDialog::aCell_Changed(int row, int column) {

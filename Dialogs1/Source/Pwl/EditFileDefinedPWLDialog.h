@@ -41,7 +41,9 @@ private:
   void loadFile(const QString& path);
   void addFaultAction(const QString& caption, const QKeySequence& key, int step);
   void goToFault(int step); ///< the first for 0, else the next one that way
-  void showStartDataOfTable();
+  int fileOptions() const;
+  void restoreFileOptions(int options);
+  QString startDataLine() const;
   void showStartData(const StartData& start);
   void readLinesFromTable();
   void updateEnables();

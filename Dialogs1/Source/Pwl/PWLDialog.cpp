@@ -111,7 +111,7 @@ void PWLDialog::loadPoints() {
     points.append({coordinates.text(i), coordinates.text(i + 1)});
 
   if (options.offersSymmetric) {
-    setSymmetric(isSymmetric(points));
+    setMode(isSymmetric(points), converterMemory);
     form.radiobuttonSymmetric->setChecked(symmetric);
     connect(form.radiogroupSymmetric, &RadioGroup::clicked, this,
             &PWLDialog::radiogroupSymmetric_clicked);
@@ -166,7 +166,7 @@ void PWLDialog::offerConverter() {
           &PWLDialog::open_converter_tool);
   YString memory;
   if (getString(ConverterMemory, &memory))
-    converterMemory = readConversionMemory(toQs(memory));
+    setMode(symmetric, readConversionMemory(toQs(memory)));
 }
 
 void PWLDialog::readDialog(UserDataType, bool accepted) {
@@ -221,20 +221,25 @@ int PWLDialog::countPoints() {
   return form.pwlGrid->rows().completeRows(symmetric ? 1 : 0);
 }
 
-void PWLDialog::setSymmetric(bool on) {
-  symmetric = on;
-  form.pwlGrid->setMode(on);
+void PWLDialog::setMode(bool isSymmetric, const ConversionMemory& memory) {
+  symmetric = isSymmetric;
+  converterMemory = memory;
+  const QString written = writeConversionMemory(memory);
+  if (!memories.contains(written))
+    memories.append(written);
+  form.pwlGrid->setMode(2 * memories.indexOf(written) + int(symmetric));
 }
 
 void PWLDialog::showMode(int mode) {
-  symmetric = mode != 0;
+  symmetric = mode % 2 != 0;
+  converterMemory = readConversionMemory(memories.value(mode / 2));
   (symmetric ? form.radiobuttonSymmetric : form.radiobuttonAsymmetric)->setChecked(true);
 }
 
 void PWLDialog::radiogroupSymmetric_clicked(int selectedId) {
   form.pwlGrid->commitOpenCell();
   form.pwlGrid->step(tr("Entry Mode"), [this, selectedId] {
-    setSymmetric(selectedId != 0);
+    setMode(selectedId != 0, converterMemory);
     const PointRow first = form.pwlGrid->rows().at(0);
     if (symmetric) {
       if (isZero(first.x) && isZero(first.y))
@@ -292,9 +297,10 @@ void PWLDialog::open_converter_tool() {
   if (tool.exec() != Accepted)
     return;
   // Also of a symmetric curve the points land from the first row on, in place of the origin.
-  form.pwlGrid->step(tr("Conversion"),
-                     [&] { form.pwlGrid->setPoints(pointsOfText(tool.outputText)); });
+  form.pwlGrid->step(tr("Conversion"), [&] {
+    form.pwlGrid->setPoints(pointsOfText(tool.outputText));
+    setMode(symmetric, {tool.inputText, tool.outputText, tool.limitFlag, tool.limitValue});
+  });
   form.pwlGrid->enterFirstCell();
-  converterMemory = {tool.inputText, tool.outputText, tool.limitFlag, tool.limitValue};
   limitInitialSegment();
 }

@@ -44,7 +44,7 @@ private:
   void loadNumbers();
   void offerConverter();
   PwlPoints normalisedPoints(int first) const; ///< of the table, from this row on
-  void setSymmetric(bool on);
+  void setMode(bool isSymmetric, const ConversionMemory& memory);
   void showMode(int mode);
   void putOrigin();
   void limitInitialSegment();
@@ -55,4 +55,5 @@ private:
   bool hasSourceIdle = true;
   bool symmetric = false;
   ConversionMemory converterMemory;
+  QStringList memories; ///< all that it has been, for the steps of the table
 };

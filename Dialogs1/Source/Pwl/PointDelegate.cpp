@@ -1,10 +1,23 @@
 #include "Pwl/PointDelegate.h"
 
+#include <QKeyEvent>
+#include <QLineEdit>
+
 #include <cstdlib>
 
 static constexpr int leastContrast = 90; // of lightness, in 255ths
 static constexpr int onDark = 180;       // lightness of a colour that is seen there
 static constexpr int onLight = 40;
+
+bool PointDelegate::eventFilter(QObject* editor, QEvent* event) {
+  const auto* edit = qobject_cast<const QLineEdit*>(editor);
+  if (edit && event->type() == QEvent::ShortcutOverride && !edit->isUndoAvailable() &&
+      static_cast<QKeyEvent*>(event)->matches(QKeySequence::Undo)) {
+    event->ignore();
+    return true;
+  }
+  return OneLineDelegate::eventFilter(editor, event);
+}
 
 void PointDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
   QStyledItemDelegate::initStyleOption(option, index);

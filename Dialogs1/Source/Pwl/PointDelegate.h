@@ -14,6 +14,8 @@ public:
       : OneLineDelegate(parent), m_counts(std::move(counts)) {}
 
 protected:
+  /// Undo is the table's where nothing has been typed into the cell yet.
+  bool eventFilter(QObject* editor, QEvent* event) override;
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
 private:

@@ -22,9 +22,8 @@ public:
   bool isInStep() const { return m_isInStep; }
   void clear() { m_stack.clear(); }
 
-  QAction* undoAction(QObject* parent) const { return m_stack.createUndoAction(parent); }
-  QAction* redoAction(QObject* parent) const { return m_stack.createRedoAction(parent); }
-  QUndoStack* stack() { return &m_stack; }
+  void undo() { m_stack.undo(); }
+  void redo() { m_stack.redo(); }
 
 private:
   class Step;

@@ -147,11 +147,21 @@ void PointTable::addRowActions(QWidget* owner) {
     connect(action, &QAction::triggered, this, operation.slot);
     add(action, operation.keys);
   }
-  add(m_history.undoAction(owner), {QKeySequence::Undo});
-  add(m_history.redoAction(owner), redoKeys());
+  add(historyAction(owner, tr("Undo"), &PointHistory::undo), {QKeySequence::Undo});
+  add(historyAction(owner, tr("Redo"), &PointHistory::redo), redoKeys());
   m_isExtended = true;
   owner->setContextMenuPolicy(Qt::ActionsContextMenu);
   owner->installEventFilter(this);
+}
+
+QAction* PointTable::historyAction(QWidget* owner, const QString& caption,
+                                   void (PointHistory::*go)()) {
+  auto* action = new QAction(caption, owner);
+  connect(action, &QAction::triggered, this, [this, go] {
+    commitOpenCell();
+    (m_history.*go)();
+  });
+  return action;
 }
 
 bool PointTable::eventFilter(QObject* watched, QEvent* event) {
@@ -276,11 +286,16 @@ void PointTable::nextCell() {
   const int row = currentRow() + (atRowEnd ? 1 : 0);
   if (atRowEnd)
     setCurrentCell(currentRow(), 0);
-  if (row == rowCount()) {
-    insertRow(row);
-    showRow(row);
-  }
+  if (row == rowCount())
+    addRow();
   setCurrentCell(row, atRowEnd ? 0 : 1);
+}
+
+void PointTable::addRow() {
+  step(tr("New Row"), [this] {
+    insertRow(rowCount());
+    showRow(rowCount() - 1);
+  });
 }
 
 void PointTable::goOn(int step) {
@@ -298,8 +313,7 @@ void PointTable::goOn(int step) {
       showTooMany();
       return;
     }
-    insertRow(row);
-    showRow(row);
+    addRow();
     emit rowsChanged();
   }
   setCurrentCell(row, column);
@@ -363,6 +377,8 @@ void PointTable::fitColumns() {
 }
 
 void PointTable::restore(const PointRows::Change& change, bool isUndone, int mode) {
+  if (!m_rows.fits(change, isUndone))
+    return;
   const int now = isUndone ? change.after.size() : change.before.size();
   const int then = isUndone ? change.before.size() : change.after.size();
   const int end = change.first + std::min(now, then);

@@ -88,8 +88,8 @@ protected:
   virtual bool showsAll() const { return true; } ///< else a row has no items until it is seen
 
   bool isShown(int row) const { return item(row, 0); }
-  void showRow(int row);                ///< gives a row its items
-  void wantFit(); ///< when the step has been done
+  void showRow(int row); ///< gives a row its items
+  void wantFit();        ///< when the step has been done
   bool m_wantsFit = false;
 
   Limits limits;
@@ -107,6 +107,8 @@ private:
     int bottom = 0;
   };
   Selected selectedCells() const;
+  QAction* historyAction(QWidget* owner, const QString& caption, void (PointHistory::*go)());
+  void addRow();       ///< a blank one at the end
   void goOn(int step); ///< to the next or last cell that can be typed in
   void restore(const PointRows::Change& change, bool isUndone, int mode);
   void copySelection() const;
