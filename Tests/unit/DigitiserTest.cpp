@@ -37,6 +37,7 @@ struct Sheet {
   bool logX = false, logY = false;
   QPointF low{0, 0}, high{10, 100}; // values at the corners of the frame
   Curve curve = [](double x) { return 10 + 0.8 * x * x; };
+  Curve other; // of the same colour
   double pen = 2.5;
   QColor ink{200, 30, 30};
   QColor grid{150, 150, 150};
@@ -57,6 +58,27 @@ struct Sheet {
   }
   static double along(double part, double from, double to, bool log) {
     return log ? from * std::pow(to / from, part) : from + part * (to - from);
+  }
+  double x(double part) const { return along(part, low.x(), high.x(), logX); }
+  /// The curve in the picture.
+  QVector<QPointF> truth() const {
+    QVector<QPointF> line;
+    for (int i = 0; i <= 1000; ++i)
+      line.append(pixel({x(i / 1000.0), curve(x(i / 1000.0))}));
+    return line;
+  }
+  double area(double from, double to) const { // below the curve
+    double sum = 0;
+    for (int i = 0; i < 4000; ++i) {
+      const double a = along(i / 4000.0, from, to, logX);
+      const double b = along((i + 1) / 4000.0, from, to, logX);
+      sum += (b - a) * curve((a + b) / 2);
+    }
+    return sum;
+  }
+  QPoint seedAt(double part) const {
+    const QPointF at = pixel({x(part), curve(x(part))});
+    return {int(at.x()), int(at.y())};
   }
   QPointF flat(const QPointF& value) const {
     return {left + width * share(value.x(), low.x(), high.x(), logX),
@@ -87,14 +109,15 @@ struct Sheet {
     };
     if (!gridOnTop)
       drawGrid();
-    QPainterPath path;
-    for (int i = 0; i <= 2000; ++i) {
-      const double x = along(i / 2000.0, low.x(), high.x(), logX);
-      const QPointF at = flat({x, curve(x)});
-      i == 0 ? path.moveTo(at) : path.lineTo(at);
-    }
     painter.setPen(QPen(ink, pen, style, Qt::FlatCap));
-    painter.drawPath(path);
+    for (const Curve& one : {curve, other}) {
+      QPainterPath path;
+      for (int i = 0; one && i <= 2000; ++i) {
+        const QPointF at = flat({x(i / 2000.0), one(x(i / 2000.0))});
+        i == 0 ? path.moveTo(at) : path.lineTo(at);
+      }
+      painter.drawPath(path);
+    }
     if (gridOnTop)
       drawGrid();
     painter.end();
@@ -278,17 +301,9 @@ class Tracing : public testing::TestWithParam<TraceCase> {};
 TEST_P(Tracing, RecoversTheCurve) {
   const TraceCase& one = GetParam();
   const Sheet& sheet = one.sheet;
-  const double middle = Sheet::along(0.53, sheet.low.x(), sheet.high.x(), sheet.logX);
-  const QPointF seed = sheet.pixel({middle, sheet.curve(middle)});
-  const QVector<QPointF> points =
-      traced(sheet.picture(), QPoint(int(seed.x()), int(seed.y())), one.options);
+  const QVector<QPointF> points = traced(sheet.picture(), sheet.seedAt(0.53), one.options);
   ASSERT_GE(points.size(), 3);
-
-  QVector<QPointF> truth;
-  for (int i = 0; i <= 4000; ++i) {
-    const double x = Sheet::along(i / 4000.0, sheet.low.x(), sheet.high.x(), sheet.logX);
-    truth.append(sheet.pixel({x, sheet.curve(x)}));
-  }
+  const QVector<QPointF> truth = sheet.truth();
   for (const QPointF& point : points) {
     // Where a line ends, its end cuts columns short.
     const bool isEnd = point == points.first() || point == points.last();
@@ -315,6 +330,36 @@ Sheet capacitance() { // a MOSFET's, over voltage, on logarithmic axes
     return 40e-12 + 4e-9 / std::pow(1 + v / 0.9, 0.5) / (1 + std::pow(v / 40, 4));
   };
   return sheet;
+}
+
+/// What the digitiser gives for a click, against the truth.
+struct Measured {
+  Trace trace;
+  int points = 0;
+  double off = 0;     // pixels of the farthest point
+  double area = 0;    // relative error of the integral
+  bool whole = false; // from one side of the frame to the other
+  bool asks() const { return trace.unclearLeft || trace.unclearRight; }
+};
+Measured measured(const Sheet& sheet, const QPoint& seed) {
+  Measured found{traceCurve(sheet.picture(), seed, {})};
+  const GraphMap map = sheet.map();
+  const QVector<QPointF> points = chosenPoints(found.trace.line, {}, &map);
+  const QVector<QPointF> truth = sheet.truth();
+  found.points = points.size();
+  if (points.size() < 3)
+    return found;
+  for (const QPointF& point : points)
+    found.off = std::max(found.off, distanceTo(truth, point));
+  found.whole =
+      points.first().x() - truth.first().x() < 8 && truth.last().x() - points.last().x() < 8;
+  const std::vector<QPointF> values = graphValues(map, points);
+  double sum = 0;
+  for (std::size_t i = 1; i < values.size(); ++i)
+    sum += (values[i].x() - values[i - 1].x()) * (values[i].y() + values[i - 1].y()) / 2;
+  const double from = sheet.logX ? values.front().x() : std::max(0.0, values.front().x());
+  found.area = sum / sheet.area(from, values.back().x()) - 1;
+  return found;
 }
 
 template <class Action> Sheet with(Sheet sheet, Action action) {
@@ -377,6 +422,135 @@ INSTANTIATE_TEST_SUITE_P(
         TraceCase{"pale", with(Sheet(), [](Sheet& s) { s.ink = QColor(110, 200, 120); }), 0.5},
         TraceCase{"everyPixel", Sheet(), 0.35, 3, {50, 1, 12, 0}}),
     [](const auto& one) { return std::string(one.param.name); });
+
+TEST(Measured, IntegralsAreThoseOfTheCurve) {
+  const struct {
+    bool logX, logY;
+    QPointF low, high;
+    double most;
+  } axes[] = {{true, true, {0.1, 1e-11}, {1000, 1e-8}, 0.001},
+              {false, true, {0, 1e-11}, {100, 1e-8}, 0.005},
+              {true, false, {0.1, 0}, {100, 5e-9}, 0.005},
+              {false, false, {0, 0}, {100, 5e-9}, 0.005}};
+  const std::function<void(Sheet*)> pictures[] = {[](Sheet*) {},
+                                                  [](Sheet* s) { s->pen = 1.2; },
+                                                  [](Sheet* s) { s->turn = 2; },
+                                                  [](Sheet* s) { s->noise = 12; },
+                                                  [](Sheet* s) { s->gridOnTop = true; },
+                                                  [](Sheet* s) { s->jpegQuality = 60; },
+                                                  [](Sheet* s) { s->ink = QColor(20, 20, 20); }};
+  for (const auto& one : axes)
+    for (const auto& change : pictures) {
+      Sheet sheet = capacitance();
+      sheet.logX = one.logX;
+      sheet.logY = one.logY;
+      sheet.low = one.low;
+      sheet.high = one.high;
+      change(&sheet);
+      const Measured found = measured(sheet, sheet.seedAt(0.31));
+      EXPECT_LE(std::abs(found.area), one.most) << &one - axes << ' ' << &change - pictures;
+      EXPECT_TRUE(found.whole && !found.asks()) << &one - axes << ' ' << &change - pictures;
+      EXPECT_LT(found.points, 400) << &one - axes << ' ' << &change - pictures;
+    }
+}
+
+/// A gentle curve through the picture.
+Curve arc(const Sheet& sheet, double from, double to, double bend) {
+  return [=](double x) {
+    const double t = Sheet::share(x, sheet.low.x(), sheet.high.x(), sheet.logX);
+    const double y = 0.1 + 0.8 * (from + (to - from) * t + 4 * bend * t * (1 - t));
+    return Sheet::along(qBound(0.04, y, 0.96), sheet.low.y(), sheet.high.y(), sheet.logY);
+  };
+}
+
+TEST(Measured, CrossingsAreKeptOrAskedAbout) {
+  std::mt19937 random(5);
+  std::uniform_real_distribution<double> share(0, 1);
+  const auto any = [&] { return share(random); };
+  int crossings = 0, asked = 0;
+  for (int n = 0; n < 150; ++n) {
+    Sheet sheet;
+    sheet.logX = n & 1;
+    sheet.logY = n & 2;
+    sheet.low = {sheet.logX ? 0.1 : 0.0, sheet.logY ? 0.1 : 0.0};
+    sheet.high = {sheet.logX ? 1000.0 : 10.0, 100};
+    sheet.pen = 1.5 + 2.5 * any();
+    sheet.curve = arc(sheet, any(), any(), 0.6 * (any() - 0.5));
+    sheet.other = arc(sheet, any(), any(), 0.6 * (any() - 0.5));
+    sheet.ink = n % 3 ? QColor(20, 20, 20) : QColor(200, 30, 30);
+    sheet.grid = QColor(190, 190, 190);
+    sheet.jpegQuality = n % 5 ? 100 : 75;
+    sheet.noise = n % 7 ? 0 : 8;
+    sheet.turn = n % 4 - 1.5;
+    const auto apart = [&](double part) {
+      const double x = sheet.x(part);
+      return sheet.flat({x, sheet.curve(x)}).y() - sheet.flat({x, sheet.other(x)}).y();
+    };
+    double at = 0;
+    for (int i = 80; i < 920; ++i)
+      if (apart(i / 1000.0) * apart((i + 1) / 1000.0) < 0)
+        at = i / 1000.0;
+    const double seed = at < 0.5 ? at + 0.15 + 0.3 * any() : at - 0.15 - 0.3 * any();
+    if (at == 0 || std::abs(apart(seed)) < 12)
+      continue;
+    ++crossings;
+    const Measured found = measured(sheet, sheet.seedAt(seed));
+    asked += found.asks();
+    EXPECT_TRUE(found.whole || found.asks()) << n;
+    EXPECT_LE(found.off, 2.5) << n;
+    EXPECT_LE(std::abs(found.area), 0.003) << n;
+  }
+  EXPECT_GT(crossings, 40);
+  EXPECT_LE(asked, crossings / 10);
+}
+
+TEST(Measured, ClicksWhereTheGridIsCrossedMeanTheCurve) {
+  for (const QColor& ink : {QColor(200, 30, 30), QColor(20, 20, 20), QColor(110, 200, 120)})
+    for (const bool gridOnTop : {false, true})
+      for (const double turn : {0.0, 1.0})
+        for (int line = 1; line < 10; ++line) {
+          Sheet sheet = capacitance();
+          sheet.ink = ink;
+          sheet.gridOnTop = gridOnTop;
+          sheet.turn = turn;
+          const Measured down = measured(sheet, sheet.seedAt(line / 10.0));
+          EXPECT_TRUE(down.whole && down.off < 2.5)
+              << qPrintable(ink.name()) << gridOnTop << turn << ' ' << line << ' ' << down.off;
+          double level = 0; // where the curve comes down to a line along
+          while (level < 1 && Sheet::share(sheet.curve(sheet.x(level)), sheet.low.y(),
+                                           sheet.high.y(), true) > line / 10.0)
+            level += 0.0005;
+          if (level < 0.02 || level > 0.98)
+            continue;
+          const Measured along = measured(sheet, sheet.seedAt(level));
+          EXPECT_TRUE(along.whole && along.off < 2.5)
+              << qPrintable(ink.name()) << gridOnTop << turn << " along " << line << along.off;
+        }
+  // A grid of the curve's own colour: the whole curve, or a part of it and a question.
+  Sheet sheet = capacitance();
+  sheet.ink = sheet.grid = QColor(20, 20, 20);
+  for (int i = 0; i < 20; ++i) {
+    const Measured found = measured(sheet, sheet.seedAt(0.03 + i / 21.0));
+    EXPECT_TRUE(found.off < 2.5 && (found.whole || found.asks())) << i << ' ' << found.off;
+  }
+}
+
+TEST(Measured, EndsAreNotPulledOntoTheFrame) {
+  std::mt19937 random(3);
+  std::uniform_real_distribution<double> share(0.05, 1);
+  for (int n = 0; n < 66; ++n) {
+    Sheet sheet;
+    sheet.ink = n % 2 ? QColor(20, 20, 20) : n % 4 ? QColor(30, 60, 190) : QColor(200, 30, 30);
+    sheet.pen = 1.2 + 2.5 * share(random);
+    sheet.jpegQuality = n % 3 ? 100 : 70;
+    sheet.turn = n % 5 * 0.5 - 1;
+    sheet.curve = arc(sheet, share(random), share(random), 0.3 * (share(random) - 0.5));
+    const Measured found = measured(sheet, sheet.seedAt(0.55));
+    ASSERT_GE(found.points, 3) << n;
+    EXPECT_LE(found.off, 1.2) << n;
+    EXPECT_TRUE(found.whole) << n;
+  }
+}
 
 TEST(Tracer, FindsTheStrokeNearTheClickOnly) {
   const Sheet sheet;

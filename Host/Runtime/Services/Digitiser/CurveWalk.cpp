@@ -22,6 +22,7 @@ constexpr double longRows = 4;         // by which a line across lengthens a col
 constexpr double endPlay = 0.7;        // pixels that the last columns may leave the way
 constexpr std::size_t smoothReach = 4; // columns to either side that tell a middle
 constexpr double steepTip = 4;         // from here on a stroke shows its own end
+constexpr std::size_t mostHidden = 16; // columns at its end that a curve may lie upon a line
 constexpr double widthWeight = 0.25;   // of a pixel of width, against one off the way
 constexpr double mostMisfit = 1.2;     // pixels off the way, on an average, of a likely branch
 constexpr double leastMargin = 0.12;   // by which a branch has to be likelier than the next
@@ -324,7 +325,7 @@ CurveWalk::Step CurveWalk::cross(const Crossing& crossing, std::vector<Run>* pat
   if (crossing.isEndless)
     return Step::Unclear;
   if (crossing.exits.empty())
-    return Step::End;
+    return crossing.merged.size() > mostHidden ? Step::Unclear : Step::End;
   const std::size_t count = qBound(shortestArms, 2 * crossing.merged.size(), longestArms);
   const Arm in = lastOf(*path, count);
   if (in.size() < leastColumns)
@@ -461,27 +462,26 @@ bool CurveWalk::go(std::vector<Run>* path) const {
   // A scrap beyond a gap is a letter or a tick rather than the curve.
   if (jumped > 0 && static_cast<int>(path->size() - stretch) <= jumped + 2)
     path->resize(std::max(begin, stretch));
-  trimEnd(path, begin);
+  trimEnd(path);
   return step != Step::Unclear;
 }
 
 /// Where the stroke ends upon a line across, its last columns may have a part of that.
-void CurveWalk::trimEnd(std::vector<Run>* path, std::size_t keep) const {
-  constexpr std::size_t most = 6;
-  std::size_t count = path->size();
-  const std::size_t least = std::max(keep, count > most ? count - most : 0);
-  for (std::size_t end = count; end > least; --end) {
-    const Arm before(path->begin(), path->begin() + static_cast<std::ptrdiff_t>(end - 1));
-    if (before.size() >= leastArm && std::abs(slopeOf(before)) <= 1 &&
-        (*path)[end - 1].length() > 2 * usualLength(before) + longRows)
-      count = end - 1;
-  }
-  path->resize(count);
-  if (count < shortestArms || std::abs(slopeOf(*path)) > 1)
+void CurveWalk::trimEnd(std::vector<Run>* path) {
+  constexpr std::size_t most = 6, last = 3;
+  if (path->size() < shortestArms + most)
     return;
-  const Way way(Arm(path->end() - shortestArms, path->end() - 3), true);
-  while (path->size() > std::max(keep, count - 3) &&
-         std::abs(path->back().middle - way.at(path->back().x)) > endPlay)
+  const Arm before(path->begin(), path->end() - most);
+  if (std::abs(slopeOf(before)) > 1)
+    return;
+  const double usual = usualLength(before);
+  const auto isLong = [&](const Run& run) { return run.length() > 2 * usual + longRows; };
+  path->erase(std::find_if(path->end() - most, path->end(), isLong), path->end());
+  const std::size_t count = path->size() - last;
+  const Way way(Arm(path->begin() + static_cast<std::ptrdiff_t>(count + last - shortestArms),
+                    path->begin() + static_cast<std::ptrdiff_t>(count)),
+                true);
+  while (path->size() > count && std::abs(path->back().middle - way.at(path->back().x)) > endPlay)
     path->pop_back();
 }
 

@@ -25,7 +25,7 @@ private:
 
   Step next(std::vector<Run>* path) const;
   bool jumpGap(std::vector<Run>* path, std::size_t* stretch, int* jumped) const;
-  void trimEnd(std::vector<Run>* path, std::size_t keep) const;
+  static void trimEnd(std::vector<Run>* path);
   std::vector<Run> runsBehind(const Run& from, int direction) const;
   std::vector<Run> joining(const Run& run, const Run& from) const;
   bool isNarrow(const Run& run, double usual) const;

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr double areaShare = 0.001; // of the area for each pixel of thinning
+constexpr double areaShare = 0.0008; // of the area for each pixel of thinning
 
 double distanceTo(const QLineF& line, const QPointF& point) {
   const QPointF way = line.p2() - line.p1();
