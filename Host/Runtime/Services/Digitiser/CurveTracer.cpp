@@ -12,13 +12,14 @@
 
 namespace {
 
-constexpr int paperSamples = 1 << 20; // pixels looked at for the paper's colour
-constexpr int ringRadius = 8;         // pixels, on which strokes that meet at the seed part
-constexpr double ringContrast = 60;   // of 441, that a stroke there has
-constexpr double seedPlay = 1.5;      // pixels that a click may be off
-constexpr int leastColumns = 8;       // of a curve, as opposed to a line down the picture
-constexpr double gridDegrees = 4;     // that a line of a grid may be turned
-constexpr double gridPlay = 0.8;      // pixels that it may be bent
+constexpr int paperSamples = 1 << 20;  // pixels looked at for the paper's colour
+constexpr int ringRadius = 8;          // pixels, on which strokes that meet at the seed part
+constexpr std::size_t mostStrokes = 8; // that meet at a place; more are a pattern
+constexpr double ringContrast = 60;    // of 441, that a stroke there has
+constexpr double seedPlay = 1.5;       // pixels that a click may be off
+constexpr int leastColumns = 8;        // of a curve, as opposed to a line down the picture
+constexpr double gridDegrees = 4;      // that a line of a grid may be turned
+constexpr double gridPlay = 0.8;       // pixels that it may be bent
 
 constexpr double gridWeight = 0.1; // against that of a curve
 
@@ -177,7 +178,7 @@ Trace traceCurve(const QImage& picture, const QPoint& seed, const TraceOptions& 
     return {};
   const QRgb paper = paperColour(plain);
   const std::vector<QPoint> around = strokesAround(plain, paper, seed);
-  if (around.size() > 2) {
+  if (around.size() > 2 && around.size() <= mostStrokes) {
     std::vector<Found> strokes;
     for (const QPoint& place : around)
       if (auto one = followed(plain, paper, place, options))

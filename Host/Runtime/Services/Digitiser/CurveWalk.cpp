@@ -23,6 +23,7 @@ constexpr double endPlay = 0.7;        // pixels that the last columns may leave
 constexpr std::size_t smoothReach = 4; // columns to either side that tell a middle
 constexpr double steepTip = 4;         // from here on a stroke shows its own end
 constexpr std::size_t mostHidden = 16; // columns at its end that a curve may lie upon a line
+constexpr int armGap = 12;             // pixels that an arm may be hidden or broken
 constexpr double widthWeight = 0.25;   // of a pixel of width, against one off the way
 constexpr double mostMisfit = 1.2;     // pixels off the way, on an average, of a likely branch
 constexpr double leastMargin = 0.12;   // by which a branch has to be likelier than the next
@@ -194,11 +195,9 @@ void smooth(std::vector<Run>* path) {
       continue;
     const Way way(near, i < smoothReach || i + smoothReach >= found.size());
     const double off = std::abs(found[i].middle - way.at(found[i].x));
-    // A piece of a line across is longer than the stroke, which is as straight beside it.
-    const bool isPiece =
-        found[i].length() > 2 * usualLength(near) + longRows && way.misfit() <= endPlay;
-    const bool isCut = found[i].isCut && way.misfit() <= endPlay;
-    if (isPiece || isCut || off <= endPlay)
+    const double slope = slopeOf(near);
+    const bool isAlone = off > 4 * way.misfit() * std::hypot(1, slope) && way.misfit() <= endPlay;
+    if (isAlone || off <= endPlay || (found[i].isCut && way.misfit() <= endPlay))
       (*path)[i].middle = way.at(found[i].x);
   }
 }
@@ -253,7 +252,8 @@ std::vector<Run> CurveWalk::armFrom(const Run& start) const {
       arm.push_back(runs.front());
       continue;
     }
-    const auto beyond = runs.empty() ? beyondGap(last, slopeOf(arm), m_gap) : std::nullopt;
+    const auto beyond =
+        runs.empty() ? beyondGap(last, slopeOf(arm), std::min(m_gap, armGap)) : std::nullopt;
     if (!beyond || beyond->x == last.x)
       break;
     arm.push_back(*beyond);
@@ -324,8 +324,13 @@ bool CurveWalk::leadsTo(const Crossing& crossing, const std::vector<Run>& path) 
 CurveWalk::Step CurveWalk::cross(const Crossing& crossing, std::vector<Run>* path) const {
   if (crossing.isEndless)
     return Step::Unclear;
-  if (crossing.exits.empty())
-    return crossing.merged.size() > mostHidden ? Step::Unclear : Step::End;
+  if (crossing.exits.empty()) {
+    // A line across, as of a frame, ends it.
+    const double most = 2 * usualLength(*path) + longRows;
+    const bool isEnd = std::any_of(crossing.merged.begin(), crossing.merged.end(),
+                                   [&](const Run& run) { return run.length() > most; });
+    return isEnd && crossing.merged.size() <= mostHidden ? Step::End : Step::Unclear;
+  }
   const std::size_t count = qBound(shortestArms, 2 * crossing.merged.size(), longestArms);
   const Arm in = lastOf(*path, count);
   if (in.size() < leastColumns)
@@ -347,7 +352,7 @@ CurveWalk::Step CurveWalk::cross(const Crossing& crossing, std::vector<Run>* pat
   }
   std::size_t best = 0;
   // An exit is the likelier, the better the others explain the rest.
-  const auto score = [&](std::size_t i) { return own[i] - (others.empty() ? 0 : foreign[i]); };
+  const auto score = [&](std::size_t i) { return own[i] - (others.empty() ? 0 : foreign[i] / 2); };
   for (std::size_t i = 1; i < exits.size(); ++i)
     if (score(i) < score(best))
       best = i;
@@ -374,6 +379,17 @@ CurveWalk::Step CurveWalk::cross(const Crossing& crossing, std::vector<Run>* pat
   return Step::On;
 }
 
+/// Else what seemed to be one was noise, or the stroke itself.
+bool CurveWalk::isCrossing(const Crossing& crossing, bool isLong,
+                           const std::vector<Run>& path) const {
+  if (crossing.exits.size() > 1 || crossing.isEndless)
+    return true;
+  if (crossing.exits.empty())
+    return !crossing.others.empty() && (isLong || crossing.merged.size() > leastArm);
+  // A piece of a line across lies upon the stroke, which goes on behind it.
+  return !crossing.others.empty() || (isLong && leadsTo(crossing, path));
+}
+
 CurveWalk::Step CurveWalk::next(std::vector<Run>* path) const {
   const Run from = path->back();
   std::vector<Run> runs = runsBehind(from, m_direction);
@@ -385,9 +401,7 @@ CurveWalk::Step CurveWalk::next(std::vector<Run>* path) const {
   const bool isLong = runs.front().length() > 2 * usualLength(*path) + longRows;
   if (runs.size() > 1 || isLong || !joining(runs.front(), from).empty()) {
     const Crossing crossing = crossingBehind(*path);
-    const bool isCrossing = crossing.exits.size() > 1 || !crossing.others.empty();
-    // A piece of a line across lies upon the stroke, which goes on behind it.
-    if (isCrossing || (isLong && crossing.exits.size() == 1 && leadsTo(crossing, *path)))
+    if (isCrossing(crossing, isLong, *path))
       return cross(crossing, path);
   }
   const double expected = from.middle + slopeOf(*path);

@@ -30,6 +30,7 @@ private:
   std::vector<Run> joining(const Run& run, const Run& from) const;
   bool isNarrow(const Run& run, double usual) const;
   Crossing crossingBehind(const std::vector<Run>& path) const;
+  bool isCrossing(const Crossing& crossing, bool isLong, const std::vector<Run>& path) const;
   bool leadsTo(const Crossing& crossing, const std::vector<Run>& path) const;
   Step cross(const Crossing& crossing, std::vector<Run>* path) const;
   bool goesAcross(const Run& run, const Run& from) const;
