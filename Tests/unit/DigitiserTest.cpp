@@ -450,7 +450,7 @@ TEST(Measured, IntegralsAreThoseOfTheCurve) {
       const Measured found = measured(sheet, sheet.seedAt(0.31));
       EXPECT_LE(std::abs(found.area), one.most) << &one - axes << ' ' << &change - pictures;
       EXPECT_TRUE(found.whole && !found.asks()) << &one - axes << ' ' << &change - pictures;
-      EXPECT_LT(found.points, 400) << &one - axes << ' ' << &change - pictures;
+      EXPECT_LT(found.points, 160) << &one - axes << ' ' << &change - pictures;
     }
 }
 

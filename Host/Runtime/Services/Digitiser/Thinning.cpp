@@ -28,10 +28,15 @@ double areaBelow(const QPointF& a, const QPointF& b) {
 class Chords {
 public:
   Chords(const QVector<QPointF>& line, double tolerance, const GraphMap* map);
-  /// Whether the points between two others can be left out.
+  /// Whether the points between two others can be left out. What straight lines before have added
+  /// to the area counts, so that the area up to any point is kept.
   bool hold(int from, int to) const;
+  void take(int from, int to) { m_excess += excess(from, to); }
 
 private:
+  double excess(int from, int to) const {
+    return areaBelow(m_values[from], m_values[to]) - (m_areas[to] - m_areas[from]);
+  }
   QPointF onChord(int from, int to, int i) const; ///< in the picture, at the values' x
 
   const QVector<QPointF>& m_line;
@@ -39,6 +44,7 @@ private:
   const GraphMap* m_map;
   QVector<QPointF> m_values;
   QVector<double> m_areas, m_sizes; ///< up to each point, and their amounts
+  double m_excess = 0;
 };
 
 Chords::Chords(const QVector<QPointF>& line, double tolerance, const GraphMap* map)
@@ -70,9 +76,7 @@ QPointF Chords::onChord(int from, int to, int i) const {
 bool Chords::hold(int from, int to) const {
   if (to - from < 2)
     return true;
-  const double area = m_areas[to] - m_areas[from];
-  const double most = areaShare * m_tolerance * (m_sizes[to] - m_sizes[from]);
-  if (m_map && std::abs(areaBelow(m_values[from], m_values[to]) - area) > most)
+  if (m_map && std::abs(m_excess + excess(from, to)) > areaShare * m_tolerance * m_sizes[to])
     return false;
   QPointF last = m_line[from], at = onChord(from, to, from + 1);
   for (int i = from + 1; i < to; ++i) {
@@ -122,14 +126,16 @@ QVector<QPointF> chosenPoints(const QVector<QPointF>& line, const TraceOptions& 
       points.append(line[places[i]]);
     return points;
   }
-  const Chords chords(line, options.thinning, map);
+  Chords chords(line, options.thinning, map);
   for (int i = 0; i + 1 < places.size();) {
     const int next =
         farthest(i, places.size() - 1, [&](int to) { return chords.hold(places[i], places[to]); });
     // Where even one step is too long, the columns between help.
     for (int at = places[i]; at < places[next];) {
-      at = farthest(at, places[next], [&](int to) { return chords.hold(at, to); });
-      points.append(line[at]);
+      const int to = farthest(at, places[next], [&](int end) { return chords.hold(at, end); });
+      chords.take(at, to);
+      points.append(line[to]);
+      at = to;
     }
     i = next;
   }
