@@ -671,6 +671,39 @@ TEST(Tracer, ComesDownACliff) {
   }
 }
 
+TEST(Tracer, TakesAnyScrawl) {
+  std::mt19937 random(17);
+  const auto below = [&](int end) { return int(random() % unsigned(end)); };
+  int lines = 0;
+  for (int n = 0; n < 400; ++n) {
+    QImage picture(1 + below(160), 1 + below(120), QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing, n & 1);
+    const auto place = [&] {
+      return QPointF(below(picture.width() + 20) - 10, below(picture.height() + 20) - 10);
+    };
+    for (int i = below(12); i >= 0; --i) {
+      painter.setPen(QPen(below(3) ? Qt::black : Qt::red, 1 + below(5)));
+      below(4) ? painter.drawLine(place(), place()) : painter.drawEllipse(place(), 9, 30);
+    }
+    painter.end();
+    const QPoint seed(below(picture.width()), below(picture.height()));
+    const TraceOptions options{5 + below(91), 1 + below(9), below(60), 0.1 * below(20)};
+    const QVector<QPointF> line = traceCurve(picture, seed, options).line;
+    lines += line.size() > 20;
+    for (int i = 0; i < line.size(); ++i) {
+      EXPECT_TRUE(i == 0 || line[i].x() > line[i - 1].x()) << n << ' ' << i;
+      EXPECT_TRUE(QRectF(picture.rect()).contains(line[i])) << n << ' ' << i;
+    }
+    const GraphMap map = *GraphMap::fromAxes({{0, 0}, {9, 0}, 1e-9, 1e9, AxisScale::Logarithmic},
+                                             {{0, 0}, {0, 1}, 1, 1e300, AxisScale::Logarithmic});
+    for (const QPointF& point : chosenPoints(line, options, &map)) // far beyond any number
+      EXPECT_TRUE(line.contains(point)) << n;
+  }
+  EXPECT_GT(lines, 100) << "some of it is traced";
+}
+
 TEST(Tracer, TakesAnyPictureInTime) {
   // All ink but a corner, and stripes as wide as a gap: the worst that it can walk over.
   QImage picture(4000, 3000, QImage::Format_RGB32);
