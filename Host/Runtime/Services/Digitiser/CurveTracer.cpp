@@ -38,7 +38,7 @@ std::optional<Found> followed(const QImage& picture, QRgb paper, const QPoint& s
   const CurveWalk toRight(stroke, 1, options.gap);
   const CurveWalk toLeft(stroke, -1, options.gap);
   // What lies left of the seed tells the direction to its right, and the other way round.
-  std::vector<Run> path = toLeft.armFrom(stroke.runAt(start->x(), start->y()));
+  Arm path = toLeft.armFrom(stroke.runAt(start->x(), start->y()));
   const std::size_t known = path.size();
   std::reverse(path.begin(), path.end());
   const bool rightIsClear = toRight.go(&path);
@@ -60,7 +60,7 @@ std::optional<Found> followed(const QImage& picture, QRgb paper, const QPoint& s
     found.trace.unclearLeft = line.first();
   if (!rightIsClear)
     found.trace.unclearRight = line.last();
-  found.ink = stroke.contrast() * usualInk(path);
+  found.ink = stroke.contrast() * median(path, path.size(), inkOf);
   return found;
 }
 

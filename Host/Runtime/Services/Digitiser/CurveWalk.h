@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Services/Digitiser/Stroke.h"
+#include "Services/Digitiser/CurveArm.h"
 
 #include <QPointF>
 
@@ -13,26 +13,33 @@ public:
 
   /// `path` holds the columns so far, the last one first to go on from. False where it stopped
   /// because two ways are as likely.
-  bool go(std::vector<Run>* path) const;
+  bool go(Arm* path) const;
   /// A stroke's next columns from `start`, to where it ends or meets another.
-  std::vector<Run> armFrom(const Run& start) const;
+  Arm armFrom(const Run& start) const;
   /// Where a steep stroke ends. Its last columns, which the end cuts short, leave the path.
-  std::optional<QPointF> tip(std::vector<Run>* path, std::size_t keep) const;
+  std::optional<QPointF> tip(Arm* path, std::size_t keep) const;
 
 private:
   enum class Step { On, Gap, End, Unclear };
   struct Crossing;
+  struct Choice {
+    Step step;
+    std::size_t exit = 0;
+  };
 
-  Step next(std::vector<Run>* path) const;
-  bool jumpGap(std::vector<Run>* path, std::size_t* stretch, int* jumped) const;
-  static void trimEnd(std::vector<Run>* path);
+  Step next(Arm* path) const;
+  bool jumpGap(Arm* path, std::size_t* stretch, int* jumped) const;
+  static void trimEnd(Arm* path);
   std::vector<Run> runsBehind(const Run& from, int direction) const;
-  std::vector<Run> joining(const Run& run, const Run& from) const;
+  std::vector<Run> frontBehind(const std::vector<Run>& before) const;
+  std::vector<Run> joining(const std::vector<Run>& front, const std::vector<Run>& before) const;
+  std::vector<Arm> exitsFrom(const std::vector<Run>& front, const Arm& path) const;
   bool isNarrow(const Run& run, double usual) const;
-  Crossing crossingBehind(const std::vector<Run>& path) const;
-  bool isCrossing(const Crossing& crossing, bool isLong, const std::vector<Run>& path) const;
-  bool leadsTo(const Crossing& crossing, const std::vector<Run>& path) const;
-  Step cross(const Crossing& crossing, std::vector<Run>* path) const;
+  Crossing crossingBehind(const Arm& path) const;
+  bool isCrossing(const Crossing& crossing, bool isLong, const Arm& path) const;
+  bool leadsTo(const Crossing& crossing, const Arm& path) const;
+  Choice choose(const Crossing& crossing, const Arm& in, std::size_t count) const;
+  Step cross(const Crossing& crossing, Arm* path) const;
   bool goesAcross(const Run& run, const Run& from) const;
   std::optional<Run> beyondGap(const Run& from, double slope, int gap) const;
 
@@ -40,8 +47,3 @@ private:
   int m_direction;
   int m_gap;
 };
-
-/// The rows that a stroke covers in most columns.
-double usualInk(const std::vector<Run>& path);
-/// Takes noise off the middles of a path, and what pieces of other lines have added.
-void smooth(std::vector<Run>* path);
