@@ -166,6 +166,6 @@ const integral = (from, to) => {
   return sum;
 };
 near(charge[16], 400, 1e-3, 'up to the limit');
-near(charge[17] - charge[1], integral(charge[0], 400), 0.05, 'the charge of the whole curve');
+near(charge[17] - charge[1], integral(charge[0], 400), 0.01, 'the charge of the whole curve');
 for (let i = 2; i < charge.length; i += 2)
   check(charge[i] > charge[i - 2] && charge[i + 1] > charge[i - 1], 'charge rises with voltage');

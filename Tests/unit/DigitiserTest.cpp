@@ -2,6 +2,7 @@
 #include "Services/Digitiser/DigitiserModel.h"
 #include "Services/Digitiser/GraphMap.h"
 #include "Services/Digitiser/PictureFile.h"
+#include "Services/Digitiser/Thinning.h"
 
 #include <QBuffer>
 #include <QDir>
@@ -36,6 +37,7 @@ struct Sheet {
   bool logX = false, logY = false;
   QPointF low{0, 0}, high{10, 100}; // values at the corners of the frame
   Curve curve = [](double x) { return 10 + 0.8 * x * x; };
+  Curve other; // of the same colour
   double pen = 2.5;
   QColor ink{200, 30, 30};
   QColor grid{150, 150, 150};
@@ -56,6 +58,27 @@ struct Sheet {
   }
   static double along(double part, double from, double to, bool log) {
     return log ? from * std::pow(to / from, part) : from + part * (to - from);
+  }
+  double x(double part) const { return along(part, low.x(), high.x(), logX); }
+  /// The curve in the picture.
+  QVector<QPointF> truth() const {
+    QVector<QPointF> line;
+    for (int i = 0; i <= 1000; ++i)
+      line.append(pixel({x(i / 1000.0), curve(x(i / 1000.0))}));
+    return line;
+  }
+  double area(double from, double to) const { // below the curve
+    double sum = 0;
+    for (int i = 0; i < 4000; ++i) {
+      const double a = along(i / 4000.0, from, to, logX);
+      const double b = along((i + 1) / 4000.0, from, to, logX);
+      sum += (b - a) * curve((a + b) / 2);
+    }
+    return sum;
+  }
+  QPoint seedAt(double part) const {
+    const QPointF at = pixel({x(part), curve(x(part))});
+    return {int(at.x()), int(at.y())};
   }
   QPointF flat(const QPointF& value) const {
     return {left + width * share(value.x(), low.x(), high.x(), logX),
@@ -86,14 +109,15 @@ struct Sheet {
     };
     if (!gridOnTop)
       drawGrid();
-    QPainterPath path;
-    for (int i = 0; i <= 2000; ++i) {
-      const double x = along(i / 2000.0, low.x(), high.x(), logX);
-      const QPointF at = flat({x, curve(x)});
-      i == 0 ? path.moveTo(at) : path.lineTo(at);
-    }
     painter.setPen(QPen(ink, pen, style, Qt::FlatCap));
-    painter.drawPath(path);
+    for (const Curve& one : {curve, other}) {
+      QPainterPath path;
+      for (int i = 0; one && i <= 2000; ++i) {
+        const QPointF at = flat({x(i / 2000.0), one(x(i / 2000.0))});
+        i == 0 ? path.moveTo(at) : path.lineTo(at);
+      }
+      painter.drawPath(path);
+    }
     if (gridOnTop)
       drawGrid();
     painter.end();
@@ -223,6 +247,16 @@ TEST(GraphMap, ValuesAscend) {
     EXPECT_GT(apart[i].x(), apart[i - 1].x());
 }
 
+/// The points that a click gives, before the axes are known.
+QVector<QPointF> traced(const QImage& picture, const QPoint& seed,
+                        const TraceOptions& options = {}) {
+  return chosenPoints(traceCurve(picture, seed, options).line, options, nullptr);
+}
+
+QVector<QPointF> thinned(const QVector<QPointF>& line, double tolerance) {
+  return chosenPoints(line, {50, 1, 12, tolerance}, nullptr);
+}
+
 TEST(Thinning, StaysWithinItsTolerance) {
   std::mt19937 random(11);
   std::uniform_real_distribution<double> jitter(-1, 1);
@@ -244,7 +278,7 @@ TEST(Thinning, StaysWithinItsTolerance) {
         EXPECT_LE(distanceTo(thin, point), tolerance * 1.0001) << &shape - shapes;
     }
   QVector<QPointF> straight;
-  for (int i = 0; i < 1'000'000; ++i)
+  for (int i = 0; i < 100'000; ++i)
     straight.append({double(i), 0.25 * i});
   EXPECT_EQ(thinned(straight, 0.1).size(), 2);
   EXPECT_EQ(thinned(straight, 0).size(), straight.size());
@@ -267,17 +301,9 @@ class Tracing : public testing::TestWithParam<TraceCase> {};
 TEST_P(Tracing, RecoversTheCurve) {
   const TraceCase& one = GetParam();
   const Sheet& sheet = one.sheet;
-  const double middle = Sheet::along(0.53, sheet.low.x(), sheet.high.x(), sheet.logX);
-  const QPointF seed = sheet.pixel({middle, sheet.curve(middle)});
-  const QVector<QPointF> points =
-      traceCurve(sheet.picture(), QPoint(int(seed.x()), int(seed.y())), one.options);
+  const QVector<QPointF> points = traced(sheet.picture(), sheet.seedAt(0.53), one.options);
   ASSERT_GE(points.size(), 3);
-
-  QVector<QPointF> truth;
-  for (int i = 0; i <= 4000; ++i) {
-    const double x = Sheet::along(i / 4000.0, sheet.low.x(), sheet.high.x(), sheet.logX);
-    truth.append(sheet.pixel({x, sheet.curve(x)}));
-  }
+  const QVector<QPointF> truth = sheet.truth();
   for (const QPointF& point : points) {
     // Where a line ends, its end cuts columns short.
     const bool isEnd = point == points.first() || point == points.last();
@@ -304,6 +330,36 @@ Sheet capacitance() { // a MOSFET's, over voltage, on logarithmic axes
     return 40e-12 + 4e-9 / std::pow(1 + v / 0.9, 0.5) / (1 + std::pow(v / 40, 4));
   };
   return sheet;
+}
+
+/// What the digitiser gives for a click, against the truth.
+struct Measured {
+  Trace trace;
+  int points = 0;
+  double off = 0;     // pixels of the farthest point
+  double area = 0;    // relative error of the integral
+  bool whole = false; // from one side of the frame to the other
+  bool asks() const { return trace.unclearLeft || trace.unclearRight; }
+};
+Measured measured(const Sheet& sheet, const QPoint& seed) {
+  Measured found{traceCurve(sheet.picture(), seed, {})};
+  const GraphMap map = sheet.map();
+  const QVector<QPointF> points = chosenPoints(found.trace.line, {}, &map);
+  const QVector<QPointF> truth = sheet.truth();
+  found.points = points.size();
+  if (points.size() < 3)
+    return found;
+  for (const QPointF& point : points)
+    found.off = std::max(found.off, distanceTo(truth, point));
+  found.whole =
+      points.first().x() - truth.first().x() < 8 && truth.last().x() - points.last().x() < 8;
+  const std::vector<QPointF> values = graphValues(map, points);
+  double sum = 0;
+  for (std::size_t i = 1; i < values.size(); ++i)
+    sum += (values[i].x() - values[i - 1].x()) * (values[i].y() + values[i - 1].y()) / 2;
+  const double from = sheet.logX ? values.front().x() : std::max(0.0, values.front().x());
+  found.area = sum / sheet.area(from, values.back().x()) - 1;
+  return found;
 }
 
 template <class Action> Sheet with(Sheet sheet, Action action) {
@@ -367,20 +423,151 @@ INSTANTIATE_TEST_SUITE_P(
         TraceCase{"everyPixel", Sheet(), 0.35, 3, {50, 1, 12, 0}}),
     [](const auto& one) { return std::string(one.param.name); });
 
+TEST(Measured, IntegralsAreThoseOfTheCurve) {
+  const struct {
+    bool logX, logY;
+    QPointF low, high;
+    double most;
+  } axes[] = {{true, true, {0.1, 1e-11}, {1000, 1e-8}, 0.001},
+              {false, true, {0, 1e-11}, {100, 1e-8}, 0.005},
+              {true, false, {0.1, 0}, {100, 5e-9}, 0.005},
+              {false, false, {0, 0}, {100, 5e-9}, 0.005}};
+  const std::function<void(Sheet*)> pictures[] = {[](Sheet*) {},
+                                                  [](Sheet* s) { s->pen = 1.2; },
+                                                  [](Sheet* s) { s->turn = 2; },
+                                                  [](Sheet* s) { s->noise = 12; },
+                                                  [](Sheet* s) { s->gridOnTop = true; },
+                                                  [](Sheet* s) { s->jpegQuality = 60; },
+                                                  [](Sheet* s) { s->ink = QColor(20, 20, 20); }};
+  for (const auto& one : axes)
+    for (const auto& change : pictures) {
+      Sheet sheet = capacitance();
+      sheet.logX = one.logX;
+      sheet.logY = one.logY;
+      sheet.low = one.low;
+      sheet.high = one.high;
+      change(&sheet);
+      const Measured found = measured(sheet, sheet.seedAt(0.31));
+      EXPECT_LE(std::abs(found.area), one.most) << &one - axes << ' ' << &change - pictures;
+      EXPECT_TRUE(found.whole && !found.asks()) << &one - axes << ' ' << &change - pictures;
+      EXPECT_LT(found.points, 160) << &one - axes << ' ' << &change - pictures;
+    }
+}
+
+/// A gentle curve through the picture.
+Curve arc(const Sheet& sheet, double from, double to, double bend) {
+  return [=](double x) {
+    const double t = Sheet::share(x, sheet.low.x(), sheet.high.x(), sheet.logX);
+    const double y = 0.1 + 0.8 * (from + (to - from) * t + 4 * bend * t * (1 - t));
+    return Sheet::along(qBound(0.04, y, 0.96), sheet.low.y(), sheet.high.y(), sheet.logY);
+  };
+}
+
+TEST(Measured, CrossingsAreKeptOrAskedAbout) {
+  std::mt19937 random(5);
+  std::uniform_real_distribution<double> share(0, 1);
+  const auto any = [&] { return share(random); };
+  int crossings = 0, asked = 0;
+  for (int n = 0; n < 150; ++n) {
+    Sheet sheet;
+    sheet.logX = n & 1;
+    sheet.logY = n & 2;
+    sheet.low = {sheet.logX ? 0.1 : 0.0, sheet.logY ? 0.1 : 0.0};
+    sheet.high = {sheet.logX ? 1000.0 : 10.0, 100};
+    sheet.pen = 1.5 + 2.5 * any();
+    sheet.curve = arc(sheet, any(), any(), 0.6 * (any() - 0.5));
+    sheet.other = arc(sheet, any(), any(), 0.6 * (any() - 0.5));
+    sheet.ink = n % 3 ? QColor(20, 20, 20) : QColor(200, 30, 30);
+    sheet.grid = QColor(190, 190, 190);
+    sheet.jpegQuality = n % 5 ? 100 : 75;
+    sheet.noise = n % 7 ? 0 : 8;
+    sheet.turn = n % 4 - 1.5;
+    const auto apart = [&](double part) {
+      const double x = sheet.x(part);
+      return sheet.flat({x, sheet.curve(x)}).y() - sheet.flat({x, sheet.other(x)}).y();
+    };
+    double at = 0;
+    for (int i = 80; i < 920; ++i)
+      if (apart(i / 1000.0) * apart((i + 1) / 1000.0) < 0)
+        at = i / 1000.0;
+    const double seed = at < 0.5 ? at + 0.15 + 0.3 * any() : at - 0.15 - 0.3 * any();
+    if (at == 0 || std::abs(apart(seed)) < 12)
+      continue;
+    ++crossings;
+    const Measured found = measured(sheet, sheet.seedAt(seed));
+    asked += found.asks();
+    EXPECT_TRUE(found.whole || found.asks()) << n;
+    EXPECT_LE(found.off, 2.5) << n;
+    EXPECT_LE(std::abs(found.area), 0.003) << n;
+  }
+  EXPECT_GT(crossings, 40);
+  EXPECT_LE(asked, crossings / 10);
+}
+
+TEST(Measured, ClicksWhereTheGridIsCrossedMeanTheCurve) {
+  int clicks = 0, asked = 0;
+  const auto click = [&](const Sheet& sheet, double part) {
+    const Measured found = measured(sheet, sheet.seedAt(part));
+    ++clicks;
+    asked += found.asks();
+    EXPECT_TRUE((found.whole || found.asks()) && found.off < 2.5)
+        << qPrintable(sheet.ink.name()) << sheet.gridOnTop << sheet.turn << ' ' << part << ' '
+        << found.off;
+  };
+  for (const QColor& ink : {QColor(200, 30, 30), QColor(20, 20, 20), QColor(110, 200, 120)})
+    for (const bool gridOnTop : {false, true})
+      for (const int line : {1, 3, 4, 6, 9}) {
+        Sheet sheet = capacitance();
+        sheet.ink = ink;
+        sheet.gridOnTop = gridOnTop;
+        sheet.turn = line % 2;
+        click(sheet, line / 10.0);
+        double level = 0; // where the curve comes down to a line along
+        while (level < 1 && Sheet::share(sheet.curve(sheet.x(level)), sheet.low.y(), sheet.high.y(),
+                                         true) > line / 10.0)
+          level += 0.0005;
+        if (level > 0.02 && level < 0.98)
+          click(sheet, level);
+      }
+  EXPECT_LE(asked, clicks / 10);
+  // In a grid of the curve's own colour more places are in doubt, and are asked about.
+  Sheet sheet = capacitance();
+  sheet.ink = sheet.grid = QColor(20, 20, 20);
+  for (int i = 0; i < 20; ++i)
+    click(sheet, 0.03 + i / 21.0);
+}
+
+TEST(Measured, EndsAreNotPulledOntoTheFrame) {
+  std::mt19937 random(3);
+  std::uniform_real_distribution<double> share(0.05, 1);
+  for (int n = 0; n < 66; ++n) {
+    Sheet sheet;
+    sheet.ink = n % 2 ? QColor(20, 20, 20) : n % 4 ? QColor(30, 60, 190) : QColor(200, 30, 30);
+    sheet.pen = 1.2 + 2.5 * share(random);
+    sheet.jpegQuality = n % 3 ? 100 : 70;
+    sheet.turn = n % 5 * 0.5 - 1;
+    sheet.curve = arc(sheet, share(random), share(random), 0.3 * (share(random) - 0.5));
+    const Measured found = measured(sheet, sheet.seedAt(0.55));
+    ASSERT_GE(found.points, 3) << n;
+    EXPECT_LE(found.off, 1.2) << n;
+    EXPECT_TRUE(found.whole) << n;
+  }
+}
+
 TEST(Tracer, FindsTheStrokeNearTheClickOnly) {
   const Sheet sheet;
   const QImage picture = sheet.picture();
   const QPointF on = sheet.pixel({5.3, sheet.curve(5.3)});
-  EXPECT_FALSE(traceCurve(picture, QPoint(int(on.x()), int(on.y()) + 4), {}).isEmpty());
+  EXPECT_FALSE(traced(picture, QPoint(int(on.x()), int(on.y()) + 4)).isEmpty());
   for (const QPoint& off :
        {QPoint(30, 500), QPoint(-50, 10), QPoint(799, 559), QPoint(1 << 30, -(1 << 30))})
-    EXPECT_TRUE(traceCurve(picture, off, {}).isEmpty()) << off.x();
-  EXPECT_TRUE(traceCurve(QImage(), {0, 0}, {}).isEmpty());
+    EXPECT_TRUE(traced(picture, off).isEmpty()) << off.x();
+  EXPECT_TRUE(traced(QImage(), {0, 0}).isEmpty());
   QImage plain(50, 50, QImage::Format_Mono);
   plain.fill(1);
-  EXPECT_TRUE(traceCurve(plain, {10, 10}, {}).isEmpty());
+  EXPECT_TRUE(traced(plain, {10, 10}).isEmpty());
   plain.setPixel(10, 10, 0);
-  EXPECT_EQ(traceCurve(plain, {10, 10}, {}).size(), 1);
+  EXPECT_EQ(traced(plain, {10, 10}).size(), 1);
 }
 
 TEST(Tracer, KeepsToItsCurve) {
@@ -397,11 +584,11 @@ TEST(Tracer, KeepsToItsCurve) {
   painter.setPen(QPen(Qt::blue, 2));
   painter.drawLine(QPointF(50, 110), QPointF(550, 310));
   painter.end();
-  const QVector<QPointF> points = traceCurve(picture, {150, 140}, {});
+  const QVector<QPointF> points = traced(picture, {150, 140});
   ASSERT_GE(points.size(), 2);
   const QVector<QPointF> truth{{50, 100}, {550, 300}};
   for (const QPointF& point : points)
-    EXPECT_LE(distanceTo(truth, point), 5.0) << point.x(); // where both cross, they are one stroke
+    EXPECT_LE(distanceTo(truth, point), 1.0) << point.x();
   EXPECT_NEAR(points.first().x(), 50, 2);
   EXPECT_NEAR(points.last().x(), 550, 2);
 }
@@ -418,7 +605,7 @@ TEST(Tracer, BridgesGapsUpToItsLimit) {
        {std::pair{0, 119.5}, {9, 119.5}, {10, 229.5}, {29, 229.5}, {30, 359.5}}) {
     TraceOptions options;
     options.gap = gap;
-    EXPECT_EQ(traceCurve(picture, {60, 51}, options).last(), QPointF(end, 51)) << gap;
+    EXPECT_EQ(traced(picture, {60, 51}, options).last(), QPointF(end, 51)) << gap;
   }
 }
 
@@ -438,7 +625,7 @@ TEST(Tracer, TellsTheStrokeFromItsFaults) {
     painter->fillRect(20, 40, 300, 9, Qt::red);
     painter->fillRect(20, 44, 300, 1, QColor(255, 160, 160));
   });
-  for (const QPointF& point : traceCurve(holed, {100, 42}, {}))
+  for (const QPointF& point : traced(holed, {100, 42}))
     EXPECT_NEAR(point.y(), 44.5, 0.2);
   // Beyond a gap, something pale is not taken for it; where it touches, it is.
   for (const int gap : {0, 5}) {
@@ -446,7 +633,7 @@ TEST(Tracer, TellsTheStrokeFromItsFaults) {
       painter->fillRect(20, 40, 180, 3, Qt::red);
       painter->fillRect(200 + gap, 40, 100, 3, pale);
     });
-    EXPECT_EQ(traceCurve(faint, {100, 41}, {}).last().x(), gap == 0 ? 299.5 : 199.5);
+    EXPECT_EQ(traced(faint, {100, 41}).last().x(), gap == 0 ? 299.5 : 199.5);
   }
   // A steep stroke is followed to its end, across a band that hides it.
   const QLineF steep(100, 20, 118, 380);
@@ -458,7 +645,7 @@ TEST(Tracer, TellsTheStrokeFromItsFaults) {
     });
   };
   for (const int band : {1, 8, 40}) {
-    const QVector<QPointF> points = traceCurve(banded(band), {104, 100}, {});
+    const QVector<QPointF> points = traced(banded(band), {104, 100});
     ASSERT_GE(points.size(), 2);
     EXPECT_LE(QLineF(points.first(), steep.p1()).length(), 2.5) << band;
     EXPECT_LE(QLineF(points.last(), band < 12 ? steep.p2() : steep.pointAt(0.5)).length(), 2.5)
@@ -477,11 +664,44 @@ TEST(Tracer, ComesDownACliff) {
     painter.drawPolyline(QPolygonF({{20, 50}, {150, 50}, {150, 350}, {380, 350}}));
     painter.fillRect(0, 200, 400, band, Qt::darkGreen);
     painter.end();
-    const QVector<QPointF> points = traceCurve(picture, {60, 50}, {});
+    const QVector<QPointF> points = traced(picture, {60, 50});
     ASSERT_GE(points.size(), 4);
     EXPECT_GT(points.last().x(), 378) << band;
     EXPECT_NEAR(points.last().y(), 350, 0.6) << band;
   }
+}
+
+TEST(Tracer, TakesAnyScrawl) {
+  std::mt19937 random(17);
+  const auto below = [&](int end) { return int(random() % unsigned(end)); };
+  int lines = 0;
+  for (int n = 0; n < 400; ++n) {
+    QImage picture(1 + below(160), 1 + below(120), QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing, n & 1);
+    const auto place = [&] {
+      return QPointF(below(picture.width() + 20) - 10, below(picture.height() + 20) - 10);
+    };
+    for (int i = below(12); i >= 0; --i) {
+      painter.setPen(QPen(below(3) ? Qt::black : Qt::red, 1 + below(5)));
+      below(4) ? painter.drawLine(place(), place()) : painter.drawEllipse(place(), 9, 30);
+    }
+    painter.end();
+    const QPoint seed(below(picture.width()), below(picture.height()));
+    const TraceOptions options{5 + below(91), 1 + below(9), below(60), 0.1 * below(20)};
+    const QVector<QPointF> line = traceCurve(picture, seed, options).line;
+    lines += line.size() > 20;
+    for (int i = 0; i < line.size(); ++i) {
+      EXPECT_TRUE(i == 0 || line[i].x() > line[i - 1].x()) << n << ' ' << i;
+      EXPECT_TRUE(QRectF(picture.rect()).contains(line[i])) << n << ' ' << i;
+    }
+    const GraphMap map = *GraphMap::fromAxes({{0, 0}, {9, 0}, 1e-9, 1e9, AxisScale::Logarithmic},
+                                             {{0, 0}, {0, 1}, 1, 1e300, AxisScale::Logarithmic});
+    for (const QPointF& point : chosenPoints(line, options, &map)) // far beyond any number
+      EXPECT_TRUE(line.contains(point)) << n;
+  }
+  EXPECT_GT(lines, 100) << "some of it is traced";
 }
 
 TEST(Tracer, TakesAnyPictureInTime) {
@@ -495,9 +715,9 @@ TEST(Tracer, TakesAnyPictureInTime) {
   painter.end();
   QElapsedTimer clock;
   clock.start();
-  EXPECT_EQ(traceCurve(picture, {2400, 1500}, {}).size(), 2);
-  traceCurve(picture, {1000, 1500}, {});
-  traceCurve(picture, {1000, 1500}, {95, 1, 200, 0});
+  EXPECT_EQ(traced(picture, {2400, 1500}).size(), 2);
+  traced(picture, {1000, 1500});
+  traced(picture, {1000, 1500}, {95, 1, 200, 0});
   EXPECT_LT(clock.elapsed(), 20'000);
 }
 
@@ -642,6 +862,72 @@ TEST_F(Digitiser, RetracesTheLastTraceOnly) {
   EXPECT_EQ(model.state().points.size(), count);
   EXPECT_FALSE(model.trace({5, 5}, {}));
   EXPECT_TRUE(model.undoStack()->canRedo());
+}
+
+TEST_F(Digitiser, ChoosesPointsAgainForOtherAxes) {
+  const Sheet bent = capacitance();
+  DigitiserModel other(bent.picture());
+  ASSERT_TRUE(other.trace(bent.seedAt(0.3), {}));
+  const auto before = other.state().points;
+  const QPointF corner = bent.low;
+  const QPointF places[] = {
+      corner, {bent.high.x(), corner.y()}, corner, {corner.x(), bent.high.y()}};
+  const char* texts[] = {"100m", "1k", "10p", "10n"};
+  for (int mark = 0; mark < markCount; ++mark) {
+    other.placeMark(mark, bent.pixel(places[mark]));
+    other.setMarkText(mark, text(texts[mark]));
+  }
+  other.setScale(XAxis, AxisScale::Logarithmic);
+  other.setScale(YAxis, AxisScale::Logarithmic);
+  const auto& values = other.values();
+  double sum = 0;
+  for (std::size_t i = 1; i < values.size(); ++i)
+    sum += (values[i].x() - values[i - 1].x()) * (values[i].y() + values[i - 1].y()) / 2;
+  EXPECT_NEAR(sum / bent.area(values.front().x(), values.back().x()), 1, 0.001);
+  // Points that the user moved stay, and all comes back.
+  other.movePoint(5, other.state().points[5] + QPointF(0, 3));
+  const auto moved = other.state().points;
+  other.setScale(YAxis, AxisScale::Linear);
+  EXPECT_EQ(other.state().points, moved);
+  while (other.undoStack()->index() > 1)
+    other.undoStack()->undo();
+  EXPECT_EQ(other.state().points, before);
+}
+
+TEST_F(Digitiser, AsksWhereALineForksAndCarriesOn) {
+  QImage picture(600, 400, QImage::Format_RGB32);
+  picture.fill(Qt::white);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(Qt::black, 3));
+  painter.drawLine(QPointF(50, 200), QPointF(300, 200));
+  painter.drawLine(QPointF(300, 200), QPointF(550, 130));
+  painter.drawLine(QPointF(300, 200), QPointF(550, 270));
+  painter.end();
+  DigitiserModel fork(picture);
+  const QPointF places[] = {{50, 350}, {550, 350}, {50, 350}, {50, 50}};
+  for (int mark = 0; mark < markCount; ++mark) {
+    fork.placeMark(mark, places[mark]);
+    fork.setMarkText(mark, text(mark % 2 ? "10" : "0"));
+  }
+  ASSERT_TRUE(fork.trace({100, 200}, {}));
+  ASSERT_TRUE(fork.state().unclearRight && !fork.state().unclearLeft);
+  EXPECT_NEAR(fork.state().unclearRight->x(), 305, 15);
+  EXPECT_TRUE(fork.advice().isQuestion && fork.isComplete());
+  const auto stem = fork.state().points;
+  EXPECT_EQ(stem.last().x(), fork.state().unclearRight->x());
+  for (const double end : {130.0, 270.0}) {
+    ASSERT_TRUE(fork.trace({450, int(200 + 0.6 * (end - 200))}, {}));
+    EXPECT_FALSE(fork.state().unclearRight || fork.advice().isQuestion) << end;
+    EXPECT_EQ(fork.state().points.mid(0, stem.size()), stem);
+    for (const QPointF& point : fork.state().points)
+      EXPECT_LE(distanceTo({{50, 200}, {300, 200}, {550, end}}, point), 2) << point.x();
+    EXPECT_NEAR(fork.state().points.last().x(), 550, 3);
+    fork.undoStack()->undo();
+    EXPECT_TRUE(fork.state().unclearRight);
+  }
+  fork.addPoint({400, 172});
+  EXPECT_FALSE(fork.state().unclearRight) << "the user goes on by hand";
 }
 
 TEST_F(Digitiser, KeepsPlacesInThePicture) {

@@ -163,7 +163,7 @@ void DigitiserDialog::updateEnables() {
 
 void DigitiserDialog::showAdvice() {
   const DigitiserModel::Advice advice = m_model.advice();
-  const bool isFault = advice.isFault || !m_fault.isEmpty();
+  const bool isFault = advice.isFault || advice.isQuestion || !m_fault.isEmpty();
   const int side = fontMetrics().height();
   const auto icon = isFault ? QStyle::SP_MessageBoxWarning : QStyle::SP_MessageBoxInformation;
   m_ui->adviceIcon->setPixmap(style()->standardIcon(icon).pixmap(windowHandle(), {side, side}));

@@ -2,6 +2,7 @@
 
 #include "HostSupport/Numbers.h"
 #include "HostSupportQt/Text.h"
+#include "Services/Digitiser/Thinning.h"
 
 #include <QUndoCommand>
 
@@ -31,7 +32,8 @@ GraphAxis axisOf(int mark) {
 
 bool DigitiserState::operator==(const DigitiserState& other) const {
   return places == other.places && texts == other.texts && scales == other.scales &&
-         points == other.points;
+         points == other.points && unclearLeft == other.unclearLeft &&
+         unclearRight == other.unclearRight;
 }
 
 bool DigitiserState::isEmpty() const {
@@ -80,16 +82,38 @@ void DigitiserModel::apply(const DigitiserState& state) {
   m_state = state;
   m_map.reset();
   m_values.clear();
-  if (!axisFault(XAxis) && !axisFault(YAxis))
-    m_map = GraphMap::fromAxes(axisMarks(XAxis), axisMarks(YAxis));
+  m_map = mapOf(state);
   if (m_map)
     m_values = graphValues(*m_map, m_state.points);
   emit changed();
 }
 
 void DigitiserModel::push(const QString& text, DigitiserState after) {
-  if (!(after == m_state))
-    m_stack.push(new Change(this, text, std::move(after)));
+  if (after == m_state)
+    return;
+  chooseAgain(&after);
+  m_stack.push(new Change(this, text, std::move(after)));
+}
+
+/// Other axes have other straight lines between values: a trace that stands as it was made gets
+/// the points that the new ones ask for.
+void DigitiserModel::chooseAgain(DigitiserState* after) const {
+  if (after->traces.isEmpty() || (after->places == m_state.places &&
+                                  after->texts == m_state.texts && after->scales == m_state.scales))
+    return;
+  const std::optional<GraphMap> map = mapOf(*after);
+  for (const DigitiserState::Traced& trace : qAsConst(after->traces)) {
+    const QVector<QPointF> old = chosenPoints(trace.line, trace.options, m_map ? &*m_map : nullptr);
+    const auto begin =
+        std::search(after->points.begin(), after->points.end(), old.begin(), old.end());
+    if (begin == after->points.end())
+      continue;
+    const int place = static_cast<int>(begin - after->points.begin());
+    const auto points = after->points;
+    after->points = points.mid(0, place) +
+                    chosenPoints(trace.line, trace.options, map ? &*map : nullptr) +
+                    points.mid(place + old.size());
+  }
 }
 
 /// The picture's edge belongs to it: axes often lie there.
@@ -100,38 +124,44 @@ QPointF DigitiserModel::inside(const QPointF& point) const {
 
 // ---- the axes -----------------------------------------------------------------------------------
 
-std::optional<double> DigitiserModel::markValue(int mark) const {
+std::optional<GraphMap> DigitiserModel::mapOf(const DigitiserState& state) {
+  if (axisFault(state, XAxis) || axisFault(state, YAxis))
+    return std::nullopt;
+  return GraphMap::fromAxes(axisMarks(state, XAxis), axisMarks(state, YAxis));
+}
+
+std::optional<double> DigitiserModel::markValue(const DigitiserState& state, int mark) {
   double value = 0;
-  if (!sp_IsEngNumber(toYs(m_state.texts[static_cast<std::size_t>(mark)]).c_str(), &value) ||
+  if (!sp_IsEngNumber(toYs(state.texts[static_cast<std::size_t>(mark)]).c_str(), &value) ||
       !std::isfinite(value))
     return std::nullopt;
   return value;
 }
 
-AxisMarks DigitiserModel::axisMarks(GraphAxis axis) const {
+AxisMarks DigitiserModel::axisMarks(const DigitiserState& state, GraphAxis axis) {
   const std::size_t first = axis == XAxis ? MarkX1 : MarkY1;
-  return {m_state.places[first].value_or(QPointF()), m_state.places[first + 1].value_or(QPointF()),
-          markValue(static_cast<int>(first)).value_or(0),
-          markValue(static_cast<int>(first + 1)).value_or(0), m_state.scales[axis]};
+  return {state.places[first].value_or(QPointF()), state.places[first + 1].value_or(QPointF()),
+          markValue(state, static_cast<int>(first)).value_or(0),
+          markValue(state, static_cast<int>(first + 1)).value_or(0), state.scales[axis]};
 }
 
 /// What is wrong with an axis; an empty text where it is merely not complete yet.
-std::optional<QString> DigitiserModel::axisFault(GraphAxis axis) const {
+std::optional<QString> DigitiserModel::axisFault(const DigitiserState& state, GraphAxis axis) {
   const int first = axis == XAxis ? MarkX1 : MarkY1;
   const QString names[] = {markName(first), markName(first + 1)};
   bool isComplete = true;
   for (const int mark : {first, first + 1}) {
-    const QString& typed = m_state.texts[static_cast<std::size_t>(mark)];
-    const auto value = markValue(mark);
+    const QString& typed = state.texts[static_cast<std::size_t>(mark)];
+    const auto value = markValue(state, mark);
     if (!typed.trimmed().isEmpty() && !value)
       return tr("The value of %1 is no number: type it like 4.7k or 100p.").arg(markName(mark));
-    if (value && *value <= 0 && m_state.scales[axis] == AxisScale::Logarithmic)
+    if (value && *value <= 0 && state.scales[axis] == AxisScale::Logarithmic)
       return tr("The value of %1 must be above 0 on a logarithmic axis.").arg(markName(mark));
-    isComplete = isComplete && value && m_state.places[static_cast<std::size_t>(mark)];
+    isComplete = isComplete && value && state.places[static_cast<std::size_t>(mark)];
   }
   if (!isComplete)
     return QString();
-  switch (faultOf(axisMarks(axis))) {
+  switch (faultOf(axisMarks(state, axis))) {
   case AxisFault::None:
     return std::nullopt;
   case AxisFault::SamePlace:
@@ -148,7 +178,7 @@ std::optional<QString> DigitiserModel::axisFault(GraphAxis axis) const {
 
 DigitiserModel::Advice DigitiserModel::advice() const {
   for (const GraphAxis axis : {XAxis, YAxis}) {
-    const auto fault = axisFault(axis);
+    const auto fault = axisFault(m_state, axis);
     if (fault && !fault->isEmpty())
       return {*fault, true};
   }
@@ -173,6 +203,10 @@ DigitiserModel::Advice DigitiserModel::advice() const {
       });
   if (finite < m_state.points.size())
     return {tr("Points are so far from the marks that their values are out of range."), true};
+  if (m_state.unclearLeft || m_state.unclearRight)
+    return {tr("Where the trace stopped, another line goes on as likely: click the curve beyond "
+               "that place, or add points by hand."),
+            false, true};
   if (!isComplete())
     return {tr("One more point with another X is needed.")};
   return {tr("Drag points that are off the curve, add more, or press OK.")};
@@ -215,6 +249,7 @@ void DigitiserModel::setScale(GraphAxis axis, AxisScale scale) {
 int DigitiserModel::addPoint(const QPointF& at) {
   DigitiserState after = m_state;
   const int index = inserted(&after.points, inside(at));
+  after.unclearLeft = after.unclearRight = std::nullopt; // the user goes on by hand
   push(tr("Add Point"), std::move(after));
   return index;
 }
@@ -243,24 +278,51 @@ void DigitiserModel::clearPoints() {
   beginGesture();
   DigitiserState after = m_state;
   after.points.clear();
+  after.traces.clear();
+  after.unclearLeft = after.unclearRight = std::nullopt;
   push(tr("Remove All Points"), std::move(after));
   beginGesture();
 }
 
+/// Beyond where the last trace stopped and asked, keeps what that has found.
+static void carryOn(const DigitiserState& state, const QPoint& seed, Trace* trace) {
+  QVector<QPointF>& line = trace->line;
+  if (state.unclearRight && seed.x() > state.unclearRight->x()) {
+    const auto begin = std::upper_bound(line.begin(), line.end(), *state.unclearRight, isLeft);
+    line.erase(line.begin(), begin);
+    trace->unclearLeft = state.unclearLeft;
+  } else if (state.unclearLeft && seed.x() < state.unclearLeft->x()) {
+    const auto end = std::lower_bound(line.begin(), line.end(), *state.unclearLeft, isLeft);
+    line.erase(end, line.end());
+    trace->unclearRight = state.unclearRight;
+  }
+}
+
 bool DigitiserModel::trace(const QPoint& seed, const TraceOptions& options) {
-  const QVector<QPointF> found = traceCurve(m_picture, seed, options);
-  if (found.isEmpty())
+  Trace found = traceCurve(m_picture, seed, options);
+  carryOn(m_state, seed, &found);
+  if (found.line.isEmpty())
     return false;
   beginGesture();
   DigitiserState after = m_state;
   after.points.clear();
   const auto& old = m_state.points;
   // The order from left to right holds: what is before, the trace, what is behind.
-  const auto begin = std::lower_bound(old.begin(), old.end(), found.first(), isLeft);
-  const auto end = std::upper_bound(old.begin(), old.end(), found.last(), isLeft);
+  const QVector<QPointF> chosen = chosenPoints(found.line, options, m_map ? &*m_map : nullptr);
+  const auto begin = std::lower_bound(old.begin(), old.end(), found.line.first(), isLeft);
+  const auto end = std::upper_bound(old.begin(), old.end(), found.line.last(), isLeft);
   std::copy(old.begin(), begin, std::back_inserter(after.points));
-  after.points += found;
+  after.points += chosen;
   std::copy(end, old.end(), std::back_inserter(after.points));
+  const auto isCovered = [&](const DigitiserState::Traced& trace) {
+    return !isLeft(trace.line.last(), found.line.first()) &&
+           !isLeft(found.line.last(), trace.line.first());
+  };
+  after.traces.erase(std::remove_if(after.traces.begin(), after.traces.end(), isCovered),
+                     after.traces.end());
+  after.traces.append({found.line, options});
+  after.unclearLeft = found.unclearLeft;
+  after.unclearRight = found.unclearRight;
   push(tr("Trace"), std::move(after));
   m_traceSeed = seed;
   m_traceGesture = m_gesture;

@@ -19,9 +19,16 @@ struct DigitiserState {
   std::array<QString, markCount> texts;                 ///< the values as typed
   std::array<AxisScale, axisCount> scales{};
   QVector<QPointF> points; ///< picture pixels, from left to right
+  struct Traced {
+    QVector<QPointF> line; ///< whose points are chosen by the axes
+    TraceOptions options;
+  };
+  QVector<Traced> traces;
+  /// Where the trace stopped on either side: which way it goes on is to be said.
+  std::optional<QPointF> unclearLeft, unclearRight;
 
-  bool operator==(const DigitiserState& other) const;
-  bool isEmpty() const; ///< whether nothing would be lost
+  bool operator==(const DigitiserState& other) const; ///< in what the user sees
+  bool isEmpty() const;                               ///< whether nothing would be lost
 };
 
 /// The digitiser without its window: a picture, the state, and all that changes it. Every change
@@ -38,8 +45,9 @@ public:
   QUndoStack* undoStack() { return &m_stack; }
 
   struct Advice {
-    QString text;         ///< what to do next, or what is wrong
-    bool isFault = false; ///< of what has been settled so far
+    QString text;            ///< what to do next, or what is wrong
+    bool isFault = false;    ///< of what has been settled so far
+    bool isQuestion = false; ///< that may be left open
   };
   Advice advice() const;
   bool isComplete() const { return m_values.size() >= 2; }
@@ -58,7 +66,8 @@ public:
   void removePoints(QVector<int> indices); ///< in any order
   void clearPoints();
   /// Traces the curve at `seed`; its points take the place of those in the columns that it covers.
-  /// False, and no change, where no curve is.
+  /// Beyond where an earlier one stopped and asked, it carries that on. False, and no change, where
+  /// no curve is.
   bool trace(const QPoint& seed, const TraceOptions& options);
   /// Once more with other options, in place of the last trace, as long as nothing has followed it.
   void retrace(const TraceOptions& options);
@@ -70,9 +79,12 @@ private:
   class Change;
   void apply(const DigitiserState& state);
   void push(const QString& text, DigitiserState after);
-  std::optional<double> markValue(int mark) const;
-  AxisMarks axisMarks(GraphAxis axis) const; ///< of an axis with places and values
-  std::optional<QString> axisFault(GraphAxis axis) const;
+  void chooseAgain(DigitiserState* after) const;
+  static std::optional<GraphMap> mapOf(const DigitiserState& state);
+  static std::optional<double> markValue(const DigitiserState& state, int mark);
+  /// Of an axis with places and values.
+  static AxisMarks axisMarks(const DigitiserState& state, GraphAxis axis);
+  static std::optional<QString> axisFault(const DigitiserState& state, GraphAxis axis);
   QPointF inside(const QPointF& point) const;
 
   QImage m_picture;

@@ -520,6 +520,28 @@ void DigitiserView::paintPoints(QPainter* painter, const QRect& exposed) {
     drawPoint(m_selected, dot + 3, selectedColour);
 }
 
+/// Where a trace stopped and asks.
+void DigitiserView::paintQuestions(QPainter* painter) {
+  constexpr double radius = 11;
+  for (const auto& place : {m_model->state().unclearLeft, m_model->state().unclearRight}) {
+    if (!place)
+      continue;
+    const QPointF at = toViewport(*place);
+    painter->setBrush(Qt::NoBrush);
+    for (const QPen& pen : {QPen(halo, 4), QPen(selectedColour, 2)}) {
+      painter->setPen(pen);
+      painter->drawEllipse(at, radius, radius);
+    }
+    QRectF plate(QPointF(), QSizeF(2 * radius, painter->fontMetrics().height()));
+    plate.moveCenter(at - QPointF(0, radius + plate.height() / 2 + 2));
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(selectedColour);
+    painter->drawRoundedRect(plate, 3, 3);
+    painter->setPen(Qt::black);
+    painter->drawText(plate, Qt::AlignCenter, QStringLiteral("?"));
+  }
+}
+
 void DigitiserView::paintCrossHair(QPainter* painter) {
   drawWithHalo(painter, QColor(0x30, 0x30, 0x30), cross(toViewport(m_cursor), 5, 16));
 }
@@ -533,6 +555,7 @@ void DigitiserView::paintEvent(QPaintEvent* event) {
   painter.setRenderHint(QPainter::Antialiasing);
   paintPoints(&painter, event->rect());
   paintMarks(&painter);
+  paintQuestions(&painter);
   if (hasFocus() && !viewport()->underMouse())
     paintCrossHair(&painter);
   if (hasFocus()) {

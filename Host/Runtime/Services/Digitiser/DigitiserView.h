@@ -77,6 +77,7 @@ private:
   void paintPicture(QPainter* painter);
   void paintMarks(QPainter* painter);
   void paintPoints(QPainter* painter, const QRect& exposed);
+  void paintQuestions(QPainter* painter);
   void paintCrossHair(QPainter* painter);
 
   DigitiserModel* m_model = nullptr;
