@@ -195,13 +195,15 @@ Trace traceOf(const Timetable& table, int output) {
 }
 
 void TimetableHistory::push(TimetableSnapshot snapshot) {
+  if (newest() && newest()->table == snapshot.table && newest()->names == snapshot.names)
+    return;
   while (m_snapshots.size() >= mostSnapshots)
     m_snapshots.erase(m_snapshots.begin());
   m_snapshots.push_back(std::move(snapshot));
 }
 
-bool TimetableHistory::isChanged(const Timetable& table) const {
-  return m_snapshots.empty() || !(m_snapshots.back().table == table);
+const TimetableSnapshot* TimetableHistory::newest() const {
+  return m_snapshots.empty() ? nullptr : &m_snapshots.back();
 }
 
 const TimetableSnapshot* TimetableHistory::undo() {

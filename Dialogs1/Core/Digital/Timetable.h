@@ -86,10 +86,10 @@ struct TimetableSnapshot {
 /// What can be undone: at most the last five snapshots.
 class TimetableHistory {
 public:
+  /// One that is like the newest is no step, and is not taken.
   void push(TimetableSnapshot snapshot);
-  /// Whether the table is another than that of the newest snapshot, or there is none. Names do not
-  /// count.
-  bool isChanged(const Timetable& table) const;
+  /// Null where there is none. Valid until the history changes.
+  const TimetableSnapshot* newest() const;
   /// Drops the newest snapshot and returns the one before it, which stays; null, with nothing
   /// dropped, where there is none. Valid until the history changes.
   const TimetableSnapshot* undo();
