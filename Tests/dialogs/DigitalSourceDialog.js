@@ -254,6 +254,16 @@ box([two], d => {
   d.reject();
 });
 
+box([two], d => {
+  const height = n => d.get(`strip${n}`, "height");
+  const axis = Math.floor(5.5 / 25.4 * 96);
+  near(height(1) - axis, height(0), 0.03, "strips are as high, but for the axis");
+  d.press("Clear low"); // writes with tabs
+  const columns = d.get("definitionTextBox", "width") / d.get("definitionTextBox", "tabStopDistance");
+  check(columns > 8.4 && columns < 20, `two outputs behind a long time, and not far between: ${columns}`);
+  d.reject();
+});
+
 // --- what a script may hand in --------------------------------------------------------------------
 
 const many = Array.from({ length: 300 }, (_, i) => `n${i}`).join("|");

@@ -236,6 +236,19 @@ TEST(Timetable, TracesHaveUprightEdgesAndRunToTheEnd) {
   EXPECT_TRUE(traceOf(none, 0).x.empty());
 }
 
+TEST(Timetable, FindsTheLongestTimeInFrontOfATab) {
+  const struct {
+    const char* text;
+    int length;
+  } cases[] = {{"", 0},
+               {"0 0s\n1u 1s", 0},
+               {"0\t\t0s\n1e-06\t\t1s\n2\t\t0s\n", 5},
+               {"* a long comment\tis no time\n1u\t1s", 2},
+               {"this is no number of any size\t1s", 22}};
+  for (const auto& c : cases)
+    EXPECT_EQ(longestTime(QString::fromUtf8(c.text)), c.length) << c.text;
+}
+
 TEST(TimetableHistory, GoesBackFourStepsAtMost) {
   TimetableHistory history;
   EXPECT_EQ(history.newest(), nullptr);

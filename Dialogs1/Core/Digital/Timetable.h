@@ -33,6 +33,9 @@ bool readTable(const char* text, int outputs, Timetable* table, YString* error);
 /// tab and its state. A row whose time reads as that of the next one gives way to it.
 YString writeTable(const Timetable& table);
 
+/// Characters before the first tab of a line, where most of them stand.
+int longestTime(const QString& text);
+
 /// Drops each row that repeats the states of the one before. Where one was dropped the table starts
 /// at 0 from then on. Whether one was dropped.
 bool compress(Timetable* table);

@@ -6,6 +6,7 @@
 #include "Pieces/ListRows.h"
 #include "Pieces/Messages.h"
 
+#include <QFontDatabase>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
@@ -28,6 +29,13 @@ unsigned char stateOf(const QComboBox* combo) {
   return stateChoices[std::max(combo->currentIndex(), 0)].code;
 }
 
+constexpr int stateColumn = 4;      // characters; two of them are the state
+constexpr int definitionWidth = 34; // characters, with the scroll bar
+
+double columnUnit(const QWidget* widget) {
+  return QFontMetricsF(widget->font()).horizontalAdvance(QLatin1Char('0'));
+}
+
 QString captionOf(const QWidget* field) {
   for (const QLabel* label : field->parentWidget()->findChildren<QLabel*>())
     if (label->buddy() == field)
@@ -44,6 +52,14 @@ DigitalSourceDialog::DigitalSourceDialog()
     for (const StateChoice& choice : stateChoices)
       combo->addItem(QString::fromLatin1(choice.name));
   form.highStateCombo->setCurrentIndex(1);
+  // Wide enough for two outputs behind a time of all its digits.
+  form.definitionTextBox->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  form.definitionTextBox->setMinimumWidth(definitionWidth * columnUnit(form.definitionTextBox));
+  // Nobody can read a time off the placeholder.
+  Axis none;
+  none.setAxisParams(0, 1, 0, 0, 0, 0);
+  form.plotter0->initializeAxes(none, none);
+  form.plotter0->setEnabled(false);
   // The strips stand on the page, and not on a ground of their own.
   form.plotArea->viewport()->setAutoFillBackground(false);
   form.plotAreaContents->setAutoFillBackground(false);
@@ -203,7 +219,21 @@ void DigitalSourceDialog::updatePlot() {
   drawPlot(isRead ? table : Timetable());
 }
 
+void DigitalSourceDialog::alignColumns() {
+  const int time = longestTime(form.definitionTextBox->toPlainText());
+  // Two tabs stand behind a time. The stops behind these two are the regular ones.
+  const int first = ((time + 1) / stateColumn + 1) * stateColumn;
+  const double unit = columnUnit(form.definitionTextBox);
+  QTextDocument* document = form.definitionTextBox->document();
+  QTextOption option = document->defaultTextOption();
+  option.setTabStopDistance(stateColumn * unit);
+  option.setTabArray({(first - 1) * unit, first * unit});
+  if (option.tabArray() != document->defaultTextOption().tabArray())
+    document->setDefaultTextOption(option);
+}
+
 void DigitalSourceDialog::drawPlot(const Timetable& table) {
+  alignColumns();
   const bool isEmpty = table.outputs == 0 || table.rows() == 0;
   setShown({form.plotLabel0, form.plotter0}, isEmpty);
   if (isEmpty)

@@ -32,6 +32,7 @@ private:
   /// Draws what the definition says, and remembers it where it is a step for Undo.
   void updatePlot();
   void drawPlot(const Timetable& table); ///< a placeholder for one without outputs or rows
+  void alignColumns();                   ///< of the definition, behind its longest time
 
   void addButton_clicked();
   void removeButton_clicked();
