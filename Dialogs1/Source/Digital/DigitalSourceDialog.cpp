@@ -53,7 +53,11 @@ DigitalSourceDialog::DigitalSourceDialog()
       combo->addItem(QString::fromLatin1(choice.name));
   form.highStateCombo->setCurrentIndex(1);
   // Wide enough for two outputs behind a time of all its digits.
-  form.definitionTextBox->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  if (!QFontInfo(font).fixedPitch()) // as platforms without a theme have it
+    font.setFamily(QStringLiteral("monospace"));
+  font.setStyleHint(QFont::Monospace);
+  form.definitionTextBox->setFont(font);
   form.definitionTextBox->setMinimumWidth(definitionWidth * columnUnit(form.definitionTextBox));
   // Nobody can read a time off the placeholder.
   Axis none;
