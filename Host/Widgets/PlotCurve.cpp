@@ -79,6 +79,18 @@ std::size_t PlotCurve::columnEnd(std::size_t from, std::size_t end, const QwtSca
          first;
 }
 
+/// How often the line turns up or down, counted to two.
+int PlotCurve::turns(std::size_t begin, std::size_t end) const {
+  int found = 0;
+  double last = 0;
+  for (std::size_t i = begin + 1; i < end && found < 2; ++i)
+    if (const double rise = m_points[i].y() - m_points[i - 1].y(); rise != 0) {
+      found += rise * last < 0;
+      last = rise;
+    }
+  return found;
+}
+
 void PlotCurve::keepColumn(std::size_t begin, std::size_t end, const QwtScaleMap& x,
                            const QwtScaleMap& y, QPolygonF* path) const {
   const auto [lowest, highest] =
@@ -88,8 +100,9 @@ void PlotCurve::keepColumn(std::size_t begin, std::size_t end, const QwtScaleMap
   const std::size_t low = lowest - m_points.begin();
   const std::size_t high = highest - m_points.begin();
   const auto [upper, lower] = std::minmax({row(begin), row(end - 1)});
-  // A peak that leans within its column would be drawn pale.
-  const bool hasPeak = row(low) > lower + 1 || row(high) < upper - 1;
+  // A peak that leans within its column would be drawn pale, and so would what goes up and down
+  // more than once: where that is dense, some columns would be paler than others.
+  const bool hasPeak = row(low) > lower + 1 || row(high) < upper - 1 || turns(begin, end) > 1;
   std::size_t kept[] = {begin, std::min(low, high), std::max(low, high), end - 1};
   const std::size_t* keptEnd = std::unique(kept, std::end(kept));
   for (const std::size_t* index = kept; index != keptEnd; ++index) {

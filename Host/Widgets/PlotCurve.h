@@ -26,6 +26,7 @@ public:
 
 private:
   std::size_t columnEnd(std::size_t from, std::size_t end, const QwtScaleMap& x) const;
+  int turns(std::size_t begin, std::size_t end) const;
   void keepColumn(std::size_t begin, std::size_t end, const QwtScaleMap& x, const QwtScaleMap& y,
                   QPolygonF* path) const;
 

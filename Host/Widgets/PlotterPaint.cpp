@@ -1,3 +1,4 @@
+#include "HostSupportQt/Colours.h"
 #include "PlotterPrivate.h"
 
 #include <QPaintEvent>
@@ -16,17 +17,6 @@ constexpr int labelGap = 4;         ///< between the grid and its labels, and be
 constexpr int leastMinorGap = 5;    ///< of minor lines; nearer ones would be a grey area
 constexpr int smoothPoints = 50000; ///< more are a cloud, which smooth edges only make slow
 constexpr double visibleContrast = 2.5;
-
-double luminance(const QColor& colour) {
-  const auto linear = [](double value) { return std::pow(value, 2.2); };
-  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-         0.0722 * linear(colour.blueF());
-}
-
-double contrast(const QColor& a, const QColor& b) {
-  const auto [darker, lighter] = std::minmax({luminance(a), luminance(b)});
-  return (lighter + 0.05) / (darker + 0.05);
-}
 
 QColor between(const QColor& from, const QColor& to, double share) {
   const auto part = [share](double a, double b) { return a + (b - a) * share; };
@@ -98,9 +88,10 @@ QPen Plotter::Private::visiblePen(const QPen& pen) const {
   if (background.isValid())
     return pen;
   const QColor ground = backgroundColour();
-  const QColor away = luminance(ground) < 0.2 ? Qt::white : Qt::black;
+  const QColor away =
+      sp_Contrast(ground, Qt::white) > sp_Contrast(ground, Qt::black) ? Qt::white : Qt::black;
   QColor colour = pen.color();
-  for (int i = 1; i <= 10 && contrast(colour, ground) < visibleContrast; ++i)
+  for (int i = 1; i <= 10 && sp_Contrast(colour, ground) < visibleContrast; ++i)
     colour = between(pen.color(), away, i / 10.0);
   colour.setAlphaF(pen.color().alphaF());
   QPen visible = pen;

@@ -1,3 +1,4 @@
+#include "HostSupportQt/Colours.h"
 #include "HostWidgets/Spinner.h"
 #include "SpinnerPrivate.h"
 
@@ -20,10 +21,10 @@ constexpr int mostNotches = 100;    ///< a wheel event beyond this is no user's
 constexpr int preferredLength = 10; ///< characters that a field is wide by itself
 constexpr int smallestLength = 4;
 
-/// Text colour of what is no number: readable on a light and on a dark field.
+/// Text colour of what is no number.
 QColor badTextColour(const QPalette& palette, QPalette::ColorGroup group) {
   const QColor& base = palette.color(group, QPalette::Base);
-  const QColor colour = base.lightness() < 128 ? QColor(255, 138, 128) : QColor(183, 28, 28);
+  const QColor colour = sp_WrongColour(base);
   if (group != QPalette::Disabled)
     return colour;
   const auto between = [](int a, int b) { return (a + b) / 2; };

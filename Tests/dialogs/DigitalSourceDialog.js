@@ -39,8 +39,7 @@ equal(box([two], d => {
   equal([d.items("outputNamesListBox"), d.current("outputNamesListBox"), strips(d)],
     [["a", "b", "clk"], 2, 3], "Return adds the output");
   d.key(null, "Alt+G");
-  d.key("singlePulseWithEdit", "Return");
-  check(!d.isOpen, "Return elsewhere is OK again");
+  d.accept();
 }).slice(0, 2), ["a|b|clk", "0\t\t0s\t1s\t1s\n1e-06\t\t1s\t0s\t1s\n2e-06\t\t0s\t1s\t1s\n"]);
 box([two], d => {
   d.key("tabWidget", "Ctrl+Tab");
@@ -107,6 +106,89 @@ box([two], d => {
   d.reject();
 });
 
+// Return in a field of a tool is the tool's button, which says what the field lacks.
+for (const [edit, button, text] of [
+  ["singlePulseWithEdit", "singlePulseAddButton", "2u"],
+  ["singlePulseAtEdit", "singlePulseAddButton", "5u"],
+  ["repetitivePulseWidthEdit", "repetitiveAddButton", "200n"],
+  ["repetitiveStartEdit", "repetitiveAddButton", "8u"],
+  ["repetitivePeriodEdit", "repetitiveAddButton", "3u"],
+  ["repetitiveEndEdit", "repetitiveAddButton", "9u"],
+  ["timeShiftEdit", "timeShiftApplyButton", "1u"],
+]) {
+  const [clicked, returned] = [d => d.click(button), d => d.key(edit, "Return")].map(act => {
+    let after;
+    box([two], d => {
+      d.type(edit, text);
+      act(d);
+      check(d.isOpen, edit);
+      after = rows(d);
+      d.reject();
+    });
+    return after;
+  });
+  check(clicked[1] !== "1u 1s 0s", `${button} writes`);
+  equal(returned, clicked, edit);
+  for (const bad of ["oops", "", "{later}"])
+    box([two], d => {
+      d.type(edit, bad);
+      const message = told(() => d.click(button));
+      check(message && message.text.includes(bad || "empty"), `${edit}, "${bad}"`);
+      equal([rows(d), d.focused(), d.text(edit)], [["0 0s 1s", "1u 1s 0s", "2u 0s 1s"], edit, bad]);
+      d.reject();
+    });
+}
+
+// --- undo ----------------------------------------------------------------------------------------
+
+const highs = ["0 1s 1s", "1e-06 1s 0s", "2e-06 1s 1s"];
+const names = d => d.items("outputNamesListBox");
+box([two], d => {
+  d.press("Clear high");
+  d.type("definitionTextBox", "0 1s 1s\n1u 1s Us\n");
+  d.press("Undo");
+  equal(rows(d), highs, "what was typed is a step of its own");
+  d.type("definitionTextBox", "0 nonsense");
+  d.press("Undo");
+  equal(rows(d), highs, "one that cannot be read alike");
+  d.press("Clear high");
+  d.set("timeShiftEdit", "0");
+  d.click("timeShiftApplyButton");
+  d.press("Undo");
+  equal(rows(d), ["0 0s 1s", "1e-06 1s 0s", "2e-06 0s 1s"], "what changed nothing is no step");
+  d.reject();
+});
+box([two], d => {
+  d.type("outputNameEdit", "clk");
+  d.press("Rename");
+  d.press("Clear high");
+  d.press("Undo");
+  equal(names(d), ["clk", "b"], "Undo takes back the clearing, and not the name");
+  d.press("Undo");
+  equal(names(d), ["a", "b"], "which is a step of its own");
+  d.type("outputNameEdit", "clk");
+  d.press("Rename");
+  d.type("definitionTextBox", two[1] + "* for the second board\n");
+  d.press("Undo");
+  equal([names(d), rows(d)[3]], [["a", "b"], "* for the second board"], "and leaves comments alone");
+  d.reject();
+});
+box([["", ""]], d => {
+  d.type("definitionTextBox", "0 0s 1s\n1u 1s 0s\n");
+  d.press("Update");
+  d.press("Clear high");
+  equal(rows(d), ["0 1s 1s", "1e-06 1s 0s"], "Update selects an output");
+  d.press("Undo");
+  d.press("Undo");
+  equal([names(d), rows(d)], [[], []]);
+  d.type("definitionTextBox", "0 0s\n");
+  d.press("Update");
+  d.press("Remove");
+  d.press("Undo");
+  equal(told(() => { d.press("Clear high"); d.press("Add"); }).title, "No Name for Output", "Undo selects an output");
+  d.reject();
+});
+
 // --- refusals ------------------------------------------------------------------------------------
 
 for (const [title, act] of [
@@ -169,6 +251,16 @@ box([two], d => {
   equal(range(1), range(0), "both strips");
   d.key("strip1", "0");
   equal(range(0), all, "and back");
+  d.reject();
+});
+
+box([two], d => {
+  const height = n => d.get(`strip${n}`, "height");
+  const axis = Math.floor(5.5 / 25.4 * 96);
+  near(height(1) - axis, height(0), 0.03, "strips are as high, but for the axis");
+  d.press("Clear low"); // writes with tabs
+  const columns = d.get("definitionTextBox", "width") / d.get("definitionTextBox", "tabStopDistance");
+  check(columns > 8.4 && columns < 20, `two outputs behind a long time, and not far between: ${columns}`);
   d.reject();
 });
 

@@ -85,9 +85,9 @@ for (const [how, leave] of [["Alt+O", d => d.key(null, "Alt+O")], ["mouse", d =>
   }), texts("7 0"), how);
 
 equal(box([texts("0 0"), options({ 8: "1" })], d => {
-  d.set("repetionPeriodEdit", "3");
+  d.set("repetionPeriodEdit", "2.6");
   d.key("repetionPeriodEdit", "Return");
-}), texts("0 0 3 false"), "outside the table Return means OK");
+}), texts("0 0 3 false"), "outside the table Return means OK, and cycles are whole");
 
 // --- rows ---------------------------------------------------------------------------------------
 

@@ -70,7 +70,11 @@ TEST(LogicInterfaces, DefaultIsTheLineAskedForElseTheFirstStandardOne) {
     EXPECT_EQ(ttl.defaultInput, c.defaultInput) << c.input;
     EXPECT_EQ(ttl.defaultOutput, c.defaultOutput) << c.output;
   }
-  EXPECT_EQ(read({"A;standard input;;adc_bridge", "A;;;"}).technology(0).defaultInput, -1);
+  const auto shouted = read({"A;;;adc_bridge", "A;STANDARD input;;adc_bridge", "A;;;",
+                             "A;standard Output;;dac_bridge", "A;Standard output 2;;dac_bridge"});
+  EXPECT_EQ(shouted.technology(0).defaultInput, 1);
+  EXPECT_EQ(shouted.technology(0).defaultOutput, 3);
+  EXPECT_EQ(read({"A;Standard inputs;;adc_bridge", "A;;;"}).technology(0).defaultInput, -1);
 }
 
 TEST(LogicInterfaces, TellsWhoseOutputResistanceTheUserGives) {

@@ -209,6 +209,35 @@ TEST_F(PlotCurveTest, EveryColumnKeepsItsPeaks) {
   }
 }
 
+// Columns that a line crosses up and down are all as dark, wherever in them it enters and leaves.
+TEST_F(PlotCurveTest, DenseTrainsMakeNoPattern) {
+  for (const double period : {0.21, 0.34, 0.49}) { // pixels
+    look(0, width - 1, 0, 1);
+    std::vector<double> xs, ys;
+    for (int edge = 0; edge * period / 2 < width - 1; ++edge)
+      for (int level : {edge % 2, 1 - edge % 2}) {
+        xs.push_back(edge * period / 2);
+        ys.push_back(level);
+      }
+    const std::vector<QPolygonF> drawn = paths(xs, ys);
+    ASSERT_EQ(drawn.size(), 1u);
+    std::map<double, std::pair<double, double>> seen;
+    for (const QPointF& point : drawn[0]) {
+      ASSERT_EQ(point.x(), std::round(point.x())) << period;
+      auto& [low, high] =
+          seen.emplace(point.x(), std::make_pair(point.y(), point.y())).first->second;
+      low = std::min(low, point.y());
+      high = std::max(high, point.y());
+    }
+    EXPECT_GE(seen.size(), width - 2u) << period;
+    for (const auto& [column, rows] : seen) {
+      if (column > 0 && column < width - 1) {
+        ASSERT_EQ(rows.second - rows.first, height - 1.0) << period << " at " << column;
+      }
+    }
+  }
+}
+
 TEST_F(PlotCurveTest, GapsPartTheCurve) {
   look(0, 10, 0, 10);
   struct Case {

@@ -1,5 +1,6 @@
 #include "HostSupport/Files.h"
 #include "HostSupport/Options.h"
+#include "HostSupportQt/Colours.h"
 #include "HostSupportQt/HostSupportQt.h"
 
 #include <gtest/gtest.h>
@@ -31,6 +32,20 @@ std::vector<HelpRequest> requests;
 using ColourTest = Settings;
 using FontTest = Settings;
 using GeometryTest = Settings;
+
+TEST(Colours, WhatIsWrongCanBeReadOnAnyGround) {
+  EXPECT_NEAR(sp_Contrast(Qt::black, Qt::white), 21, 1e-9);
+  EXPECT_NEAR(sp_Contrast(Qt::red, Qt::white), 4.0, 0.01);
+  for (int grey = 0; grey < 256; ++grey)
+    for (const QColor& ground :
+         {QColor(grey, grey, grey), QColor::fromHsv(grey, 255, 255), QColor::fromHsv(grey, 90, 200),
+          QColor::fromHsv(grey, 255, 90), QColor(255, grey, grey), QColor(grey, 0, 0)})
+      EXPECT_GE(sp_Contrast(sp_WrongColour(ground), ground), 4.5) << ground.name().toStdString();
+  for (const char* ground : {"#ffffff", "#efefef", "#353535", "#232629", "#000000"}) {
+    const QColor colour = sp_WrongColour(QColor(QLatin1String(ground)));
+    EXPECT_GT(colour.red(), colour.blue() + 100) << ground << ": red on what palettes have";
+  }
+}
 
 TEST_F(GeometryTest, OnlyWhatAScreenShowsIsRestored) {
   const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();

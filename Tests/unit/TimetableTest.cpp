@@ -236,9 +236,22 @@ TEST(Timetable, TracesHaveUprightEdgesAndRunToTheEnd) {
   EXPECT_TRUE(traceOf(none, 0).x.empty());
 }
 
+TEST(Timetable, FindsTheLongestTimeInFrontOfATab) {
+  const struct {
+    const char* text;
+    int length;
+  } cases[] = {{"", 0},
+               {"0 0s\n1u 1s", 0},
+               {"0\t\t0s\n1e-06\t\t1s\n2\t\t0s\n", 5},
+               {"* a long comment\tis no time\n1u\t1s", 2},
+               {"this is no number of any size\t1s", 22}};
+  for (const auto& c : cases)
+    EXPECT_EQ(longestTime(QString::fromUtf8(c.text)), c.length) << c.text;
+}
+
 TEST(TimetableHistory, GoesBackFourStepsAtMost) {
   TimetableHistory history;
-  EXPECT_TRUE(history.isChanged({}));
+  EXPECT_EQ(history.newest(), nullptr);
   EXPECT_EQ(history.undo(), nullptr);
   const auto snapshot = [](int number) {
     const unsigned char state = 1;
@@ -249,28 +262,38 @@ TEST(TimetableHistory, GoesBackFourStepsAtMost) {
     return made;
   };
   for (int number = 1; number <= 7; ++number)
-    history.push(snapshot(number));
-  EXPECT_FALSE(history.isChanged(snapshot(7).table));
+    for (int i = 0; i < 2; ++i) // the second time it is no step
+      history.push(snapshot(number));
   for (int number : {6, 5, 4, 3}) {
     const TimetableSnapshot* restored = history.undo();
     ASSERT_NE(restored, nullptr);
     EXPECT_EQ(restored->names, snapshot(number).names);
-    EXPECT_FALSE(history.isChanged(snapshot(number).table));
+    EXPECT_EQ(restored, history.newest());
   }
   EXPECT_EQ(history.undo(), nullptr);
-  EXPECT_FALSE(history.isChanged(snapshot(3).table));
+  EXPECT_EQ(history.newest()->names, snapshot(3).names);
 
-  // Each part of a table counts.
-  Timetable other = snapshot(3).table;
-  other.states[0] = 2;
-  EXPECT_TRUE(history.isChanged(other));
-  EXPECT_TRUE(history.isChanged(snapshot(4).table));
+  // Each part of a snapshot makes a step.
+  TimetableSnapshot step = snapshot(3);
+  const auto isStep = [&] {
+    history.push(step);
+    return history.undo() != nullptr;
+  };
+  EXPECT_FALSE(isStep());
+  step.table.states[0] = 2;
+  EXPECT_TRUE(isStep());
+  step = snapshot(3);
+  step.table.times[0] = 3.5;
+  EXPECT_TRUE(isStep());
+  step = snapshot(3);
+  step.names[0] = QStringLiteral("other");
+  EXPECT_TRUE(isStep());
+  step = {};
   TimetableHistory empty;
-  empty.push({});
-  Timetable outputsOnly;
-  EXPECT_FALSE(empty.isChanged(outputsOnly));
-  outputsOnly.outputs = 2;
-  EXPECT_TRUE(empty.isChanged(outputsOnly));
+  empty.push(step);
+  step.table.outputs = 2;
+  empty.push(step);
+  EXPECT_NE(empty.undo(), nullptr);
 }
 
 TEST(StateChoices, OfferEachStateUnderItsName) {

@@ -32,6 +32,10 @@ void addInterface(int line, bool isDefault, bool isStandard, QVector<int>* lines
     *defaultLine = line;
 }
 
+bool isWord(const YString& text, const char* word) {
+  return sp_CompareNoCase(text, word) == 0;
+}
+
 int lineOf(double number) {
   return number >= 0 ? truncatedToInt(number) : -1;
 }
@@ -64,11 +68,11 @@ LogicInterfaces::LogicInterfaces(const Texts& lines, int input, int output) {
     if (!fields.value(Supply).isEmpty())
       technology.supply = sp_ConvertEngToReal(fields.value(Supply));
     if (model == "adc_bridge" || model == "adc_schmitt")
-      addInterface(line, line == input, description == "Standard input", &technology.inputs,
+      addInterface(line, line == input, isWord(description, "Standard input"), &technology.inputs,
                    &technology.defaultInput);
     else
-      addInterface(line, line == output, description == "Standard output", &technology.outputs,
-                   &technology.defaultOutput);
+      addInterface(line, line == output, isWord(description, "Standard output"),
+                   &technology.outputs, &technology.defaultOutput);
   }
 }
 

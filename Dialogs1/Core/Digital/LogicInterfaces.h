@@ -26,7 +26,7 @@ public:
 
   LogicInterfaces() = default;
   /// Lines `input` and `output` are their technologies' defaults; elsewhere the first
-  /// "Standard input" and "Standard output" are.
+  /// "Standard input" and "Standard output" are, in any letter case.
   LogicInterfaces(const Texts& lines, int input, int output);
 
   /// In the order of their first lines; names that differ in case only are one.

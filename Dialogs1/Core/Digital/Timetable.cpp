@@ -94,6 +94,19 @@ YString writeTable(const Timetable& table) {
   return YString(text.data(), static_cast<std::size_t>(out - text.data()));
 }
 
+int longestTime(const QString& text) {
+  int longest = 0;
+  for (int line = 0; line < text.size();) {
+    const int end = text.indexOf(QLatin1Char('\n'), line);
+    const int next = end < 0 ? text.size() : end + 1;
+    if (text.at(line) != QLatin1Char('*')) // no comment
+      longest = std::max(longest, text.midRef(line, next - line).indexOf(QLatin1Char('\t')));
+    line = next;
+  }
+  constexpr int longestNumber = 22; // one at 15 digits; what is longer is none
+  return std::min(longest, longestNumber);
+}
+
 bool compress(Timetable* table) {
   const std::size_t width = static_cast<std::size_t>(table->outputs);
   const std::size_t rows = table->rows();
@@ -195,13 +208,15 @@ Trace traceOf(const Timetable& table, int output) {
 }
 
 void TimetableHistory::push(TimetableSnapshot snapshot) {
+  if (newest() && newest()->table == snapshot.table && newest()->names == snapshot.names)
+    return;
   while (m_snapshots.size() >= mostSnapshots)
     m_snapshots.erase(m_snapshots.begin());
   m_snapshots.push_back(std::move(snapshot));
 }
 
-bool TimetableHistory::isChanged(const Timetable& table) const {
-  return m_snapshots.empty() || !(m_snapshots.back().table == table);
+const TimetableSnapshot* TimetableHistory::newest() const {
+  return m_snapshots.empty() ? nullptr : &m_snapshots.back();
 }
 
 const TimetableSnapshot* TimetableHistory::undo() {

@@ -33,6 +33,9 @@ bool readTable(const char* text, int outputs, Timetable* table, YString* error);
 /// tab and its state. A row whose time reads as that of the next one gives way to it.
 YString writeTable(const Timetable& table);
 
+/// Characters before the first tab of a line, where most of them stand.
+int longestTime(const QString& text);
+
 /// Drops each row that repeats the states of the one before. Where one was dropped the table starts
 /// at 0 from then on. Whether one was dropped.
 bool compress(Timetable* table);
@@ -86,10 +89,10 @@ struct TimetableSnapshot {
 /// What can be undone: at most the last five snapshots.
 class TimetableHistory {
 public:
+  /// One that is like the newest is no step, and is not taken.
   void push(TimetableSnapshot snapshot);
-  /// Whether the table is another than that of the newest snapshot, or there is none. Names do not
-  /// count.
-  bool isChanged(const Timetable& table) const;
+  /// Null where there is none. Valid until the history changes.
+  const TimetableSnapshot* newest() const;
   /// Drops the newest snapshot and returns the one before it, which stays; null, with nothing
   /// dropped, where there is none. Valid until the history changes.
   const TimetableSnapshot* undo();

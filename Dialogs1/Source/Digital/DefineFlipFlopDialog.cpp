@@ -1,6 +1,9 @@
 #include "Digital/DefineFlipFlopDialog.h"
 
 #include "Frame/ScriptFunction.h"
+#include "HostSupportQt/Colours.h"
+
+#include <QEvent>
 
 static const ScriptFunction declaration("DefineFlipFlopDialog", 2, "RSRS", RealVectorResult,
                                         runDialogFunction<DefineFlipFlopDialog, UserReal>);
@@ -8,6 +11,7 @@ static const ScriptFunction declaration("DefineFlipFlopDialog", 2, "RSRS", RealV
 DefineFlipFlopDialog::DefineFlipFlopDialog() : DigitalDeviceDialog("DefineFlipFlopDialog", 2) {
   // Each warning comes with the first change of its times: a box that opens without any is silent.
   setShown({form.holdTimeViolationLabel, form.clockDelayViolationLabel}, false);
+  colourWarnings();
   const auto typed = &Spinner::textChanged;
   connect(form.holdTimeEdit, typed, this, &DefineFlipFlopDialog::showHoldTimeViolation);
   connect(form.clockDelayEdit, typed, this, &DefineFlipFlopDialog::showClockDelayViolation);
@@ -18,6 +22,19 @@ DefineFlipFlopDialog::DefineFlipFlopDialog() : DigitalDeviceDialog("DefineFlipFl
 void DefineFlipFlopDialog::initialiseDialog() {
   showTitle(1);
   KelvarinDialog::initialiseDialog();
+}
+
+void DefineFlipFlopDialog::changeEvent(QEvent* event) {
+  DigitalDeviceDialog::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange)
+    colourWarnings();
+}
+
+void DefineFlipFlopDialog::colourWarnings() {
+  QPalette warning;
+  warning.setColor(QPalette::WindowText, sp_WrongColour(palette().color(QPalette::Window)));
+  for (QLabel* label : {form.holdTimeViolationLabel, form.clockDelayViolationLabel})
+    label->setPalette(warning);
 }
 
 void DefineFlipFlopDialog::showHoldTimeViolation() {

@@ -12,7 +12,11 @@ public:
 
   void initialiseDialog() override;
 
+protected:
+  void changeEvent(QEvent* event) override;
+
 private:
+  void colourWarnings();
   void showHoldTimeViolation();
   void showClockDelayViolation();
 };

@@ -6,6 +6,9 @@
 #include "Pieces/ListRows.h"
 #include "Pieces/Messages.h"
 
+#include <QFontDatabase>
+#include <QKeyEvent>
+#include <QLabel>
 #include <QMessageBox>
 #include <QRegularExpressionValidator>
 
@@ -19,11 +22,27 @@ namespace {
 /// Of the first argument, and of the result.
 enum Element { OutputNames, Definition };
 
+constexpr const char* pulseTitle = "Invalid Pulse Parameters";
 constexpr QChar nameSeparator = QLatin1Char('|');
 
 unsigned char stateOf(const QComboBox* combo) {
   return stateChoices[std::max(combo->currentIndex(), 0)].code;
 }
+
+constexpr int stateColumn = 4;      // characters; two of them are the state
+constexpr int definitionWidth = 34; // characters, with the scroll bar
+
+double columnUnit(const QWidget* widget) {
+  return QFontMetricsF(widget->font()).horizontalAdvance(QLatin1Char('0'));
+}
+
+QString captionOf(const QWidget* field) {
+  for (const QLabel* label : field->parentWidget()->findChildren<QLabel*>())
+    if (label->buddy() == field)
+      return plainCaption(label->text());
+  return {};
+}
+
 } // namespace
 
 DigitalSourceDialog::DigitalSourceDialog()
@@ -33,6 +52,18 @@ DigitalSourceDialog::DigitalSourceDialog()
     for (const StateChoice& choice : stateChoices)
       combo->addItem(QString::fromLatin1(choice.name));
   form.highStateCombo->setCurrentIndex(1);
+  // Wide enough for two outputs behind a time of all its digits.
+  QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  if (!QFontInfo(font).fixedPitch()) // as platforms without a theme have it
+    font.setFamily(QStringLiteral("monospace"));
+  font.setStyleHint(QFont::Monospace);
+  form.definitionTextBox->setFont(font);
+  form.definitionTextBox->setMinimumWidth(definitionWidth * columnUnit(form.definitionTextBox));
+  // Nobody can read a time off the placeholder.
+  Axis none;
+  none.setAxisParams(0, 1, 0, 0, 0, 0);
+  form.plotter0->initializeAxes(none, none);
+  form.plotter0->setEnabled(false);
   // The strips stand on the page, and not on a ground of their own.
   form.plotArea->viewport()->setAutoFillBackground(false);
   form.plotAreaContents->setAutoFillBackground(false);
@@ -57,6 +88,13 @@ void DigitalSourceDialog::connectTools() {
   };
   for (const auto& [button, slot] : tools)
     connect(button, &QAbstractButton::clicked, this, slot);
+  toolFields = {
+      {form.singlePulseAddButton, {form.singlePulseWithEdit, form.singlePulseAtEdit}},
+      {form.repetitiveAddButton,
+       {form.repetitivePulseWidthEdit, form.repetitiveStartEdit, form.repetitivePeriodEdit,
+        form.repetitiveEndEdit}},
+      {form.timeShiftApplyButton, {form.timeShiftEdit}},
+  };
   connect(form.upButton, &QToolButton::clicked, this, [this] { moveOutput(-1); });
   connect(form.downButton, &QToolButton::clicked, this, [this] { moveOutput(1); });
   connect(form.clearLowButton, &QPushButton::clicked, this, [this] { clear(form.lowStateCombo); });
@@ -71,11 +109,10 @@ void DigitalSourceDialog::prepareDialog(UserFunctionInterface* args, UserDataTyp
   const Texts source = texts(0);
   const QString outputs = source.text(OutputNames);
   if (!outputs.isEmpty())
-    form.outputNamesListBox->addItems(outputs.split(nameSeparator));
-  form.outputNamesListBox->setCurrentRow(0);
-  makeRowsUniform(form.outputNamesListBox);
+    showNames(outputs.split(nameSeparator));
+  selectOutput(0);
   form.definitionTextBox->setPlainText(source.text(Definition));
-  updatePlot(Remember::Everything);
+  updatePlot();
   DigitalDeviceDialog::prepareDialog(args, type);
 }
 
@@ -85,12 +122,33 @@ void DigitalSourceDialog::readDialog(UserDataType type, bool accepted) {
   DigitalDeviceDialog::readDialog(type, accepted);
 }
 
+void DigitalSourceDialog::keyPressEvent(QKeyEvent* event) {
+  const QWidget* focus = focusWidget();
+  if (focus && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
+    for (const ToolFields& tool : toolFields)
+      for (const Spinner* field : tool.fields)
+        if (field->isAncestorOf(focus))
+          return tool.button->click();
+  DigitalDeviceDialog::keyPressEvent(event);
+}
+
 QStringList DigitalSourceDialog::names() const {
   QStringList texts;
   texts.reserve(form.outputNamesListBox->count());
   for (int row = 0; row < form.outputNamesListBox->count(); ++row)
     texts.append(form.outputNamesListBox->item(row)->text());
   return texts;
+}
+
+void DigitalSourceDialog::showNames(const QStringList& texts) {
+  form.outputNamesListBox->clear();
+  form.outputNamesListBox->addItems(texts);
+  makeRowsUniform(form.outputNamesListBox);
+}
+
+void DigitalSourceDialog::selectOutput(int output) {
+  form.outputNamesListBox->setCurrentRow(
+      std::min(std::max(output, 0), form.outputNamesListBox->count() - 1));
 }
 
 int DigitalSourceDialog::selectedOutput() const {
@@ -111,9 +169,19 @@ void DigitalSourceDialog::writeDefinition(const Timetable& table) {
   form.definitionTextBox->setPlainText(toQs(writeTable(table)));
 }
 
+bool DigitalSourceDialog::isTyped() {
+  if (!history.newest() || !form.definitionTextBox->document()->isModified())
+    return false;
+  Timetable table;
+  YString error;
+  return !readTable(Tocs(form.definitionTextBox->toPlainText()), form.outputNamesListBox->count(),
+                    &table, &error) ||
+         !(table == history.newest()->table);
+}
+
 void DigitalSourceDialog::finish(const Timetable& table) {
   writeDefinition(table);
-  updatePlot(Remember::Everything);
+  updatePlot();
 }
 
 bool DigitalSourceDialog::refuses(const Refusal& refusal) {
@@ -129,13 +197,48 @@ bool DigitalSourceDialog::refusesName(const char* title, const char* text) {
   return refuses({title, text});
 }
 
-void DigitalSourceDialog::updatePlot(Remember what) {
+bool DigitalSourceDialog::refusesFields(const QAbstractButton* button, const char* title) {
+  for (const ToolFields& tool : toolFields)
+    for (Spinner* field : tool.fields)
+      if (tool.button == button && !field->isAcceptable()) {
+        const QString text = field->text();
+        warn(this, tr(title),
+             text.trimmed().isEmpty()
+                 ? tr("“%1” is empty.").arg(captionOf(field))
+                 : tr("“%1” is no number that “%2” could take.").arg(text, captionOf(field)));
+        field->setFocus(Qt::OtherFocusReason);
+        field->selectAll();
+        return true;
+      }
+  return false;
+}
+
+void DigitalSourceDialog::updatePlot() {
   Timetable table;
   const bool isRead = readDefinition(&table);
-  if (isRead &&
-      (what == Remember::Everything || (what == Remember::WhatChanged && history.isChanged(table))))
+  if (isRead) {
     history.push({table, names()});
-  const bool isEmpty = !isRead || table.outputs == 0 || table.rows() == 0;
+    form.definitionTextBox->document()->setModified(false);
+  }
+  drawPlot(isRead ? table : Timetable());
+}
+
+void DigitalSourceDialog::alignColumns() {
+  const int time = longestTime(form.definitionTextBox->toPlainText());
+  // Two tabs stand behind a time. The stops behind these two are the regular ones.
+  const int first = ((time + 1) / stateColumn + 1) * stateColumn;
+  const double unit = columnUnit(form.definitionTextBox);
+  QTextDocument* document = form.definitionTextBox->document();
+  QTextOption option = document->defaultTextOption();
+  option.setTabStopDistance(stateColumn * unit);
+  option.setTabArray({(first - 1) * unit, first * unit});
+  if (option.tabArray() != document->defaultTextOption().tabArray())
+    document->setDefaultTextOption(option);
+}
+
+void DigitalSourceDialog::drawPlot(const Timetable& table) {
+  alignColumns();
+  const bool isEmpty = table.outputs == 0 || table.rows() == 0;
   setShown({form.plotLabel0, form.plotter0}, isEmpty);
   if (isEmpty)
     strips.clear();
@@ -188,7 +291,7 @@ void DigitalSourceDialog::removeButton_clicked() {
   removeOutput(&table, output);
   compress(&table);
   delete form.outputNamesListBox->takeItem(output);
-  form.outputNamesListBox->setCurrentRow(std::min(output, form.outputNamesListBox->count() - 1));
+  selectOutput(output);
   finish(table);
 }
 
@@ -203,6 +306,8 @@ void DigitalSourceDialog::renameButton_clicked() {
   form.outputNamesListBox->item(output)->setText(form.outputNameEdit->text());
   makeRowsUniform(form.outputNamesListBox);
   strips.rename(output, form.outputNameEdit->text());
+  if (history.newest())
+    history.push({history.newest()->table, names()});
 }
 
 void DigitalSourceDialog::moveOutput(int step) {
@@ -220,11 +325,13 @@ void DigitalSourceDialog::moveOutput(int step) {
 
 void DigitalSourceDialog::singlePulseAddButton_clicked() {
   const double width = form.singlePulseWithEdit->value();
-  if (!refuses(checkSinglePulse(width)))
+  if (!refusesFields(form.singlePulseAddButton, pulseTitle) && !refuses(checkSinglePulse(width)))
     addPulses(singlePulse(width, form.singlePulseAtEdit->value()));
 }
 
 void DigitalSourceDialog::repetitiveAddButton_clicked() {
+  if (refusesFields(form.repetitiveAddButton, pulseTitle))
+    return;
   PulseTrain train;
   train.start = form.repetitiveStartEdit->value();
   train.width = form.repetitivePulseWidthEdit->value();
@@ -247,7 +354,8 @@ void DigitalSourceDialog::addPulses(PulseTrain train) {
 
 void DigitalSourceDialog::timeShiftApplyButton_clicked() {
   Timetable table;
-  if (refuses(checkTimeShift(selectedOutput())) || !readDefinition(&table))
+  if (refuses(checkTimeShift(selectedOutput())) ||
+      refusesFields(form.timeShiftApplyButton, "Invalid Delay") || !readDefinition(&table))
     return;
   PulseOperationDelay delay(table, selectedOutput(), form.timeShiftEdit->value());
   applyPulseOperation(&table, delay);
@@ -270,21 +378,24 @@ void DigitalSourceDialog::updateButton_clicked() {
     const int columns = DigitalSource::GetNumColumns(Tocs(form.definitionTextBox->toPlainText()));
     for (int column = 0; column < columns; ++column)
       texts.append(QStringLiteral("OUT%1").arg(column));
-    form.outputNamesListBox->addItems(texts);
-    makeRowsUniform(form.outputNamesListBox);
+    showNames(texts);
   }
-  updatePlot(Remember::WhatChanged);
+  if (selectedOutput() < 0)
+    selectOutput(form.outputNamesListBox->currentRow());
+  updatePlot();
 }
 
 void DigitalSourceDialog::undoButton_clicked() {
-  const TimetableSnapshot* before = history.undo();
+  // What was typed since the last step goes first, and the step stays.
+  const bool hasTyped = isTyped();
+  const Timetable shown = history.newest() && !hasTyped ? history.newest()->table : Timetable();
+  const TimetableSnapshot* before = hasTyped ? history.newest() : history.undo();
   if (!before)
     return;
   const int output = selectedOutput();
-  form.outputNamesListBox->clear();
-  form.outputNamesListBox->addItems(before->names);
-  makeRowsUniform(form.outputNamesListBox);
-  form.outputNamesListBox->setCurrentRow(std::min(output, before->names.size() - 1));
-  writeDefinition(before->table);
-  updatePlot(Remember::Nothing);
+  showNames(before->names);
+  selectOutput(output);
+  if (hasTyped || !(shown == before->table)) // another name leaves comments alone
+    writeDefinition(before->table);
+  drawPlot(before->table);
 }

@@ -17,13 +17,22 @@ public:
   void prepareDialog(UserFunctionInterface* args, UserDataType type) override;
   void readDialog(UserDataType type, bool accepted) override;
 
+protected:
+  /// Return in a field of a tool is the tool's button.
+  void keyPressEvent(QKeyEvent* event) override;
+
 private:
-  /// What is remembered for Undo as the plot is drawn.
-  enum class Remember { Nothing, WhatChanged, Everything };
   using Tool = void (DigitalSourceDialog::*)();
+  struct ToolFields {
+    QAbstractButton* button;
+    std::vector<Spinner*> fields;
+  };
 
   void connectTools();
-  void updatePlot(Remember what);
+  /// Draws what the definition says, and remembers it where it is a step for Undo.
+  void updatePlot();
+  void drawPlot(const Timetable& table); ///< a placeholder for one without outputs or rows
+  void alignColumns();                   ///< of the definition, behind its longest time
 
   void addButton_clicked();
   void removeButton_clicked();
@@ -43,15 +52,22 @@ private:
   /// Reads the definition; says so, and is false, where it cannot be read.
   bool readDefinition(Timetable* table);
   void writeDefinition(const Timetable& table);
+  void showNames(const QStringList& texts);
+  void selectOutput(int output); ///< the nearest that there is
+  /// Whether the text has been edited since it was last read, to another table or to none.
+  bool isTyped();
   /// Takes over a table that a tool has made, and remembers it.
   void finish(const Timetable& table);
   bool refuses(const Refusal& refusal);
+  /// Refuses where one of the fields that a tool reads holds no number, and goes there.
+  bool refusesFields(const QAbstractButton* button, const char* title);
   bool refusesName(const char* title, const char* text);
   QStringList names() const;
   int selectedOutput() const; ///< -1 for none
 
   DummyWidget namesResult;
   DummyWidget definitionResult;
+  std::vector<ToolFields> toolFields;
   StateStrips strips;
   TimetableHistory history;
 };

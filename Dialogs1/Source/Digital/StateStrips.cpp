@@ -29,10 +29,14 @@ QColor graphColour(const char* option) {
   return colour;
 }
 
-/// Pixels that a strip may have across.
-int stripPixels() {
+/// Into how many columns a strip is thinned out: several for each pixel that it may have across,
+/// since the plot makes its own columns of them, and of columns that are as wide it would make a
+/// pattern.
+int stripColumns() {
+  constexpr int columnsOfPixel = 4;
   const QScreen* screen = QGuiApplication::primaryScreen();
-  return screen ? std::max(int(screen->size().width() * screen->devicePixelRatio()) / 2, 1) : 1;
+  const int pixels = screen ? int(screen->size().width() * screen->devicePixelRatio()) : 1;
+  return columnsOfPixel * std::max(pixels, 1);
 }
 
 int bottomMargin(const QWidget* widget) {
@@ -46,6 +50,10 @@ StateStrips::StateStrips(QGridLayout* grid, QWidget* before) : m_grid(grid), m_b
 StateStrips::~StateStrips() = default;
 
 void StateStrips::clear() {
+  for (int row = 1; row <= static_cast<int>(m_plotters.size()) + 1; ++row) {
+    m_grid->setRowStretch(row, 0);
+    m_grid->setRowMinimumHeight(row, 0);
+  }
   for (Plotter* plotter : m_plotters)
     delete plotter;
   for (QLabel* label : m_labels)
@@ -73,13 +81,16 @@ void StateStrips::draw(const Timetable& table, const QStringList& names) {
     m_traces.push_back(traceOf(drawn, output));
     addStrip(output, names.at(output));
   }
+  // The labels of the axis stand in a row of their own, so that all strips are as high.
   Plotter* last = m_plotters.back();
   last->setMargins(0, 0, 0, bottomMargin(last));
   last->setMinimumHeight(last->minimumHeight() + bottomMargin(last));
   last->initializeAxes(m_labelledTime, m_level);
+  m_grid->addWidget(last, strips, 1, 2, 1);
+  m_grid->setRowMinimumHeight(strips + 1, bottomMargin(last));
   if (names.size() > strips) {
     m_rest = new QLabel(tr("%1 more outputs are not shown.").arg(names.size() - strips));
-    m_grid->addWidget(m_rest, strips + 1, 0, 1, 2);
+    m_grid->addWidget(m_rest, strips + 2, 0, 1, 2);
   }
   // One of them speaks for all: they show the same range.
   connect(m_plotters.front(), &Plotter::xRangeChanged, this, &StateStrips::show);
@@ -93,6 +104,7 @@ void StateStrips::addStrip(int output, const QString& name) {
   auto* plotter = new Plotter;
   m_grid->addWidget(label, output + 1, 0);
   m_grid->addWidget(plotter, output + 1, 1);
+  m_grid->setRowStretch(output + 1, 1);
   plotter->setObjectName(QStringLiteral("strip%1").arg(output));
   plotter->setAccessibleName(label->text());
   plotter->setBackgroundColour(graphColour("GraphColourBackground"));
@@ -119,7 +131,7 @@ void StateStrips::show(double from, double to) {
   for (std::size_t strip = 0; strip < m_plotters.size(); ++strip) {
     const Trace& trace = m_traces[strip];
     seen.build(trace.x.data(), trace.y.data(), static_cast<std::int64_t>(trace.x.size()), from, to,
-               stripPixels(), false);
+               stripColumns(), false);
     m_plotters[strip]->setCurveData(0, seen.xraw(), seen.yraw(), seen.numPoints(), pen);
   }
 }

@@ -1,5 +1,8 @@
 #include "Pwl/PointDelegate.h"
 
+#include "HostSupportQt/Colours.h"
+#include "Pwl/PWLTableItems.h"
+
 #include <QKeyEvent>
 #include <QLineEdit>
 
@@ -32,6 +35,11 @@ void PointDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIn
   const QColor ground = option->backgroundBrush.style() == Qt::NoBrush
                             ? option->palette.color(QPalette::Base)
                             : option->backgroundBrush.color();
+  const auto* points = qobject_cast<const QTableWidget*>(parent());
+  if (points && dynamic_cast<const ErrorPWLTableItem*>(points->item(index.row(), index.column()))) {
+    option->palette.setColor(QPalette::Text, sp_WrongColour(ground));
+    return;
+  }
   const QColor text = option->palette.color(QPalette::Text);
   const int groundLightness = qGray(ground.rgb());
   if (std::abs(qGray(text.rgb()) - groundLightness) >= leastContrast)
