@@ -29,6 +29,6 @@ HOSTSUPPORTQT_EXPORT QByteArray dataOf(const QUrl& url);
 /// or has more points than `mostPixels`. Never null: a document would then look for a file itself.
 HOSTSUPPORTQT_EXPORT QImage pictureOf(const QByteArray& bytes, qint64 mostPixels);
 
-/// Characters of the longest run without a blank at which a line may break. Finding where to break a run takes time that
-/// grows with its square.
+/// Characters of the longest run without a blank at which a line may break. Finding where to break
+/// a run takes time that grows with its square.
 HOSTSUPPORTQT_EXPORT int longestWord(const QString& text);
