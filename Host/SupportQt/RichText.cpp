@@ -17,6 +17,7 @@ namespace {
 
 constexpr int deepestTables = 8; // the time for nested tables doubles with each level
 constexpr int deepestElements = 1000;
+constexpr int deepestQuotes = 50; // of Markdown, whose reader calls itself
 // The time for more of these grows with their square.
 constexpr int mostPictures = 1000;
 constexpr int mostFloats = 1000;
@@ -385,8 +386,8 @@ QString faultText(const char* fault) {
   return QCoreApplication::translate("RichText", fault);
 }
 
-QString faultOf(const QString& text, int mostCells, const LargestSizes& largest) {
-  switch (Outline(mostCells).read(text)) {
+QString textOf(Outline::Fault fault, int mostCells) {
+  switch (fault) {
   case Outline::Depth:
     return faultText("its elements are nested too deep");
   case Outline::Cells:
@@ -404,12 +405,40 @@ QString faultOf(const QString& text, int mostCells, const LargestSizes& largest)
   case Outline::None:
     break;
   }
+  return QString();
+}
+
+QString faultOf(const QString& text, int mostCells, const LargestSizes& largest) {
+  if (const Outline::Fault fault = Outline(mostCells).read(text))
+    return textOf(fault, mostCells);
   return ReadDocument(text).asksForMoreThan(largest)
              ? faultText("it asks for spaces, pictures or letters that are too large")
              : QString();
 }
 
+/// What the marks of Markdown ask for, at the most.
+Outline::Fault markdownOutline(const QString& text) {
+  if (text.count(QLatin1Char('|')) > mostCellsInDocument)
+    return Outline::Cells;
+  if (text.count(QLatin1String("![")) > mostPictures)
+    return Outline::Pictures;
+  static const QRegularExpression item(QStringLiteral("^[ \\t>]*([-*+]|\\d+[.)])[ \\t]"),
+                                       QRegularExpression::MultilineOption);
+  static const QRegularExpression nested(
+      QStringLiteral("^([ \\t]*([->*+]|\\d+[.)])){%1}").arg(deepestQuotes),
+      QRegularExpression::MultilineOption);
+  if (text.count(item) > mostListItems)
+    return Outline::ListItems;
+  return text.contains(nested) ? Outline::Depth : Outline::None;
+}
+
 } // namespace
+
+QString markdownFault(const QString& text) {
+  if (const Outline::Fault fault = markdownOutline(text))
+    return textOf(fault, mostCellsInDocument);
+  return faultOf(text, mostCellsInDocument, largestInDocument);
+}
 
 QString layoutFault(const QString& text) {
   return faultOf(text, mostCellsInDocument, largestInDocument);

@@ -19,6 +19,9 @@ HOSTSUPPORTQT_EXPORT QString harmlessText(const QString& text);
 /// cells"; empty where it can be laid out within a few seconds.
 HOSTSUPPORTQT_EXPORT QString layoutFault(const QString& text);
 
+/// The same of a text in Markdown, which may have tags in it.
+HOSTSUPPORTQT_EXPORT QString markdownFault(const QString& text);
+
 /// The same of a style sheet that is not part of the text.
 HOSTSUPPORTQT_EXPORT bool isTooLargeSheet(const QString& sheet);
 

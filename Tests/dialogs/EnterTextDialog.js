@@ -45,3 +45,15 @@ equal(box(new Array(1000000).fill("many"), d => d.accept()), text("many"), "the 
 let refused = "";
 try { EnterTextDialog(); } catch (error) { refused = error.message; }
 check(refused.includes("EnterTextDialog"), refused);
+
+// What is no value leaves the field alone.
+for (const value of [{}, Symbol("x"), () => 1]) {
+  let told = "";
+  host.onDialog(d => {
+    try { d.set("editBox", value); } catch (error) { told = error.message; }
+    equal(d.text("editBox"), "as it was");
+    d.reject();
+  });
+  EnterTextDialog(["as it was"]);
+  check(told.includes("must be a text"), told);
+}

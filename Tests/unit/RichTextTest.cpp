@@ -75,6 +75,26 @@ TEST(RichText, WhatWouldNotBeLaidOutInTimeIsNamed) {
   }
 }
 
+TEST(RichText, MarkdownThatWouldNotBeLaidOutInTimeIsNamed) {
+  const struct {
+    std::string text;
+    const char* fault;
+  } cases[] = {
+      {"# Title\n\n- a\n- b\n\n| a | b |\n|---|---|\n| 1 | 2 |\n\n> quoted > text\n***\n", ""},
+      {repeated("| a | b |\n", 10000), "20000 cells"},
+      {repeated("![x](y) ", 1001), "1000 pictures"},
+      {repeated("  - x\n", 5001), "5000 items"},
+      {repeated(">", 50) + " x", "deep"},
+      {repeated("- ", 50) + "x", "deep"},
+      {"text <table cellpadding=1000000000><tr><td>x</table>", "too large"},
+  };
+  for (const auto& c : cases) {
+    const std::string fault = markdownFault(QString::fromStdString(c.text)).toStdString();
+    EXPECT_EQ(fault.empty(), !*c.fault) << c.text.substr(0, 60) << fault;
+    EXPECT_NE(fault.find(c.fault), std::string::npos) << c.text.substr(0, 60) << fault;
+  }
+}
+
 TEST(RichText, ALabelKeepsWhatIsInTheTextAndAsksForNoFile) {
   const std::string inText = pictureInText(9, 9);
   const struct {

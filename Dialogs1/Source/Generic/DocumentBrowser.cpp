@@ -86,6 +86,8 @@ QSize DocumentBrowser::sizeHint() const {
 }
 
 void DocumentBrowser::showText(const QString& text) {
+  m_document.clear();
+  m_pixelsLeft = mostPixels;
   const QString fault = Qt::mightBeRichText(text) ? layoutFault(text) : QString();
   if (!fault.isEmpty())
     setPlainText(asWritten(text, tr("This text is shown as it is written, since %1.").arg(fault)));
@@ -139,9 +141,10 @@ QString DocumentBrowser::documentText(int type, const QUrl& url) {
   const QString text = textOf(bytes);
   if (text.isEmpty())
     return tr("<p>The document %1 is empty.</p>").arg(shownName);
-  if (type != QTextDocument::MarkdownResource && !Qt::mightBeRichText(text))
+  const bool isMarkdown = type == QTextDocument::MarkdownResource;
+  if (!isMarkdown && !Qt::mightBeRichText(text))
     return plainDocument(text);
-  const QString fault = layoutFault(text);
+  const QString fault = isMarkdown ? markdownFault(text) : layoutFault(text);
   return fault.isEmpty()
              ? text
              : plainDocument(asWritten(

@@ -26,7 +26,7 @@ private:
   void finishDocument();
   void wrapLongWords();
 
-  QUrl m_document;     ///< the one that asks for pictures and style sheets
-  QString m_plainText; ///< of a document that is not to be read as rich text; null for none
-  qint64 m_pixelsLeft; ///< that further pictures may have
+  QUrl m_document;         ///< the one that asks for pictures and style sheets
+  QString m_plainText;     ///< of a document that is not to be read as rich text; null for none
+  qint64 m_pixelsLeft = 0; ///< that further pictures may have
 };

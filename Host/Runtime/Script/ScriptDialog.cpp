@@ -177,7 +177,13 @@ QJSValue ScriptDialog::key(const QJSValue& widget, const QJSValue& keys) {
 }
 
 QJSValue ScriptDialog::set(const QJSValue& widget, const QJSValue& value) {
-  return guarded([&] { m_actions.set(nameOf(widget), valueOf(value, theValue)); });
+  return guarded([&] {
+    const QVariant plain = valueOf(value, theValue);
+    if (!plain.isValid() || (value.isObject() && !value.isArray()))
+      throw DriveError(QStringLiteral("%1 must be a text, a number or a flag, %2 was given")
+                           .arg(QLatin1String(theValue), describeValue(value)));
+    m_actions.set(nameOf(widget), plain);
+  });
 }
 
 QJSValue ScriptDialog::choose(const QJSValue& widget, const QJSValue& rows) {

@@ -134,12 +134,12 @@ static Arm around(const Arm& path, std::size_t place, std::size_t reach) {
 void smooth(Arm* path) {
   const Arm found = *path;
   for (std::size_t i = 2; i + 2 < found.size(); ++i) {
-    const Arm near = around(found, i, smoothReach);
-    if (near.size() <= smoothReach)
+    const Arm part = around(found, i, smoothReach);
+    if (part.size() <= smoothReach)
       continue;
-    const Way way(near, i < smoothReach || i + smoothReach >= found.size());
+    const Way way(part, i < smoothReach || i + smoothReach >= found.size());
     const double off = std::abs(found[i].middle - way.at(found[i].x));
-    const double slope = slopeOf(near);
+    const double slope = slopeOf(part);
     const bool isAlone = off > 4 * way.misfit() * std::hypot(1, slope) && way.misfit() <= endPlay;
     if (isAlone || off <= endPlay || (found[i].isCut && way.misfit() <= endPlay))
       (*path)[i].middle = way.at(found[i].x);
