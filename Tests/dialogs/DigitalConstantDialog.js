@@ -106,11 +106,13 @@ for (const [bits, value, base, result] of [
   ["4", "5", "SIGNED DECIMAL", "5"],
   ["2", "-1", "SIGNED DECIMAL", "-1"],
   ["1", "1", "BINARY", "1"],
+  ["8.9", "255", "DECIMAL", "255"],
 ])
   equal(constant([bits, value, base], d => d.accept()), [bits, result, base], `${value} in ${bits}`);
 
 for (const [bits, value, base, needed] of [
   ["8", "256", "DECIMAL", 9],
+  ["8.9", "0256", "DECIMAL", 9],
   ["8", "-129", "SIGNED DECIMAL", 9],
   ["8", "128", "SIGNED DECIMAL", 9],
   ["3", "5", "SIGNED DECIMAL", 4],
