@@ -71,7 +71,7 @@ for (const rows of [10000, 10001]) {
     host.onDialog(d => {
       const taken = host.processTime() - start;
       if (rows === 10000)
-        check(taken < 2500, `${name} opened after ${taken} ms`); // a busy machine takes twice as long
+        check(taken < 10000, `${name} opened after ${taken} ms`); // sanitized on a busy machine
       else
         check(/10001 lines.*10000/.test(d.message().text), d.message().text);
       d.reject();
