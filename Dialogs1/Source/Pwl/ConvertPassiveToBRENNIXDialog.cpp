@@ -148,6 +148,7 @@ void ConvertPassiveToBRENNIXDialog::showKind() {
 
 void ConvertPassiveToBRENNIXDialog::loadInput() {
   form.inputTable->setPoints(pointsOfText(inputText));
+  form.inputTable->startSteps();
 }
 
 void ConvertPassiveToBRENNIXDialog::loadOutput() {

@@ -139,7 +139,7 @@ void EditFileDefinedPWLDialog::initialiseDialog() {
           });
   updateEnables();
   form.pwlGrid->setFocus(Qt::TabFocusReason);
-  form.pwlGrid->forgetSteps();
+  form.pwlGrid->startSteps();
   form.pwlGrid->openWindowFully();
 }
 

@@ -72,7 +72,7 @@ void PWLDialog::initialiseDialog() {
   offerConverter();
   form.pwlGrid->setFocus(Qt::TabFocusReason);
   form.pwlGrid->enterFirstCell();
-  form.pwlGrid->forgetSteps();
+  form.pwlGrid->startSteps();
   form.pwlGrid->openWindowFully();
 }
 

@@ -346,6 +346,11 @@ void PointTable::openWindowFully() {
   window()->resize(window()->sizeHint().boundedTo(room));
 }
 
+void PointTable::startSteps() {
+  m_history.clear();
+  say(QString());
+}
+
 void PointTable::enterFirstCell() {
   int row = 0;
   while (row < rowCount() - 1 && !m_rows.at(row).isEditable(0))
@@ -516,6 +521,7 @@ void PointTable::updateNote() {
 
 void PointTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QTableWidget::currentChanged(current, previous);
-  if (current.row() != previous.row())
+  // All else that a note says, and looks at every row for, changes only with the rows.
+  if (m_rows.at(current.row()).fault != m_rows.at(previous.row()).fault)
     updateNote();
 }

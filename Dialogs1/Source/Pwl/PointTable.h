@@ -61,7 +61,7 @@ public:
   /// What `act` does to the rows is undone and done again as a whole, with the mode.
   void step(const QString& text, const std::function<void()>& act);
   void setMode(int mode) { m_mode = mode; } ///< what its owner takes the rows for
-  void forgetSteps() { m_history.clear(); }
+  void startSteps(); ///< from the rows as they are, which no step goes behind
   /// Says something under the table until the next step.
   void say(const QString& text);
   /// For a table whose texts that are no numbers count as 0.
