@@ -51,6 +51,8 @@ struct UserArgument {
 using MakeStringResult = char** (*)(UserFunctionInterface*, int count);
 using MakeRealResult = double* (*)(UserFunctionInterface*, int count, const char* physicalType);
 using HostString = char* (*)(const char*);
+/// Runs one of the host's vector functions; 0 where it has made a result. Where it has failed, the
+/// result may hold one string: the reason, for the user to read.
 using CallFunction = int (*)(UserFunctionInterface*, const char* functionName,
                              UserArgument* arguments, int count, UserArgument* result, void* extra);
 

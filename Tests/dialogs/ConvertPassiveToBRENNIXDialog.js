@@ -156,11 +156,12 @@ for (const [fields, button, message] of [
 
 // --- a host that does not answer as it should -----------------------------------------------------------
 
-const fault = n => `The function "${n}" has failed, or is not available.`;
+const fault = reason => n => `The function "${n}" has failed: ${reason}`;
 const odd = n => `The function "${n}" has not given a curve.`;
 const state = d => ["inputTable", "inputInterpDataTable", "integralDataTable", "outputPWLTable"].map(t => rows(d, t));
 for (const name of Object.keys(functions)) {
-  const answers = [[null, fault], [() => { throw new Error("no licence"); }, fault],
+  const answers = [[null, fault("the host has no such function")],
+    [() => { throw new Error("no licence"); }, fault("no licence")],
     [() => ["a text"], name === "YFromX" ? n => `The function "${n}" has not given a number.` : odd]];
   if (name !== "YFromX")
     answers.push([() => [], odd], [() => [1, 2], odd], [() => null, odd]);
@@ -177,7 +178,7 @@ for (const name of Object.keys(functions)) {
     });
 }
 host.provide("integ", null);
-host.onDialog(m => { equal(m.message().text, fault("integ"), "on opening"); m.accept(); });
+host.onDialog(m => { equal(m.message().text, fault("the host has no such function")("integ"), "on opening"); m.accept(); });
 equal(box(["capacitor", ["0 2 8 2", "0 0 8 4"]], d => d.accept()), texts("0 0 8 4", "0 2 8 2"));
 serve();
 
@@ -236,7 +237,7 @@ box(["capacitor", ["0 1 1 1"]], d => {
   d.key("inputTable", "{");
   for (const key of ["x", "}", "Return"])
     d.key(null, key);
-  equal(d.text("pointNote"), "1 text(s) are no numbers and count as 0.");
+  equal(d.text("pointNote"), "1 text is not a number and counts as 0.");
   d.key("inputTable", "Ctrl+Z");
   equal([d.text("pointNote"), d.text("outputNote")], ["", ""]);
   d.reject();

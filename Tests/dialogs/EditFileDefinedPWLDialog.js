@@ -95,9 +95,22 @@ equal(box([["START_DATA", "0 1"], source], d => {
   d.set("checkboxPeriodic", true);
   d.accept();
 }).slice(1), ["START_DATA SHIFT_FIRST_TO_ZERO FORMAT=CSV", "0, 1"]);
+// A file without that line has no place for them.
 box([["0 1"], source], d => {
-  d.set("spinnerRepeatCount", "3");
-  equal(rows(d), ["0|1", "|"], "a line that is not there is not added");
+  const options = ["comboboxFileFormat", "spinnerRepeatCount", "checkboxShiftFirstToZero"];
+  const reasons = () => options.map(o => d.enabled(o) ? "" : d.get(o, "toolTip").match(/START_DATA|periodic/)[0]);
+  const off = options.map(() => "START_DATA");
+  equal(reasons(), off);
+  host.clipboard("START_DATA\n0 1\n");
+  d.press("Paste");
+  equal(reasons(), ["", "", ""]);
+  d.set("checkboxPeriodic", true);
+  equal(reasons(), ["", "periodic", ""]);
+  d.set("checkboxPeriodic", false);
+  d.key(grid, "Ctrl+Z");
+  equal(reasons(), off);
+  d.key(grid, "Ctrl+Shift+Z");
+  equal(reasons(), ["", "", ""]);
   d.reject();
 });
 
@@ -171,7 +184,7 @@ box([["9 9"], source], d => {
   d.reject();
 });
 
-// What is no plain file might never come to its end, and what is too long takes the memory of all.
+// What is not a plain file might never come to its end, and what is too long takes the memory of all.
 /// Runs a program, as the host runs its simulator.
 function shell(script) {
   host.option("SimulatorProgram", "/bin/sh");
@@ -183,10 +196,10 @@ host.option("TempDataDir", temporary.replace("/Kelvarin", ""));
 shell(`mkdir ${temporary}; cd ${temporary}; mkfifo pipe; truncate -s 2G huge; ln -s pipe link;
   yes '' | head -c 5000000 > lines; echo 3 4 > plain; ln -s plain other`);
 for (const [path, reason] of [
-  [`${temporary}/pipe`, "it is no plain file"],
-  ["/dev/zero", "it is no plain file"],
-  ["staged pipe", "it is no plain file"],
-  ["staged link", "it is no plain file"],
+  [`${temporary}/pipe`, "it is not a plain file"],
+  ["/dev/zero", "it is not a plain file"],
+  ["staged pipe", "it is not a plain file"],
+  ["staged link", "it is not a plain file"],
   ["staged huge", "it has 2.1 GB, and no more than 250 MB are read"],
   ["staged lines", "it has more than 4000004 lines"],
   ["staged other", ""],
@@ -221,7 +234,7 @@ const fault = (id, line, text) =>
   `<<<<<<<< Error Message ID: ${id} >>>>>>>>\n${line ? `in temp_points.txt, line ${line}:\n` : "temp_points.txt\n"}${text}\n****\n`;
 
 box([["START_DATA", "* c", "0 1", "x y", ""], source.concat("0", "V7")], d => {
-  said = fault(1100, 4, "That is no number.");
+  said = fault(1100, 4, "That is not a number.");
   const message = told(() => d.click("toolButtonCheckSyntax"));
   equal(message.title, "Source definition file has errors");
   equal(seen.points, "START_DATA\n* c\n0\t1\nx\ty\n");
@@ -229,7 +242,7 @@ box([["START_DATA", "* c", "0 1", "x y", ""], source.concat("0", "V7")], d => {
   check(seen.command.startsWith("RunBRENNIX /hidestatusbox /additionalargs SYNTAX_CHK_ONLY,,"),
     seen.command);
   equal(kinds(d).slice(0, 5), ["StartData", "Comment", "Data", "Error", "Data"]);
-  equal(d.cellInfo(grid, 3, 1).toolTip, "Line number 4:\n\nThat is no number.");
+  equal(d.cellInfo(grid, 3, 1).toolTip, "Line number 4:\n\nThat is not a number.");
   d.cell(grid, 3, 0, "3");
   equal(kinds(d)[3], "Data", "a correction takes the mark away");
   d.reject();
@@ -296,7 +309,7 @@ box([["START_DATA REPEAT_COUNT=3", "0 0"], source], d => {
   equal(rows(d)[1], "7|0", "the first row that can be typed in is the current one");
   host.clipboard("START_DATA REPEAT_COUNT=5\n1 1");
   d.press("Paste");
-  equal([d.text("pointNote"), d.value("spinnerRepeatCount")], ["2 line(s) read.", 5]);
+  equal([d.text("pointNote"), d.value("spinnerRepeatCount")], ["2 lines read.", 5]);
   d.key(grid, "Ctrl+Z");
   equal([rows(d)[1], d.value("spinnerRepeatCount")], ["7|0", 3], "the controls follow");
   d.key(grid, "Ctrl+Z");

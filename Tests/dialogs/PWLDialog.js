@@ -207,7 +207,7 @@ box([texts("0 0 1 1 2 2")], d => {
   d.current(grid, 1, 1);
   d.key(grid, "Ctrl+V");
   equal(rows(d), ["0,0", "1,7", "2,8", ",9", ",10", ","], "a spreadsheet's column goes where the user is");
-  equal(d.text("pointNote"), "4 row(s) pasted. 2 row(s) below row 4 are not part of the curve, since it has an empty cell.");
+  equal(d.text("pointNote"), "4 rows pasted. 2 rows below row 4 are not part of the curve, since that has an empty cell.");
   d.key(grid, "Ctrl+Z");
   equal(rows(d), ["0,0", "1,1", "2,2", ","], "undone as a whole");
   d.key(grid, "Ctrl+Shift+Z");
@@ -215,8 +215,8 @@ box([texts("0 0 1 1 2 2")], d => {
   d.reject();
 });
 for (const [clipboard, note, shown] of [
-  ["Time;Value\n3;4", "1 row(s) pasted. A heading was left out.", "3,4"],
-  ["3\t4\t5", "1 row(s) pasted. 1 cell(s) were left out.", "3,4"],
+  ["Time;Value\n3;4", "1 row pasted. A heading was left out.", "3,4"],
+  ["3\t4\t5", "1 row pasted. 1 cell was left out.", "3,4"],
   ["3;4,5", "Nothing was pasted: “4,5” has a decimal comma. Numbers need a decimal point.", "1,1"],
 ])
   box([texts("0 0 1 1")], d => {

@@ -254,7 +254,11 @@ TEST(HostCall, runsHostFunctions) {
     double* out = call->makeRealResult(call, 2, nullptr);
     out[0] = static_cast<double*>(again.data)[1];
     out[1] = static_cast<const double*>(again.reference)[1];
-    return call->callFunction(call, "thrice", &operand, 1, &once, nullptr) == 0 ? 3 : 0;
+    if (call->callFunction(call, "thrice", &operand, 1, &again, nullptr) == 0 ||
+        again.type != UserString || again.count != 1 ||
+        std::strcmp(static_cast<char**>(again.data)[0], "the host has no such function") != 0)
+      return 3;
+    return call->callFunction(call, "thrice", &operand, 1, nullptr, nullptr) == 0 ? 4 : 0;
   });
   EXPECT_EQ(callHandler(function, {}).reals, (std::vector<double>{8, 4}));
   EXPECT_EQ(reported, "thrice: the host has no such function");

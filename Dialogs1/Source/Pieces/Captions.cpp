@@ -40,3 +40,13 @@ void captionGroup(QGroupBox* group, const QString& caption) {
   static const QRegularExpression plainMark(QStringLiteral("&(?!\\w)"));
   group->setTitle(elidedCaption(group, caption).replace(plainMark, QStringLiteral("&&")));
 }
+
+void enableUnless(const QString& reason, std::initializer_list<QWidget*> widgets) {
+  static constexpr char ownToolTip[] = "ownToolTip";
+  for (QWidget* widget : widgets) {
+    if (!widget->property(ownToolTip).isValid())
+      widget->setProperty(ownToolTip, widget->toolTip());
+    widget->setToolTip(reason.isEmpty() ? widget->property(ownToolTip).toString() : reason);
+    widget->setEnabled(reason.isEmpty());
+  }
+}

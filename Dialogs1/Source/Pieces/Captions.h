@@ -1,8 +1,11 @@
 #pragma once
 
+#include <initializer_list>
+
 class QAbstractButton;
 class QGroupBox;
 class QString;
+class QWidget;
 
 /// A script's caption as it is shown: one that would be wider than any window is cut.
 QString shownCaption(const QString& text);
@@ -15,3 +18,7 @@ QString labelText(const QString& text);
 void captionButton(QAbstractButton* button, const QString& caption);
 /// The same for the title of a group, where an ampersand before a letter marks a mnemonic.
 void captionGroup(QGroupBox* group, const QString& caption);
+
+/// Lets controls be used where nothing speaks against it; else they are off, and the reason is
+/// their tool tip.
+void enableUnless(const QString& reason, std::initializer_list<QWidget*> widgets);

@@ -5,6 +5,7 @@
 #include "HostSupportQt/HostSupportQt.h"
 #include "Pieces/Messages.h"
 #include "Pwl/PassiveToBRENNIXPlotter.h"
+#include "Pwl/PointNotes.h"
 #include "graphimagecapture_dynexport.h"
 
 #include <QDir>
@@ -326,7 +327,7 @@ void ConvertPassiveToBRENNIXDialog::pasteButton_clicked() {
   form.inputTable->step(tr("Paste"),
                         [&] { form.inputTable->overwritePoints(withoutSuffixes(pasted)); });
   form.inputTable->enterFirstCell();
-  form.inputTable->say(pastedText(pasted.size(), leftOut));
+  form.inputTable->say(PointNotes::pointsRead(pasted.size(), leftOut));
 }
 
 void ConvertPassiveToBRENNIXDialog::DigitizeData() {

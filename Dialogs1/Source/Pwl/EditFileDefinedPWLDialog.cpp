@@ -7,6 +7,7 @@
 #include "HostSupportQt/HostSupportQt.h"
 #include "Pieces/Captions.h"
 #include "Pieces/Messages.h"
+#include "Pwl/PointNotes.h"
 
 #include <QAction>
 #include <QDir>
@@ -206,6 +207,7 @@ void EditFileDefinedPWLDialog::populateDialogFromData() {
     }
     anyFileOptionsChanged();
   });
+  updateEnables();
   form.pwlGrid->enterFirstCell();
 }
 
@@ -225,6 +227,7 @@ void EditFileDefinedPWLDialog::restoreFileOptions(int options) {
     }
   }
   form.pwlGrid->setStartData(startDataLine());
+  updateEnables();
 }
 
 QString EditFileDefinedPWLDialog::startDataLine() const {
@@ -309,7 +312,7 @@ void EditFileDefinedPWLDialog::pasteButton_clicked() {
   for (int i = 0; i < pasted.count(); ++i)
     appendLine(&lines, pasted[i].c_str());
   populateDialogFromData();
-  form.pwlGrid->say(tr("%n line(s) read.", nullptr, pasted.count()));
+  form.pwlGrid->say(PointNotes::linesRead(pasted.count()));
 }
 
 void EditFileDefinedPWLDialog::readLinesFromTable() {
@@ -451,7 +454,15 @@ void EditFileDefinedPWLDialog::readDialog(UserDataType, bool accepted) {
 }
 
 void EditFileDefinedPWLDialog::updateEnables() {
-  setEnabled({form.labelRepeatCount, form.spinnerRepeatCount}, !form.checkboxPeriodic->isChecked());
+  const QString noStartData =
+      form.pwlGrid->rows().startDataRow() < 0
+          ? tr("Without a START_DATA line there is no place for it in the file.")
+          : QString();
+  const QString noRepeats =
+      form.checkboxPeriodic->isChecked() ? tr("A periodic source repeats forever.") : noStartData;
+  enableUnless(noStartData,
+               {form.labelFileFormat, form.comboboxFileFormat, form.checkboxShiftFirstToZero});
+  enableUnless(noRepeats, {form.labelRepeatCount, form.spinnerRepeatCount});
   setEnabled({form.editboxDiskFileName, form.toolButtonDiskSelectFile},
              form.radioButtonDisk->isChecked());
   setEnabled({form.comboboxF11FileName}, isInF11Window());

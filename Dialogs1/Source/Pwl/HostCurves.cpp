@@ -26,18 +26,26 @@ UserArgument operand(char** text) {
   return argument;
 }
 
+/// Why a call has failed, where the host says so.
+QString reasonIn(const UserArgument& result) {
+  const bool isSaid = result.type == UserString && result.count == 1 && result.data;
+  return isSaid ? QString::fromUtf8(*static_cast<char**>(result.data)).trimmed() : QString();
+}
+
 } // namespace
 
 HostAnswer<UserArgument> HostCurves::resultOf(const char* function,
                                               std::vector<UserArgument> operands) const {
   UserArgument result{};
   const bool isServed = call && call->callFunction;
-  if (!isServed || call->callFunction(call, function, operands.data(),
-                                      static_cast<int>(operands.size()), &result, nullptr) != 0)
-    return {
-        {},
-        tr("The function \"%1\" has failed, or is not available.").arg(QLatin1String(function))};
-  return {result, {}};
+  if (isServed && call->callFunction(call, function, operands.data(),
+                                     static_cast<int>(operands.size()), &result, nullptr) == 0)
+    return {result, {}};
+  const QString name = QLatin1String(function);
+  const QString reason = reasonIn(result);
+  return {{},
+          reason.isEmpty() ? tr("The function \"%1\" has failed, or is not available.").arg(name)
+                           : tr("The function \"%1\" has failed: %2").arg(name, reason)};
 }
 
 HostAnswer<Curve> HostCurves::curveFrom(const char* function,

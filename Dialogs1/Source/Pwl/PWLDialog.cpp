@@ -6,6 +6,7 @@
 #include "HostSupportQt/HostSupportQt.h"
 #include "Pieces/Captions.h"
 #include "Pwl/ConvertPassiveToBRENNIXDialog.h"
+#include "Pwl/PointNotes.h"
 
 #include <QMessageBox>
 
@@ -270,7 +271,7 @@ void PWLDialog::pasteButton_clicked() {
     form.pwlGrid->overwritePoints(pasted);
   });
   form.pwlGrid->enterFirstCell();
-  form.pwlGrid->say(pastedText(pasted.size(), leftOut));
+  form.pwlGrid->say(PointNotes::pointsRead(pasted.size(), leftOut));
   limitInitialSegment();
 }
 

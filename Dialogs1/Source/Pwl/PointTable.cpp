@@ -4,6 +4,7 @@
 #include "HostSupportQt/Text.h"
 #include "Pwl/PWLTableItems.h"
 #include "Pwl/PointDelegate.h"
+#include "Pwl/PointNotes.h"
 
 #include <QAction>
 #include <QApplication>
@@ -62,13 +63,6 @@ bool isRowKey(const QKeyEvent& event) {
 }
 
 } // namespace
-
-QString pastedText(int points, int textsLeftOut) {
-  const QString read = PointTable::tr("%n point(s) read.", nullptr, points);
-  return textsLeftOut > 0 ? read + QLatin1Char(' ') +
-                                PointTable::tr("A last text without a partner was left out.")
-                          : read;
-}
 
 PointTable::PointTable(QWidget* parent, PointRows::Counted counted)
     : QTableWidget(parent), m_rows(counted),
@@ -439,8 +433,7 @@ void PointTable::copySelection() const {
 void PointTable::pasteCells() {
   const CellBlock block = cellsOfBlock(QGuiApplication::clipboard()->text());
   if (!block.decimalComma.isEmpty()) {
-    say(tr("Nothing was pasted: “%1” has a decimal comma. Numbers need a decimal point.")
-            .arg(block.decimalComma));
+    say(PointNotes::decimalComma(block.decimalComma));
     return;
   }
   const int top = std::max(currentRow(), 0);
@@ -462,12 +455,7 @@ void PointTable::pasteCells() {
       showRow(rowCount() - 1);
     }
   });
-  QStringList said = {tr("%n row(s) pasted.", nullptr, block.rows.size())};
-  if (block.hadHeading)
-    said += tr("A heading was left out.");
-  if (const int leftOut = block.cells() - pasted)
-    said += tr("%n cell(s) were left out.", nullptr, leftOut);
-  say(said.join(QLatin1Char(' ')));
+  say(PointNotes::rowsPasted(block.rows.size(), block.hadHeading, block.cells() - pasted));
   emit rowsChanged();
 }
 
@@ -506,13 +494,10 @@ void PointTable::updateNote() {
   QStringList notes = {m_said};
   if (m_rows.counted() == PointRows::Counted::Rows) {
     m_partRows = m_rows.completeRows();
-    const int lost = m_rows.filledRowsFrom(m_partRows);
-    if (lost > 0)
-      notes += tr("%n row(s) below row %1 are not part of the curve, since it has an empty cell.",
-                  nullptr, lost)
-                   .arg(m_partRows + 1);
+    if (const int lost = m_rows.filledRowsFrom(m_partRows))
+      notes += PointNotes::rowsBehind(m_partRows, lost);
     if (const int zeros = textsThatCountAsZero())
-      notes += tr("%n text(s) are no numbers and count as 0.", nullptr, zeros);
+      notes += PointNotes::textsAsZero(zeros);
     viewport()->update();
   }
   notes.removeAll(QString());

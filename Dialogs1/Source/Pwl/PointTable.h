@@ -6,9 +6,6 @@
 
 #include <limits>
 
-/// What a paste of points, x and y in turn, has read.
-QString pastedText(int points, int textsLeftOut);
-
 /// The table in which the points of a piecewise-linear curve are typed: x and y in columns 0 and 1,
 /// numbers and expressions as text. Below the last point it keeps a blank row to type in. What it
 /// holds are its `PointRows`; its items only show them, and tell them what was typed.
@@ -64,7 +61,7 @@ public:
   void startSteps(); ///< from the rows as they are, which no step goes behind
   /// Says something under the table until the next step.
   void say(const QString& text);
-  /// For a table whose texts that are no numbers count as 0.
+  /// For a table whose texts that are not numbers count as 0.
   void setNumbersOnly() { m_numbersOnly = true; }
 
   void insertRows(); ///< blank, as many as are selected

@@ -97,6 +97,14 @@ ScriptVector vectorOf(const CallResult& result) {
   return vector;
 }
 
+/// What stands in a result descriptor lives as long as the call.
+void answer(CallBlock* block, ScriptVector vector, UserArgument* result) {
+  if (!result)
+    return;
+  block->functionResults.push_back(std::make_unique<Operand>(std::move(vector)));
+  block->functionResults.back()->describe(result);
+}
+
 void runHostFunction(CallBlock* block, const char* name, const UserArgument* arguments, int count,
                      UserArgument* result) {
   const Provider function = hostFunction(fromUtf8(name));
@@ -107,11 +115,7 @@ void runHostFunction(CallBlock* block, const char* name, const UserArgument* arg
   std::vector<ScriptVector> vectors;
   for (int i = 0; i < count; ++i)
     vectors.push_back(vectorOf(arguments[i]));
-  const CallResult made = function(vectors);
-  if (!result)
-    return;
-  block->functionResults.push_back(std::make_unique<Operand>(vectorOf(made)));
-  block->functionResults.back()->describe(result);
+  answer(block, vectorOf(function(vectors)), result);
 }
 
 /// No exception may leave it: the module behind it may come from another compiler.
@@ -124,8 +128,11 @@ int callFunction(UserFunctionInterface* call, const char* name, UserArgument* ar
     runHostFunction(block, name, arguments, count, result);
     return 0;
   } catch (...) {
-    const QString line = QStringLiteral("%1: %2").arg(fromUtf8(name), describeException());
-    sp_ReportMessage(line.toUtf8().constData());
+    const QByteArray reason = describeException().toUtf8();
+    if (result)
+      answer(block, ScriptVector::ofStrings({reason}), result);
+    else
+      sp_ReportMessage((name + (": " + reason)).constData());
   }
   return 1;
 }
@@ -319,7 +326,7 @@ CallResult callHandler(FunctionInfo function, const std::vector<ScriptVector>& a
       return 0;
     });
   } else {
-    throw CallError(QStringLiteral("%1 is no function").arg(function.name));
+    throw CallError(QStringLiteral("%1 is not a function").arg(function.name));
   }
   return result;
 }
