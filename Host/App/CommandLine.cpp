@@ -155,20 +155,20 @@ std::optional<CommandLineAnswer> takeOptions(const QCommandLineParser& parser, C
     const auto seconds = readNumber(value("timeout"), 0, 1e6);
     if (!seconds)
       return usageError(
-          Texts::tr("\"%1\" is no number of seconds for --timeout.").arg(value("timeout")));
+          Texts::tr("\"%1\" is not a number of seconds for --timeout.").arg(value("timeout")));
     line->timeout = int(std::ceil(*seconds));
   }
   if (isGiven("memory")) {
     const auto megabytes = readNumber(value("memory"), 0, 1e6);
     if (!megabytes)
       return usageError(
-          Texts::tr("\"%1\" is no number of megabytes for --memory.").arg(value("memory")));
+          Texts::tr("\"%1\" is not a number of megabytes for --memory.").arg(value("memory")));
     line->memory = int(std::ceil(*megabytes));
   }
   if (isGiven("scale")) {
     const auto scale = readNumber(value("scale"), 1, 4);
     if (!scale || *scale != std::floor(*scale))
-      return usageError(Texts::tr("\"%1\" is no scale; a whole number from 1 to 4 is wanted.")
+      return usageError(Texts::tr("\"%1\" is not a scale; a whole number from 1 to 4 is wanted.")
                             .arg(value("scale")));
     line->scale = int(*scale);
   }

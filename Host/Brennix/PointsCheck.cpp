@@ -246,7 +246,7 @@ private:
 
   bool checkTime(std::string_view field, bool isFirst) {
     double time = 0;
-    if (!checkNumber(field, "The time \"%1\" is no number.", &time))
+    if (!checkNumber(field, "The time \"%1\" is not a number.", &time))
       return false;
     if (std::isnan(time)) // an expression
       return true;
@@ -267,7 +267,7 @@ private:
       double value = 0;
       return field.empty() ? report(FaultNumber::MissingField,
                                     "The line has one field; it needs a time and a value.")
-                           : checkNumber(field, "The value \"%1\" is no number.", &value);
+                           : checkNumber(field, "The value \"%1\" is not a number.", &value);
     }
     const std::string_view path = field.substr(referenceWord.size());
     if (path.find('"') != path.size() - 1 || path.size() < 2)

@@ -352,7 +352,7 @@ std::string faultOf(const fs::path& path, ReadStatus status, std::uint64_t limit
   case ReadStatus::Missing:
     return std::strerror(ENOENT);
   case ReadStatus::NotPlain:
-    return fs::is_directory(path, error) ? "it is a folder" : "it is no plain file";
+    return fs::is_directory(path, error) ? "it is a folder" : "it is not a plain file";
   case ReadStatus::TooLarge:
     return "it has " + sizeText(std::max(fs::file_size(path, error), limit)) +
            ", and no more than " + sizeText(limit) + " are read";

@@ -138,7 +138,7 @@ void RadioGroup::setMapping(const QString& values) {
   const QVector<QStringRef> entries = values.splitRef(QLatin1Char(','));
   m_values.reserve(entries.size());
   for (const QStringRef& entry : entries) {
-    double value = m_values.size(); // an entry that is no number stands for its position
+    double value = m_values.size(); // an entry that is not a number stands for its position
     sp_IsEngNumber(entry.toString(), &value);
     m_values.append(value);
   }

@@ -21,7 +21,7 @@ constexpr int mostNotches = 100;    ///< a wheel event beyond this is no user's
 constexpr int preferredLength = 10; ///< characters that a field is wide by itself
 constexpr int smallestLength = 4;
 
-/// Text colour of what is no number.
+/// Text colour of what is not a number.
 QColor badTextColour(const QPalette& palette, QPalette::ColorGroup group) {
   const QColor& base = palette.color(group, QPalette::Base);
   const QColor colour = sp_WrongColour(base);

@@ -21,7 +21,7 @@ public:
 
   Kind kind() const { return m_kind; }
   bool toBool() const; ///< a text counts as `sp_GetBoolOption` has it
-  int toInt() const;   ///< 0 where it is no number
+  int toInt() const;   ///< 0 where it is not a number
   double toReal() const;
   const YString& toText() const { return m_text; } ///< as it is stored
 

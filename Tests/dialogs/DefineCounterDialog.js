@@ -92,7 +92,7 @@ box([5, 31], d => {
 for (const odd of ["{N}", "many", ""]) {
   box([8, 100], d => {
     d.set(bits, odd);
-    equal([d.value(count), d.get(count, "max")], [100, 255], `"${odd}" is no number of bits`);
+    equal([d.value(count), d.get(count, "max")], [100, 255], `"${odd}" is not a number of bits`);
     d.reject();
   });
 }

@@ -59,7 +59,7 @@ equal(box([4, 0, 0], d => {
   d.set("invertedInputsEdit", "300");
   d.set("spinner3", "{N}");
   d.accept();
-}).values.slice(0, 4), [0, 0, 1e-9, 256], "an expression is no number of inputs");
+}).values.slice(0, 4), [0, 0, 1e-9, 256], "an expression is not a number of inputs");
 
 // The older form, by keyboard; also where the type that was given is not among those shown.
 for (const [given, keys, type] of [[0, ["Down"], 1], [3, ["Up", "Up"], 1], [6, ["Space"], 0], [5, [], 5]])

@@ -177,7 +177,7 @@ equal(box([[]], d => d.accept()),
   ["1", "0", "DECIMAL", "", "", "", "", "", "", "0", "0", "5", "5p", "100"]);
 equal(constant(["8", "1", "OCTAL"], d => d.accept()), ["8", "1", "DECIMAL"]);
 equal(constant(["x", "12x", "DECIMAL"], d => { d.set("numBitsEdit", 4); d.accept(); }),
-  ["4", "12x", "DECIMAL"], "what is no number counts as 0");
+  ["4", "12x", "DECIMAL"], "what is not a number counts as 0");
 constant(["8", "12x", "DECIMAL"], d => {
   d.set("baseCombo", "HEXADECIMAL");
   equal(d.text("valueEdit"), "0");

@@ -131,12 +131,12 @@ digitise('output-capacitance.png', d => {
   d.key('picture', 'Escape');
 });
 
-// Nothing to lose, nothing asked; a file that is no picture is said.
+// Nothing to lose, nothing asked; a file that is not a picture is said.
 equal(digitise('output-capacitance.png', d => d.reject()).length, 0, 'given up: the table stays');
 const bogus = host.tempDir() + '/bogus.png';
 host.writeFile(bogus, 'not a picture');
 equal(digitise(bogus, m => {
-  check(m.message().text.includes('is no picture that can be read'), m.message().text);
+  check(m.message().text.includes('is not a picture that can be read'), m.message().text);
   m.accept();
 }).length, 0, 'no picture: the table stays');
 

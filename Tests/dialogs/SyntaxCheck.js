@@ -46,7 +46,7 @@ for (const [name, lines, title, rows] of [
   equal(seen.title, title, name);
   equal(Object.keys(seen.marks).map(Number), rows, name);
 }
-equal(checked(["0 1", "x*y 2", "1 2"]).marks, { 1: "The time \"x\u2217y\" is no number." });
+equal(checked(["0 1", "x*y 2", "1 2"]).marks, { 1: "The time \"x\u2217y\" is not a number." });
 check(checked([]).text.includes("scope.txt") && checked([]).text.includes("empty"), "the file");
 equal(checked(["START_DATA FASTER", "0 1", "1 2"]).title, passed, "the controls write the line");
 const device = ["0", "0", "0", "s", "Disk", "0"];

@@ -755,9 +755,9 @@ TEST_F(Digitiser, AdvisesStepByStep) {
     const char* fault;
   } faults[] = {
       {[&] { model.setMarkText(MarkX2, text("ten")); },
-       "The value of X2 is no number: type it like 4.7k or 100p."},
+       "The value of X2 is not a number: type it like 4.7k or 100p."},
       {[&] { model.setMarkText(MarkX2, text("1e999")); },
-       "The value of X2 is no number: type it like 4.7k or 100p."},
+       "The value of X2 is not a number: type it like 4.7k or 100p."},
       {[&] { model.setMarkText(MarkX2, text("0n")); },
        "X1 and X2 have the same value: type two different ones."},
       {[&] {
@@ -962,8 +962,8 @@ TEST(PictureFile, SaysWhatIsWrong) {
       {"named.jpg", encoded(clear, "PNG"), ""}, // content counts
       {"good@2x.png", encoded(clear, "PNG"), ""},
       {"empty.png", "", "is empty"},
-      {"text.png", "no picture at all", "is no picture"},
-      {"short.png", encoded(clear, "PNG").left(20), "is no picture"},
+      {"text.png", "no picture at all", "is not a picture"},
+      {"short.png", encoded(clear, "PNG").left(20), "is not a picture"},
       {"huge.bmp", huge, "pixels. The digitiser takes at most 40 million"},
   };
   for (const auto& one : cases) {

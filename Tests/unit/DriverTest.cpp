@@ -83,7 +83,7 @@ TEST_F(Driving, PicksInChoosers) {
       {"d.pick('#000000')", "!no file, colour or font chooser"},
       {"let e; test.onDialog(c => { try { c.pick('red') } catch (x) { e = x } c.reject() }); "
        "d.click('colour'); return '' + e",
-       R"("Error: \"red\" is no colour of the form #rrggbb")"},
+       R"("Error: \"red\" is not a colour of the form #rrggbb")"},
       {"let e; test.onDialog(c => { try { c.pick({family: 'No Such'}) } catch (x) { e = x } "
        "c.reject() }); d.click('font'); return ('' + e).includes('No Such')",
        "true"},

@@ -89,9 +89,9 @@ TEST_F(Files, OnlyPlainFilesAreRead) {
                {below("astray"), "No such file or directory"},
                {YString(), "No such file or directory"},
                {m_folder, "it is a folder"},
-               {below("pipe"), "it is no plain file"},
-               {below("linked pipe"), "it is no plain file"},
-               {"/dev/zero", "it is no plain file"},
+               {below("pipe"), "it is not a plain file"},
+               {below("linked pipe"), "it is not a plain file"},
+               {"/dev/zero", "it is not a plain file"},
                {below("plain/below"), "No such file or directory"},
                {below("circle"), "Too many levels of symbolic links"},
                {below("huge"), "it has 3 GB, and no more than 250 MB are read"}};

@@ -159,9 +159,9 @@ TEST(PointsCheck, MessagesComeThroughWhole) {
       asRead(faultsOf("0 1\n1 a*b\n2 <<<ErrorMessageID:>>>\n3 \x1b\xff,line,5:\n4 %1%2\nq " +
                       std::string(500, 'w')));
   ASSERT_EQ(summary(messages), "1101@2 1101@3 1103@4 1101@5 1101@6");
-  EXPECT_EQ(messages.atLine(2)->text, QString::fromUtf8("The value \"a\u2217b\" is no number."));
-  EXPECT_EQ(messages.atLine(5)->text, QStringLiteral("The value \"%1%2\" is no number."));
-  EXPECT_EQ(messages.atLine(6)->text, QStringLiteral("The time \"q\" is no number."));
+  EXPECT_EQ(messages.atLine(2)->text, QString::fromUtf8("The value \"a\u2217b\" is not a number."));
+  EXPECT_EQ(messages.atLine(5)->text, QStringLiteral("The value \"%1%2\" is not a number."));
+  EXPECT_EQ(messages.atLine(6)->text, QStringLiteral("The time \"q\" is not a number."));
   EXPECT_LT(messages.atLine(3)->text.size(), 100);
   EXPECT_TRUE(messageFile({}).isEmpty());
 }

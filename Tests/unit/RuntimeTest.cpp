@@ -96,7 +96,7 @@ TEST(FunctionTable, refusesFilesThatAreNoModule) {
   ASSERT_TRUE(huge.open(QIODevice::WriteOnly) && huge.resize(qint64{1} << 32));
   const QString pipe = folder.filePath(QStringLiteral("pipe.so"));
   ASSERT_EQ(::mkfifo(pipe.toUtf8().constData(), 0600), 0);
-  const QString noFile = QStringLiteral(": it is no plain file");
+  const QString noFile = QStringLiteral(": it is not a plain file");
   const std::pair<QString, QString> cases[] = {
       {text.fileName(), QString()},
       {folder.path(), QStringLiteral(": it is a folder")},

@@ -507,7 +507,7 @@ TEST(RadioGroup, MapsPositionsToValues) {
   group.setMapping(QStringLiteral("7,,x"));
   EXPECT_EQ(group.value(), 3);
   group.setSelectedId(2);
-  EXPECT_EQ(group.value(), 2) << "an entry that is no number stands for its position";
+  EXPECT_EQ(group.value(), 2) << "an entry that is not a number stands for its position";
 
   RadioGroup other;
   other.setSelectedId(1); // as a form does before it makes the buttons

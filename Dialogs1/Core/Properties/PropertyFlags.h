@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-/// Where the attributes that are no numbers stand in a property's flags.
+/// Where the attributes that are not numbers stand in a property's flags.
 enum PropertyBit {
   HiddenBit = 6,
   ProtectedBit = 7,

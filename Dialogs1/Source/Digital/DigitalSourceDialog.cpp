@@ -205,7 +205,7 @@ bool DigitalSourceDialog::refusesFields(const QAbstractButton* button, const cha
         warn(this, tr(title),
              text.trimmed().isEmpty()
                  ? tr("“%1” is empty.").arg(captionOf(field))
-                 : tr("“%1” is no number that “%2” could take.").arg(text, captionOf(field)));
+                 : tr("“%1” is not a number that “%2” could take.").arg(text, captionOf(field)));
         field->setFocus(Qt::OtherFocusReason);
         field->selectAll();
         return true;

@@ -7,6 +7,6 @@
 
 QString setting(const char* section, const char* key, const QString& fallback = QString());
 void setSetting(const char* section, const char* key, const QString& value);
-/// Numbers of a comma-separated list; empty where any part is no whole number.
+/// Numbers of a comma-separated list; empty where any part is not a whole number.
 QVector<int> numberListSetting(const char* section, const char* key);
 void setNumberListSetting(const char* section, const char* key, const QVector<int>& numbers);

@@ -284,7 +284,7 @@ void FunctionTable::loadModule(const QString& file) {
   if (info.isDir())
     throw fault(QStringLiteral("it is a folder"));
   if (!info.isFile()) // a pipe is waited for without end
-    throw fault(QStringLiteral("it is no plain file"));
+    throw fault(QStringLiteral("it is not a plain file"));
   if (info.size() > largestModule)
     throw fault(QStringLiteral("it has %1 MB; a module has at most %2")
                     .arg(info.size() >> 20)

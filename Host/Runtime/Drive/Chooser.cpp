@@ -27,7 +27,7 @@ namespace {
 void pickColour(QColorDialog* dialog, const QString& colour) {
   static const QRegularExpression pattern(QStringLiteral("^#[0-9A-Fa-f]{6}$"));
   if (!pattern.match(colour).hasMatch())
-    throw DriveError(QStringLiteral("\"%1\" is no colour of the form #rrggbb").arg(colour));
+    throw DriveError(QStringLiteral("\"%1\" is not a colour of the form #rrggbb").arg(colour));
   // of its edits, the one that shows the colour by name
   const auto edits = dialog->findChildren<QLineEdit*>();
   for (QLineEdit* edit : edits)
@@ -130,5 +130,5 @@ void pickInChooser(QWidget* dialog, const QVariant& value) {
     pickFiles(files, value);
   else
     throw DriveError(
-        QStringLiteral("\"%1\" is no file, colour or font chooser").arg(dialog->windowTitle()));
+        QStringLiteral("\"%1\" is not a file, colour or font chooser").arg(dialog->windowTitle()));
 }

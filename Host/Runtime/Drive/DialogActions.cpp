@@ -373,7 +373,7 @@ QStringList DialogActions::tabs() const {
 QVariantMap DialogActions::message() const {
   const auto* box = qobject_cast<QMessageBox*>(requireDialog(m_dialog));
   if (!box)
-    throw DriveError(QStringLiteral("\"%1\" is no message box").arg(title()));
+    throw DriveError(QStringLiteral("\"%1\" is not a message box").arg(title()));
   auto buttons = box->buttons();
   std::sort(buttons.begin(), buttons.end(), [](const QWidget* left, const QWidget* right) {
     return left->x() < right->x(); // as the user reads them

@@ -347,7 +347,7 @@ void pressKey(QWidget* window, const QString& keys) {
   int key = code & ~int(Qt::KeyboardModifierMask);
   const Qt::KeyboardModifiers modifiers(code & int(Qt::KeyboardModifierMask));
   if (key == Qt::Key_unknown || key == 0)
-    throw DriveError(QStringLiteral("\"%1\" is no key").arg(keys));
+    throw DriveError(QStringLiteral("\"%1\" is not a key").arg(keys));
   if (key == Qt::Key_Tab && modifiers & Qt::ShiftModifier)
     key = Qt::Key_Backtab; // what keyboards make of it
   pressKey(window, key, modifiers, textOfKey(key, modifiers));

@@ -69,7 +69,7 @@ ItemCells::ItemCells(QAbstractItemView* view) : m_view(view) {}
 ItemCells ItemCells::of(QWidget* widget) {
   auto* view = qobject_cast<QAbstractItemView*>(widget);
   if (!view || !view->model())
-    throw DriveError(QStringLiteral("%1 is no list, tree or table").arg(describeWidget(widget)));
+    throw DriveError(QStringLiteral("%1 is not a list, tree or table").arg(describeWidget(widget)));
   return ItemCells(view);
 }
 

@@ -144,7 +144,7 @@ void setGroupBox(QGroupBox* box, const QVariant& value) {
     throw DriveError(QStringLiteral("%1 did not change by a click").arg(describeWidget(box)));
 }
 
-/// Pages first, then steps; from an end, where the value is no whole number of steps away.
+/// Pages first, then steps; from an end, where the value is not a whole number of steps away.
 void setSlider(QAbstractSlider* slider, const QVariant& value) {
   const int target = toIndex(value);
   if (target < slider->minimum() || target > slider->maximum())
@@ -241,7 +241,7 @@ int toIndex(const QVariant& value) {
   const double number = value.toDouble();
   if (!isNumber(value) || !(std::abs(number) <= std::numeric_limits<int>::max()) ||
       number != std::floor(number))
-    throw DriveError(QStringLiteral("\"%1\" is no whole number").arg(typedText(value)));
+    throw DriveError(QStringLiteral("\"%1\" is not a whole number").arg(typedText(value)));
   return int(number);
 }
 

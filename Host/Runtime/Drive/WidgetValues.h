@@ -22,7 +22,7 @@ QVariant widgetProperty(const QWidget* widget, const QString& property);
 /// A number as it is typed; every other value as its text.
 QString typedText(const QVariant& value);
 bool isNumber(const QVariant& value);
-/// A row, an index or a slider's value; raises `DriveError` for what is no whole number.
+/// A row, an index or a slider's value; raises `DriveError` for what is not a whole number.
 int toIndex(const QVariant& value);
 
 /// Types into an edit or spinner and leaves it, picks the entry of a combo box, brings what can be

@@ -301,7 +301,7 @@ void ScriptHost::writeFile(const QString& path, const QString& text) {
   guarded([&] {
     const QFileInfo present(path);
     if (present.exists() && !present.isFile()) // a pipe would wait for its reader
-      throw CallError(QStringLiteral("host.writeFile: %1: it is no plain file")
+      throw CallError(QStringLiteral("host.writeFile: %1: it is not a plain file")
                           .arg(QDir::toNativeSeparators(path)));
     QFile file(path);
     const QByteArray bytes = text.toUtf8();

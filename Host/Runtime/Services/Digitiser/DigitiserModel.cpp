@@ -154,7 +154,7 @@ std::optional<QString> DigitiserModel::axisFault(const DigitiserState& state, Gr
     const QString& typed = state.texts[static_cast<std::size_t>(mark)];
     const auto value = markValue(state, mark);
     if (!typed.trimmed().isEmpty() && !value)
-      return tr("The value of %1 is no number: type it like 4.7k or 100p.").arg(markName(mark));
+      return tr("The value of %1 is not a number: type it like 4.7k or 100p.").arg(markName(mark));
     if (value && *value <= 0 && state.scales[axis] == AxisScale::Logarithmic)
       return tr("The value of %1 must be above 0 on a logarithmic axis.").arg(markName(mark));
     isComplete = isComplete && value && state.places[static_cast<std::size_t>(mark)];

@@ -53,7 +53,7 @@ PictureFile readPicture(const QString& path) {
   reader.setAutoTransform(true);
   const QSize size = reader.size();
   if (!reader.canRead() || !size.isValid() || size.isEmpty())
-    return {{}, tr("%1 is no picture that can be read.").arg(shown)};
+    return {{}, tr("%1 is not a picture that can be read.").arg(shown)};
   if (qint64(size.width()) * size.height() > mostPixels)
     return {{},
             tr("%1 has %2 × %3 pixels. The digitiser takes at most %4 million; scan it at a lower "
