@@ -70,11 +70,16 @@ int evaluateText(UserFunctionInterface* call) {
   return 0;
 }
 
-/// y and x of what the host function named first makes of the other arguments; -1 where it fails.
+/// y and x of what the host function named first makes of the other arguments; where it fails, the
+/// reason, or -1.
 int apply(UserFunctionInterface* call) {
   UserArgument result{};
   const int status = call->callFunction(call, static_cast<char**>(call->args[0].data)[0],
                                         call->args + 1, call->argCount - 1, &result, nullptr);
+  if (status != 0 && result.type == UserString) {
+    copyStrings(call, result);
+    return 0;
+  }
   if (status != 0 || result.type != UserReal) {
     if (double* out = call->makeRealResult(call, 1, nullptr))
       *out = -1;

@@ -28,7 +28,7 @@ TEST_F(Driving, ServesInnerDialogs) {
        R"([{"buttons":["Yes","No"],"icon":"question","text":"Really do it?","title":"Sure?"},"no","ask"])"},
       {"test.onDialog(m => { m.key(null, 'Tab'); m.accept() }); d.click('ask'); return test.log()",
        R"("no")"},
-      {"return d.message()", "!Every Widget|no message box"},
+      {"return d.message()", "!Every Widget|not a message box"},
       {"test.onDialog(i => { test.onDialog(m => { m.press('Yes') }); i.set('edit', 'deep'); "
        "i.click('ask'); i.accept() }); d.click('nested'); d.type('edit', 'outer'); "
        "return [test.log(), d.text('edit')]",
@@ -80,7 +80,7 @@ TEST_F(Driving, PicksInChoosers) {
        "return test.log() == 'folder=' + folder",
        "true"},
       {"test.onDialog(c => { c.reject() }); d.click('file'); return test.log()", R"("file=")"},
-      {"d.pick('#000000')", "!no file, colour or font chooser"},
+      {"d.pick('#000000')", "!not a file, colour or font chooser"},
       {"let e; test.onDialog(c => { try { c.pick('red') } catch (x) { e = x } c.reject() }); "
        "d.click('colour'); return '' + e",
        R"("Error: \"red\" is not a colour of the form #rrggbb")"},

@@ -132,7 +132,7 @@ TEST_F(Driving, ClicksAndPresses) {
       {"d.click('hidden')", "!hidden"},
       {"d.click('nothing')", "!nothing|there are"},
       {"d.click('covered')", "!covered|cover"},
-      {"d.click('edit', 0)", "!edit|no list"},
+      {"d.click('edit', 0)", "!edit|not a list"},
       {"d.click('infoLabel'); const shown = test.hasPopup(); d.click('add'); "
        "return shown + test.log()",
        R"("trueadd")"},
@@ -166,7 +166,7 @@ TEST_F(Driving, PlaysKeys) {
        "d.key('combo', 'Return'); return d.text('combo') + test.log()",
        R"("gammacombo:2")"},
       {"d.key('edit', 'Nonsense')", "!Nonsense"},
-      {"d.key('edit', '')", "!no key"},
+      {"d.key('edit', '')", "!not a key"},
       {"d.key('disabled', 'a')", "!disabled"},
       {"d.key('cover', 'a')", "!cover|takes no keys"},
       {"d.tab('Views & cells'); d.click('list', 1); d.key('list', 'Down'); "
@@ -221,7 +221,7 @@ TEST_F(Driving, ReadsItemViews) {
       {"return d.cell('table', 0, 4)", "!table|30 rows and 4 columns"},
       {"return d.cell('table', -1, 0)", "!from 0"},
       {"return d.cell('table', 0.5, 0)", "!whole number"},
-      {"return d.items('edit')", "!edit|no list"},
+      {"return d.items('edit')", "!edit|not a list"},
       {"return d.cellInfo('table', 0, 3)",
        R"({"background":"#a0b0c0","bold":true,"checkable":true,"checked":false,"editable":true,)"
        R"("enabled":true,"foreground":"#102030","hidden":false,)"
