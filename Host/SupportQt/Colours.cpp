@@ -16,12 +16,27 @@ double sp_Contrast(const QColor& a, const QColor& b) {
   return (lighter + 0.05) / (darker + 0.05);
 }
 
+QColor sp_MixedColour(const QColor& a, const QColor& b, double share) {
+  const auto mix = [share](double from, double to) { return from + (to - from) * share; };
+  return QColor::fromRgbF(mix(a.redF(), b.redF()), mix(a.greenF(), b.greenF()),
+                          mix(a.blueF(), b.blueF()), a.alphaF());
+}
+
+QColor sp_SeenColour(const QColor& colour, const QColor& ground, double contrast) {
+  constexpr int steps = 10;
+  const QColor away =
+      sp_Contrast(ground, Qt::white) > sp_Contrast(ground, Qt::black) ? Qt::white : Qt::black;
+  QColor seen = colour;
+  for (int i = 1; i <= steps && sp_Contrast(seen, ground) < contrast; ++i)
+    seen = sp_MixedColour(colour, away, double(i) / steps);
+  return seen;
+}
+
 QColor sp_WrongColour(const QColor& ground) {
-  constexpr double readable = 4.5;
   const QColor darkRed(183, 28, 28);
   const QColor lightRed(255, 138, 128);
   for (const QColor& colour : {darkRed, lightRed, QColor(Qt::black)})
-    if (sp_Contrast(colour, ground) >= readable)
+    if (sp_Contrast(colour, ground) >= sp_readableContrast)
       return colour;
   return Qt::white; // readable wherever black is not
 }

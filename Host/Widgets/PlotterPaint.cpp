@@ -16,13 +16,6 @@ namespace {
 constexpr int labelGap = 4;         ///< between the grid and its labels, and between two of them
 constexpr int leastMinorGap = 5;    ///< of minor lines; nearer ones would be a grey area
 constexpr int smoothPoints = 50000; ///< more are a cloud, which smooth edges only make slow
-constexpr double visibleContrast = 2.5;
-
-QColor between(const QColor& from, const QColor& to, double share) {
-  const auto part = [share](double a, double b) { return a + (b - a) * share; };
-  return QColor::fromRgbF(part(from.redF(), to.redF()), part(from.greenF(), to.greenF()),
-                          part(from.blueF(), to.blueF()));
-}
 
 QwtScaleMap scaleMap(const PlotRange& range, double first, double last) {
   QwtScaleMap map;
@@ -79,23 +72,17 @@ QColor Plotter::Private::backgroundColour() const {
 
 /// The colour that was set, or so much of the text's colour on the background.
 QColor Plotter::Private::mixed(const QColor& set, double textShare) const {
-  return set.isValid() ? set
-                       : between(backgroundColour(), q->palette().color(QPalette::Text), textShare);
+  return set.isValid()
+             ? set
+             : sp_MixedColour(backgroundColour(), q->palette().color(QPalette::Text), textShare);
 }
 
 QPen Plotter::Private::visiblePen(const QPen& pen) const {
   // Who sets a background chooses the pens to go with it.
   if (background.isValid())
     return pen;
-  const QColor ground = backgroundColour();
-  const QColor away =
-      sp_Contrast(ground, Qt::white) > sp_Contrast(ground, Qt::black) ? Qt::white : Qt::black;
-  QColor colour = pen.color();
-  for (int i = 1; i <= 10 && sp_Contrast(colour, ground) < visibleContrast; ++i)
-    colour = between(pen.color(), away, i / 10.0);
-  colour.setAlphaF(pen.color().alphaF());
   QPen visible = pen;
-  visible.setColor(colour);
+  visible.setColor(sp_SeenColour(pen.color(), backgroundColour()));
   return visible;
 }
 

@@ -25,11 +25,7 @@ constexpr int smallestLength = 4;
 QColor badTextColour(const QPalette& palette, QPalette::ColorGroup group) {
   const QColor& base = palette.color(group, QPalette::Base);
   const QColor colour = sp_WrongColour(base);
-  if (group != QPalette::Disabled)
-    return colour;
-  const auto between = [](int a, int b) { return (a + b) / 2; };
-  return QColor(between(colour.red(), base.red()), between(colour.green(), base.green()),
-                between(colour.blue(), base.blue()));
+  return group == QPalette::Disabled ? sp_MixedColour(colour, base, 0.5) : colour;
 }
 
 QSize sizeFor(const Spinner* spinner, const QLineEdit* edit, const QStyleOptionSpinBox& option,

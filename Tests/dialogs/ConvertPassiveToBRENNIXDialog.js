@@ -221,15 +221,17 @@ box(["capacitor", [thousand]], d => {
         ["Too many points", "This dialog box can handle a maximum of 1001 PWL points."]);
   d.reject();
 });
-for (const [clipboard, shown] of [
-  ["0 1.5n\n1 -2e-9,(3,1e6)", ["0 1.5", "1 -2n", "3 1Meg", "9 9"]],
-  ["x 1k 2", ["0 1", "1 1"]],
-  ["", ["0 1", "1 1", "9 9", "9 9", " "]],
+for (const [clipboard, shown, note] of [
+  ["0 1.5n\n1 -2e-9,(3,1e6)", ["0 1.5", "1 -2n", "3 1Meg", "9 9"],
+    "3 points read. 1 text was cut behind its digits: suffixes are not read here."],
+  ["x 1k 2", ["0 1", "1 1"], "1 point read. A last text without a partner was left out. " +
+    "1 text is not a number and has become 0. 1 text was cut behind its digits: suffixes are not read here."],
+  ["", ["0 1", "1 1", "9 9", "9 9", " "], ""],
 ])
   box(["capacitor", ["0 1 1 1 9 9 9 9"]], d => {
     host.clipboard(clipboard);
     d.press("Paste from Clipboard");
-    equal(input(d), shown, JSON.stringify(clipboard));
+    equal([input(d), d.text("pointNote")], [shown, note], JSON.stringify(clipboard));
     d.reject();
   });
 box(["capacitor", ["0 1 1 1"]], d => {
@@ -249,6 +251,17 @@ box(["capacitor", ["0 1 1 1", "0 0 1 1"]], d => {
   equal(d.text("outputNote"), "These points are not of the present input.");
   d.key("inputTable", "Ctrl+Z");
   equal(d.text("outputNote"), "");
+  d.current("outputPWLTable", 1, 1);
+  d.key("outputPWLTable", "7");
+  d.key(null, "Tab");
+  equal([d.rows("outputPWLTable"), d.text("outputNote")], [2, "These points are not of the present input."]);
+  d.key("outputPWLTable", "Ctrl+Z");
+  equal([output(d), d.text("outputNote")], [["0 0", "1 1"], ""]);
+  d.cell("outputPWLTable", 1, 1, "7");
+  d.set("numSegSpinner", "3");
+  const computed = output(d);
+  d.key("outputPWLTable", "Ctrl+Z");
+  equal(output(d), computed, "a conversion is not undone");
   d.reject();
 });
 box(["capacitor"], d => {

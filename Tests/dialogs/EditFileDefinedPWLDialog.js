@@ -312,6 +312,16 @@ box([["START_DATA REPEAT_COUNT=3", "0 0"], source], d => {
   equal([d.text("pointNote"), d.value("spinnerRepeatCount")], ["2 lines read.", 5]);
   d.key(grid, "Ctrl+Z");
   equal([rows(d)[1], d.value("spinnerRepeatCount")], ["7|0", 3], "the controls follow");
+  host.clipboard("START_DATA FORMAT=CSV\n* a note");
+  d.key(grid, "Ctrl+V");
+  equal(rows(d).slice(1), ["* a note|", "|"], "a comment takes the whole row");
+  equal(d.text("pointNote"), "1 row pasted. A START_DATA line was left out.");
+  d.cell(grid, 1, 1, "b");
+  d.choose(grid, [[1, 0]]);
+  d.key(grid, "Ctrl+C");
+  equal(host.clipboard(), "* a noteb", "and is copied as it goes into the file");
+  d.key(grid, "Ctrl+Z");
+  d.key(grid, "Ctrl+Z");
   d.key(grid, "Ctrl+Z");
   equal(rows(d)[1], "0|0");
   d.reject();

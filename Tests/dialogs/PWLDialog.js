@@ -207,7 +207,7 @@ box([texts("0 0 1 1 2 2")], d => {
   d.current(grid, 1, 1);
   d.key(grid, "Ctrl+V");
   equal(rows(d), ["0,0", "1,7", "2,8", ",9", ",10", ","], "a spreadsheet's column goes where the user is");
-  equal(d.text("pointNote"), "4 rows pasted. 2 rows below row 4 are not part of the curve, since that has an empty cell.");
+  equal(d.text("pointNote"), "4 rows pasted. 1 row below row 4 is not part of the curve, since that has an empty cell.");
   d.key(grid, "Ctrl+Z");
   equal(rows(d), ["0,0", "1,1", "2,2", ","], "undone as a whole");
   d.key(grid, "Ctrl+Shift+Z");
@@ -217,6 +217,7 @@ box([texts("0 0 1 1 2 2")], d => {
 for (const [clipboard, note, shown] of [
   ["Time;Value\n3;4", "1 row pasted. A heading was left out.", "3,4"],
   ["3\t4\t5", "1 row pasted. 1 cell was left out.", "3,4"],
+  ["START_DATA\n3 4", "1 row pasted. A START_DATA line was left out.", "3,4"],
   ["3;4,5", "Nothing was pasted: “4,5” has a decimal comma. Numbers need a decimal point.", "1,1"],
 ])
   box([texts("0 0 1 1")], d => {
@@ -226,6 +227,25 @@ for (const [clipboard, note, shown] of [
     equal([d.text("pointNote"), rows(d)[1]], [note, shown]);
     d.reject();
   });
+
+box([texts("0 0 1 1")], d => {
+  const width = d.get(grid, "size").width;
+  host.clipboard(`"1${"0".repeat(3000)},5"`);
+  d.key(grid, "Ctrl+V");
+  check(d.text("pointNote").includes("…"), d.text("pointNote"));
+  equal(d.get(grid, "size").width, width, "a note does not make the window wider");
+  d.key(grid, "Ctrl+Return");
+});
+for (const field of ["initialConditionEdit", "cbSourceIdle", "pasteButton", "cancelButton"]) {
+  let left = false;
+  box([texts("0 0 1 1"), options({ 3: "continuous" }), [1, 2, 1]], d => {
+    d.key(field, "Ctrl+Return");
+    left = !d.isOpen;
+    if (d.isOpen)
+      d.reject();
+  });
+  check(left, `Ctrl+Return in ${field} is OK`);
+}
 
 // --- steps ----------------------------------------------------------------------------------------
 
@@ -242,8 +262,17 @@ for (const [keys, left] of [
     equal(rows(d), ["0,0", "1,1", "2,5", ","]);
     d.accept();
   }).slice(0, 8), symmetricCurve);
+box([symmetricCurve, options({ 7: "1" })], d => {
+  for (const key of ["Ctrl+A", "Delete", "Return"])
+    d.key(grid, key);
+  d.key(grid, "4");
+  d.key(null, "Return");
+  equal(rows(d), ["0,0", "4,"], "behind the origin it goes on");
+  d.reject();
+});
 equal(box([texts("0 0 1 1"), options({ 7: "1" })], d => {
   d.click("radiobuttonSymmetric");
+  d.click("radiobuttonSymmetric"); // is it already, and no step
   d.key(grid, "Ctrl+Z");
   equal(d.checked("radiobuttonAsymmetric"), true, "the mode goes back with the rows");
   d.accept();
@@ -257,6 +286,11 @@ equal(box([[]], d => {
   check(d.focused() !== grid, "a cell that is not being edited is left");
   d.accept();
 }).slice(0, 4), texts("5 6 9 8"));
+
+equal(box([texts("0 0 1 1 2 2"), options({ 3: "segment" }), [0, 2, 1]], d => {
+  d.set("initialConditionEdit", "2.6");
+  d.accept();
+})[7], "3", "segments are counted");
 
 // --- conversion tool ----------------------------------------------------------------------------
 

@@ -64,6 +64,14 @@ host.onDialog(d => {
     d.click("toolButtonCheckSyntax");
     equal(d.cellInfo(grid, 1, 0).kind === "ErrorPWLTableItem", title === faulty, text);
   }
+  d.cell(grid, 1, 0, "1");
+  host.onDialog(m => { equal(m.title, passed); m.accept(); });
+  d.click("toolButtonCheckSyntax");
+  d.key(grid, "Ctrl+Z");
+  equal(d.cell(grid, 1, 0), "0", "a check that finds nothing is no step");
+  host.clipboard("1,5\t2");
+  d.key(grid, "Ctrl+V");
+  check(/Nothing was pasted.*\S+ \S+/.test(d.text("pointNote")), d.text("pointNote"));
   d.reject();
 });
 EditFileDefinedPWLDialog(["0 1", "1 2"], ["0", "0", "0", "scope.txt", "Disk"]);

@@ -11,10 +11,6 @@ using Counted = PointRows::Counted;
 
 namespace {
 
-bool operator==(const PointRow& a, const PointRow& b) {
-  return a.kind == b.kind && a.x == b.x && a.y == b.y && a.fault == b.fault;
-}
-
 PointRow rowOf(Kind kind, const char* x, const char* y, const char* fault = "") {
   return {kind, QString::fromUtf8(x), QString::fromUtf8(y), QString::fromUtf8(fault)};
 }

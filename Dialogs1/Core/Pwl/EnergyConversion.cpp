@@ -61,9 +61,11 @@ void Curve::append(double newX, double newY) {
   y.push_back(newY);
 }
 
-double leadingReal(const QString& text) {
-  const QByteArray bytes = text.trimmed().toUtf8();
-  const char* const start = bytes.constData();
+namespace {
+
+/// How many characters of a text, without blanks in front, are the number that it begins with.
+int leadingRealSize(const QByteArray& text) {
+  const char* const start = text.constData();
   const char* const whole = skipSign(start);
   const char* end = skipDigits(whole);
   const bool hasPoint = *end == '.';
@@ -76,7 +78,14 @@ double leadingReal(const QString& text) {
     if (isDigit(*exponent))
       end = skipDigits(exponent);
   }
-  return sp_ConvertEngToReal(bytes.left(static_cast<int>(end - start)).constData());
+  return static_cast<int>(end - start);
+}
+
+} // namespace
+
+double leadingReal(const QString& text) {
+  const QByteArray bytes = text.trimmed().toUtf8();
+  return sp_ConvertEngToReal(bytes.left(leadingRealSize(bytes)).constData());
 }
 
 QString engText(double value) {
@@ -106,6 +115,17 @@ PwlPoints exactTextOfCurve(const Curve& curve) {
 
 PwlPoints withoutSuffixes(PwlPoints points) {
   return engTextOfCurve(curveOf(points, leadingReal));
+}
+
+SuffixLoss lossWithoutSuffixes(const PwlPoints& points) {
+  SuffixLoss loss;
+  for (const PwlPoint& point : points)
+    for (const QString& text : {point.x, point.y}) {
+      const QByteArray bytes = text.trimmed().toUtf8();
+      const int size = leadingRealSize(bytes);
+      ++(size == 0 ? loss.zeros : size < bytes.size() ? loss.cut : loss.whole);
+    }
+  return loss;
 }
 
 bool isStepWise(const PwlPoints& points) {

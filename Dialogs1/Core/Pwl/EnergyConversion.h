@@ -43,6 +43,14 @@ PwlPoints exactTextOfCurve(const Curve& curve);
 /// Points as they are pasted: leading numbers, written as engineering text.
 PwlPoints withoutSuffixes(PwlPoints points);
 
+/// How many texts lose what by that.
+struct SuffixLoss {
+  int whole = 0; ///< nothing: they are numbers
+  int cut = 0;   ///< what stands behind the number
+  int zeros = 0; ///< all, since they begin with none
+};
+SuffixLoss lossWithoutSuffixes(const PwlPoints& points);
+
 /// Whether two neighbours have the same x text, as in what `differentiate` gives.
 bool isStepWise(const PwlPoints& points);
 

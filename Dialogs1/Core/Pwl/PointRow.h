@@ -28,3 +28,7 @@ struct PointRow {
   bool isSelectable(int column) const; ///< the origin and what the controls write are not
   bool isEditable(int column) const;   ///< those of the first two columns
 };
+
+inline bool operator==(const PointRow& a, const PointRow& b) {
+  return a.kind == b.kind && a.x == b.x && a.y == b.y && a.fault == b.fault;
+}

@@ -48,6 +48,13 @@ void PointRows::setLines(const LineStore& lines, const SyntaxMessages& messages)
   }
 }
 
+bool PointRows::readAs(const LineStore& lines) const {
+  int row = lines.size() == count() ? 0 : -1;
+  while (row >= 0 && row < count() && at(row) == readPointsLine(lines.at(row)))
+    ++row;
+  return row == count();
+}
+
 void PointRows::remove(int first, int rows) {
   m_places.remove(first, rows);
 }

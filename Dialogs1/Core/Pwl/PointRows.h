@@ -55,6 +55,8 @@ public:
 
   /// A row for each line; lines with a message become rows at fault.
   void setLines(const LineStore& lines, const SyntaxMessages& messages);
+  /// Whether the rows are, without any at fault, what they would be of these lines.
+  bool readAs(const LineStore& lines) const;
   void insert(int first, int rows) { m_places.insert(first, rows, blankPlace); } ///< blank ones
   void remove(int first, int rows);
   void set(int row, const PointRow& value);

@@ -42,6 +42,7 @@ QString tooManyText() {
 
 void showComputed(PointTable* table, const PwlPoints& points) {
   table->setPoints(points, 0, PointRow::Kind::Computed);
+  table->startSteps(); // what was typed before goes with what it was typed into
 }
 
 QPixmap picture(const char* name) {
@@ -93,7 +94,7 @@ ConvertPassiveToBRENNIXDialog::ConvertPassiveToBRENNIXDialog(QWidget* parent,
   loadOutput();
   if (!inputText.isEmpty() && !outputText.isEmpty()) {
     setEnabled({form.okButton, form.plotButton}, true);
-    converted = form.inputTable->rows().points();
+    setConverted();
     if (isConvertible())
       recompute();
   }
@@ -105,11 +106,11 @@ void ConvertPassiveToBRENNIXDialog::prepareForm() {
   form.RAW_DATA->hide();
   setEnabled({form.okButton, form.plotButton}, false);
   for (PointTable* table : {form.inputTable, form.outputPWLTable}) {
-    table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     table->setLimits({maximumPoints, minimumCount, tooManyText(), tr("Minimum segments"),
                       tr("You must have at least %1 segments")});
   }
   form.inputTable->addRowActions(form.inputTable);
+  form.outputPWLTable->addStepActions(form.outputPWLTable);
   form.inputTable->setNumbersOnly();
   connect(form.inputTable, &PointTable::noted, form.pointNote, &QLabel::setText);
   setIcon(form.convertButton, "32x32_rightarrow_transparent_bg");
@@ -171,7 +172,8 @@ void ConvertPassiveToBRENNIXDialog::connectControls() {
   connect(form.pasteButton, &QPushButton::clicked, this, &Self::pasteButton_clicked);
   connect(form.plotButton, &QPushButton::clicked, this, &Self::plot_waveforms);
   connect(form.limitGroupBox, &QGroupBox::clicked, this, &Self::output_limit_changed);
-  connect(form.inputTable, &PointTable::stepMade, this, &Self::sayWhatIsStale);
+  for (const PointTable* table : {form.inputTable, form.outputPWLTable})
+    connect(table, &PointTable::stepMade, this, &Self::sayWhatIsStale);
   connect(form.limitValueSpinner, &Spinner::changed, this, &Self::output_limit_changed);
 }
 
@@ -263,13 +265,14 @@ void ConvertPassiveToBRENNIXDialog::convert() {
 }
 
 void ConvertPassiveToBRENNIXDialog::setConverted() {
-  converted = form.inputTable->rows().points();
+  converted = {form.inputTable->rows().points(), form.outputPWLTable->rows().points()};
   sayWhatIsStale();
 }
 
 void ConvertPassiveToBRENNIXDialog::sayWhatIsStale() {
-  const bool isStale = form.outputPWLTable->rows().completeRows() > 0 &&
-                       form.inputTable->rows().points() != converted;
+  const PwlPoints output = form.outputPWLTable->rows().points();
+  const bool isStale = !output.isEmpty() && (output != converted.output ||
+                                             form.inputTable->rows().points() != converted.input);
   form.outputNote->setText(isStale ? tr("These points are not of the present input.") : QString());
 }
 
@@ -277,6 +280,7 @@ void ConvertPassiveToBRENNIXDialog::num_segs_changed() {
   numSegments = form.numSegSpinner->number().value_or(1);
   // The table shows at once how many points there will be, also where they cannot be computed.
   form.outputPWLTable->setRowCount(static_cast<int>(numSegments + 1));
+  form.outputPWLTable->startSteps();
   const PwlPoints integral = form.integralDataTable->rows().points();
   if (integral.size() < 2 || isStepWise(form.inputTable->rows().points()))
     return;
@@ -327,7 +331,9 @@ void ConvertPassiveToBRENNIXDialog::pasteButton_clicked() {
   form.inputTable->step(tr("Paste"),
                         [&] { form.inputTable->overwritePoints(withoutSuffixes(pasted)); });
   form.inputTable->enterFirstCell();
-  form.inputTable->say(PointNotes::pointsRead(pasted.size(), leftOut));
+  const SuffixLoss loss = lossWithoutSuffixes(pasted);
+  form.inputTable->say(PointNotes::pointsRead(pasted.size(), leftOut) + QLatin1Char(' ') +
+                       PointNotes::numbersTaken(loss.zeros, loss.cut));
 }
 
 void ConvertPassiveToBRENNIXDialog::DigitizeData() {

@@ -61,7 +61,10 @@ private:
 
   Ui::ConvertPassiveToBRENNIXDialog form;
   HostCurves host;
-  PwlPoints converted; ///< the input that the output is of
+  struct {
+    PwlPoints input;
+    PwlPoints output;
+  } converted; ///< what belongs together
   int helpContextNumber = -1;
   double numSegments = 2;
   EnergyStorage kind;

@@ -17,8 +17,6 @@ constexpr int widestTime = 30; // characters
 DefinitionTable::DefinitionTable(QWidget* parent) : PointTable(parent, PointRows::Counted::Points) {
   setColumnCount(fileColumn + 1);
   horizontalHeader()->setResizeContentsPrecision(measuredRows);
-  horizontalHeader()->setStretchLastSection(false);
-  horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
   connect(this, &QTableWidget::cellClicked, this, [this](int row, int column) {
     // With Ctrl or Shift held the user selects.
     if (isFileCell(row, column) && QGuiApplication::keyboardModifiers() == Qt::NoModifier)
@@ -31,6 +29,8 @@ bool DefinitionTable::isFileCell(int row, int column) const {
 }
 
 void DefinitionTable::setLines(const LineStore& lines, const SyntaxMessages& messages) {
+  if (messages.all().isEmpty() && m_rows.readAs(lines))
+    return;
   setRowCount(0);
   setRowCount(lines.size());
   m_rows.setLines(lines, messages);
@@ -54,7 +54,8 @@ void DefinitionTable::fitColumns() {
 
 void DefinitionTable::setStartData(const QString& line) {
   const int row = m_rows.startDataRow();
-  if (row >= 0)
+  const PointRow now = m_rows.at(row);
+  if (row >= 0 && (now.x != line || !now.fault.isEmpty()))
     setRow(row, {PointRow::Kind::StartData, line, m_rows.at(row).y, QString()});
 }
 

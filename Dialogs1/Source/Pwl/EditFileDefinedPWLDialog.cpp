@@ -414,7 +414,19 @@ void EditFileDefinedPWLDialog::handleErrorMessages() {
     warn(this, title, quoted);
 }
 
+bool EditFileDefinedPWLDialog::hasSeparatorInOptions() const {
+  const QString options = form.spinnerDelay->stringValue() + fileName();
+  return options.contains(QLatin1Char(';'));
+}
+
 void EditFileDefinedPWLDialog::okClicked() {
+  if (hasSeparatorInOptions()) {
+    warn(
+        this, tr("Semicolon"),
+        tr("Semicolons separate the options of the source from one another. Its delay and its file "
+           "name cannot have one."));
+    return;
+  }
   if ((isInF11Window() || form.radioButtonDisk->isChecked()) && !fileName().isEmpty()) {
     accept();
     return;

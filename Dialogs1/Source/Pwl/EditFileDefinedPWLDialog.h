@@ -48,6 +48,7 @@ private:
   void readLinesFromTable();
   void updateEnables();
   bool isCsv() const;
+  bool hasSeparatorInOptions() const;
   bool isInF11Window() const;
   QString fileName() const;
 

@@ -71,6 +71,7 @@ void PWLDialog::initialiseDialog() {
   loadPoints();
   loadNumbers();
   offerConverter();
+  setMode(symmetric, converterMemory); // what the first step goes back to
   form.pwlGrid->setFocus(Qt::TabFocusReason);
   form.pwlGrid->enterFirstCell();
   form.pwlGrid->startSteps();
@@ -103,6 +104,7 @@ void PWLDialog::showInitialCondition() {
   form.initialConditionLabel->setText(tr("&Initial segment"));
   form.initialConditionEdit->setEngMode(false);
   form.initialConditionEdit->setStep125(false);
+  form.initialConditionEdit->setWholeNumber(true);
   form.initialConditionEdit->setMin(1);
 }
 
@@ -112,7 +114,7 @@ void PWLDialog::loadPoints() {
     points.append({coordinates.text(i), coordinates.text(i + 1)});
 
   if (options.offersSymmetric) {
-    setMode(isSymmetric(points), converterMemory);
+    symmetric = isSymmetric(points);
     form.radiobuttonSymmetric->setChecked(symmetric);
     connect(form.radiogroupSymmetric, &RadioGroup::clicked, this,
             &PWLDialog::radiogroupSymmetric_clicked);
@@ -121,7 +123,7 @@ void PWLDialog::loadPoints() {
     populateTable();
     return;
   }
-  QMessageBox::warning(nullptr, tr("Too many points"),
+  QMessageBox::warning(this, tr("Too many points"),
                        tr("There are %1 points in this PWL definition.\n").arg(points.size()) +
                            tooManyText().arg(form.pwlGrid->mostRows()));
 }
@@ -167,7 +169,7 @@ void PWLDialog::offerConverter() {
           &PWLDialog::open_converter_tool);
   YString memory;
   if (getString(ConverterMemory, &memory))
-    setMode(symmetric, readConversionMemory(toQs(memory)));
+    converterMemory = readConversionMemory(toQs(memory));
 }
 
 void PWLDialog::readDialog(UserDataType, bool accepted) {
@@ -242,11 +244,14 @@ void PWLDialog::radiogroupSymmetric_clicked(int selectedId) {
   form.pwlGrid->step(tr("Entry Mode"), [this, selectedId] {
     setMode(selectedId != 0, converterMemory);
     const PointRow first = form.pwlGrid->rows().at(0);
+    const bool hasOrigin = first.kind == PointRow::Kind::Origin;
+    if (symmetric == hasOrigin)
+      return;
     if (symmetric) {
       if (isZero(first.x) && isZero(first.y))
         form.pwlGrid->removeRow(0);
       putOrigin();
-    } else if (first.kind == PointRow::Kind::Origin) {
+    } else {
       form.pwlGrid->setRow(0, zero(PointRow::Kind::Point));
     }
   });

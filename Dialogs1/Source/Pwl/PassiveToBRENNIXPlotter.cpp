@@ -1,11 +1,14 @@
 #include "Pwl/PassiveToBRENNIXPlotter.h"
 
+#include "HostSupportQt/Colours.h"
 #include "HostSupportQt/HostSupportQt.h"
 
 namespace {
 
 constexpr int firstWidth = 700; // pixels, until the user makes it another
 constexpr int firstHeight = 600;
+constexpr Qt::GlobalColor givenColour = Qt::blue;
+constexpr Qt::GlobalColor madeColour = Qt::red; // by the segments
 
 QString framed(const char* alignment, const QString& text) {
   return QStringLiteral("<div align = \"%1\">%2</div>").arg(QLatin1String(alignment), text);
@@ -32,6 +35,7 @@ PassiveToBRENNIXPlotter::PassiveToBRENNIXPlotter(QWidget* parent, bool isInducto
   form.setupUi(this);
   resize(firstWidth, firstHeight);
   connect(form.closeButton, &QPushButton::clicked, this, &QDialog::accept);
+  showLegend();
   showLabels(isInductor, plot);
   showCurves(plot);
   showAxes(plot);
@@ -45,6 +49,21 @@ void PassiveToBRENNIXPlotter::showEvent(QShowEvent* event) {
 void PassiveToBRENNIXPlotter::hideEvent(QHideEvent* event) {
   sp_SaveWidgetDims(this, toYs(objectName()));
   WaitingDialog::hideEvent(event);
+}
+
+void PassiveToBRENNIXPlotter::changeEvent(QEvent* event) {
+  WaitingDialog::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange)
+    showLegend();
+}
+
+void PassiveToBRENNIXPlotter::showLegend() {
+  const auto mark = [this](const QColor& colour) {
+    const QColor drawn = sp_SeenColour(colour, form.topPlotter->palette().color(QPalette::Base));
+    return QStringLiteral("<span style=\"color:%1\">&#x25ac;</span>").arg(drawn.name());
+  };
+  form.legend->setText(
+      tr("%1 as given &nbsp; %2 as segments make it").arg(mark(givenColour), mark(madeColour)));
 }
 
 void PassiveToBRENNIXPlotter::showLabels(bool isInductor, const EnergyPlot& plot) {
@@ -65,11 +84,11 @@ void PassiveToBRENNIXPlotter::showLabels(bool isInductor, const EnergyPlot& plot
 }
 
 void PassiveToBRENNIXPlotter::showCurves(const EnergyPlot& plot) {
-  showCurve(form.bottomPlotter, 1, plot.output, Qt::red);
+  showCurve(form.bottomPlotter, 1, plot.output, madeColour);
   if (plot.integral.size() > 1)
-    showCurve(form.bottomPlotter, 0, plot.integral, Qt::blue);
-  showCurve(form.topPlotter, 0, plot.derivative, Qt::red);
-  showCurve(form.topPlotter, 1, plot.input, Qt::blue);
+    showCurve(form.bottomPlotter, 0, plot.integral, givenColour);
+  showCurve(form.topPlotter, 0, plot.derivative, madeColour);
+  showCurve(form.topPlotter, 1, plot.input, givenColour);
 }
 
 void PassiveToBRENNIXPlotter::showAxes(const EnergyPlot& plot) {

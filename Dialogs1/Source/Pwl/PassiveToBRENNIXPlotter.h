@@ -16,8 +16,10 @@ public:
 protected:
   void showEvent(QShowEvent* event) override; ///< where it was the last time
   void hideEvent(QHideEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
 private:
+  void showLegend();
   void showLabels(bool isInductor, const EnergyPlot& plot);
   void showCurves(const EnergyPlot& plot);
   void showAxes(const EnergyPlot& plot);

@@ -22,7 +22,8 @@ namespace {
 constexpr int pointColumns = 2;
 constexpr int fewRows = 6;
 constexpr int rowsAtFirst = 11;
-constexpr int leastColumnWidth = 80;
+constexpr int longestNote = 500; // characters
+
 PointRow rowOf(const PwlPoint& point, PointRow::Kind kind = PointRow::Kind::Point) {
   return {kind, point.x, point.y, QString()};
 }
@@ -50,6 +51,14 @@ QTableWidgetItem* newItem(const PointRow& row, int column) {
   return new PWLTableItem(text);
 }
 
+/// The first of two columns, which want to be so wide: half of the width, or more where its text
+/// wants more and the other can spare it, or less where the other's does.
+int firstOfTwo(int width, int wanted, int wantedByOther) {
+  const int half = width / 2;
+  return wanted > half ? std::min(wanted, std::max(half, width - wantedByOther))
+                       : std::max(wanted, std::min(half, width - wantedByOther));
+}
+
 QList<QKeySequence> redoKeys() {
   return {Qt::CTRL + Qt::SHIFT + Qt::Key_Z, Qt::CTRL + Qt::Key_Y};
 }
@@ -57,9 +66,9 @@ QList<QKeySequence> redoKeys() {
 /// Whether a key is one of the row operations'.
 bool isRowKey(const QKeyEvent& event) {
   static constexpr int plain[] = {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Insert, Qt::Key_Delete};
-  const QKeySequence pressed(int(event.modifiers() & ~Qt::KeypadModifier) + event.key());
-  return std::find(std::begin(plain), std::end(plain), event.key()) != std::end(plain) ||
-         event.matches(QKeySequence::Undo) || redoKeys().contains(pressed);
+  const int pressed = int(event.modifiers() & ~Qt::KeypadModifier) + event.key();
+  return std::find(std::begin(plain), std::end(plain), pressed) != std::end(plain) ||
+         event.matches(QKeySequence::Undo) || redoKeys().contains(QKeySequence(pressed));
 }
 
 } // namespace
@@ -79,7 +88,8 @@ PointTable::PointTable(QWidget* parent, PointRows::Counted counted)
   QHeaderView* numbers = verticalHeader();
   numbers->setDefaultSectionSize(numbers->fontMetrics().height() * 3 / 2);
   numbers->setSectionResizeMode(QHeaderView::Fixed);
-  horizontalHeader()->setStretchLastSection(true);
+  horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
+  horizontalHeader()->setResizeContentsPrecision(0); // of rows in sight
   connect(model(), &QAbstractItemModel::rowsInserted, this,
           [this](const QModelIndex&, int first, int last) {
             if (!m_isRestoring)
@@ -130,22 +140,27 @@ void PointTable::addRowActions(QWidget* owner) {
       {tr("Delete Rows"), {Qt::Key_Delete}, &PointTable::deleteRows},
       {tr("Next Cell"), {Qt::Key_Return, Qt::Key_Enter}, &PointTable::nextCell},
   };
-  const auto add = [this, owner](QAction* action, const QList<QKeySequence>& keys) {
-    action->setShortcuts(keys);
-    if (owner == this)
-      action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    owner->addAction(action);
-  };
   for (const Operation& operation : operations) {
     auto* action = new QAction(operation.caption, owner);
     connect(action, &QAction::triggered, this, operation.slot);
-    add(action, operation.keys);
+    addAction(owner, action, operation.keys);
   }
-  add(historyAction(owner, tr("Undo"), &PointHistory::undo), {QKeySequence::Undo});
-  add(historyAction(owner, tr("Redo"), &PointHistory::redo), redoKeys());
   m_isExtended = true;
+  addStepActions(owner);
+}
+
+void PointTable::addStepActions(QWidget* owner) {
+  addAction(owner, historyAction(owner, tr("Undo"), &PointHistory::undo), {QKeySequence::Undo});
+  addAction(owner, historyAction(owner, tr("Redo"), &PointHistory::redo), redoKeys());
   owner->setContextMenuPolicy(Qt::ActionsContextMenu);
   owner->installEventFilter(this);
+}
+
+void PointTable::addAction(QWidget* owner, QAction* action, const QList<QKeySequence>& keys) {
+  action->setShortcuts(keys);
+  if (owner == this)
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+  owner->addAction(action);
 }
 
 QAction* PointTable::historyAction(QWidget* owner, const QString& caption,
@@ -271,13 +286,17 @@ void PointTable::deleteRows() {
 }
 
 void PointTable::nextCell() {
-  const bool atRowEnd = currentColumn() != 0;
+  // Nothing can be typed in the origin.
+  const bool atRowEnd =
+      currentColumn() != 0 || m_rows.at(currentRow()).kind == PointRow::Kind::Origin;
   const bool isFull = rowCount() >= limits.most;
   if (atRowEnd && isFull) {
     showTooMany();
     return;
   }
-  const int row = currentRow() + (atRowEnd ? 1 : 0);
+  int row = currentRow() + (atRowEnd ? 1 : 0);
+  if (m_rows.at(row).kind == PointRow::Kind::Origin)
+    ++row;
   if (atRowEnd)
     setCurrentCell(currentRow(), 0);
   if (row == rowCount())
@@ -303,12 +322,13 @@ void PointTable::goOn(int step) {
   if (row < 0)
     return;
   if (row == rowCount()) {
+    if (!m_isExtended)
+      return;
     if (!m_rows.mayInsert(1, limits.most)) {
       showTooMany();
       return;
     }
     addRow();
-    emit rowsChanged();
   }
   setCurrentCell(row, column);
   edit(currentIndex());
@@ -370,9 +390,11 @@ void PointTable::wantFit() {
 
 void PointTable::fitColumns() {
   m_wantsFit = false;
-  if (horizontalHeader()->sectionResizeMode(0) == QHeaderView::Stretch)
-    return;
-  setColumnWidth(0, std::max(viewport()->width() / pointColumns, leastColumnWidth));
+  const int width = viewport()->width();
+  const auto wanted = [this](int column) {
+    return std::max(sizeHintForColumn(column) + 1, horizontalHeader()->sectionSizeHint(column));
+  };
+  setColumnWidth(0, firstOfTwo(width, wanted(0), wanted(1)));
 }
 
 void PointTable::restore(const PointRows::Change& change, bool isUndone, int mode) {
@@ -418,12 +440,12 @@ void PointTable::copySelection() const {
   int lastRow = -1;
   for (const QModelIndex& cell : cells) {
     const PointRow row = m_rows.at(cell.row());
-    // A line has no second field; the buttons of the third column are no data.
+    // A line is copied whole; the buttons of the third column are no data.
     if (cell.column() >= (row.isLine() ? 1 : pointColumns))
       continue;
     if (lastRow >= 0)
       text += cell.row() == lastRow ? QLatin1Char('\t') : QLatin1Char('\n');
-    text += row.text(cell.column());
+    text += row.isLine() ? row.x + row.y : row.text(cell.column());
     lastRow = cell.row();
   }
   if (lastRow >= 0)
@@ -455,11 +477,17 @@ void PointTable::pasteCells() {
       showRow(rowCount() - 1);
     }
   });
-  say(PointNotes::rowsPasted(block.rows.size(), block.hadHeading, block.cells() - pasted));
+  say(PointNotes::rowsPasted(block, block.cells() - pasted));
   emit rowsChanged();
 }
 
 int PointTable::pasteRow(int row, int left, const QStringList& cells) {
+  const bool isComment =
+      m_rows.counted() == PointRows::Counted::Points && isCommentCell(cells.value(0));
+  if (isComment && m_rows.at(row).isEditable(0)) {
+    setText(row, 1, QString());
+    left = 0;
+  }
   int pasted = 0;
   for (int i = 0; i < cells.size(); ++i)
     if (m_rows.at(row).isEditable(left + i)) {
@@ -486,22 +514,18 @@ void PointTable::say(const QString& text) {
 }
 
 void PointTable::updateNote() {
-  const PointRow current = m_rows.at(currentRow());
-  if (!current.fault.isEmpty()) {
-    emit noted(current.fault.simplified());
-    return;
-  }
-  QStringList notes = {m_said};
+  QStringList notes = {m_said, m_rows.at(currentRow()).fault.simplified()};
   if (m_rows.counted() == PointRows::Counted::Rows) {
     m_partRows = m_rows.completeRows();
-    if (const int lost = m_rows.filledRowsFrom(m_partRows))
+    if (const int lost = m_rows.filledRowsFrom(m_partRows + 1))
       notes += PointNotes::rowsBehind(m_partRows, lost);
     if (const int zeros = textsThatCountAsZero())
       notes += PointNotes::textsAsZero(zeros);
     viewport()->update();
   }
   notes.removeAll(QString());
-  emit noted(notes.join(QLatin1Char(' ')));
+  const QString text = notes.join(QLatin1Char(' '));
+  emit noted(text.size() > longestNote ? text.left(longestNote - 1) + QChar(0x2026) : text);
 }
 
 void PointTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {

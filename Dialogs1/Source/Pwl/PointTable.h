@@ -36,6 +36,9 @@ public:
   /// always do.
   void addRowActions(QWidget* owner);
 
+  /// Undo and redo alone, for a table whose rows nobody inserts or deletes.
+  void addStepActions(QWidget* owner);
+
   /// Makes the table as long as the points and so many blank rows below, and puts them in.
   void setPoints(const PwlPoints& points, int blankRows = 1,
                  PointRow::Kind kind = PointRow::Kind::Point);
@@ -47,7 +50,7 @@ public:
 
   QSize minimumSizeHint() const override; ///< of a few rows
   QSize sizeHint() const override;        ///< of as many as one likes to see
-  virtual void fitColumns();              ///< to the width of the table
+  virtual void fitColumns();              ///< to what is in sight and the width of the table
 
   /// Finishes a cell that is being typed in. Whatever reads the table does so first.
   void commitOpenCell();
@@ -104,6 +107,7 @@ private:
     int bottom = 0;
   };
   Selected selectedCells() const;
+  void addAction(QWidget* owner, QAction* action, const QList<QKeySequence>& keys);
   QAction* historyAction(QWidget* owner, const QString& caption, void (PointHistory::*go)());
   void addRow();       ///< a blank one at the end
   void goOn(int step); ///< to the next or last cell that can be typed in
@@ -117,7 +121,7 @@ private:
   int m_partRows = std::numeric_limits<int>::max();
   bool m_numbersOnly = false;
   QString m_said;
-  bool m_isExtended = false; ///< by the user: a blank row stays below the last
+  bool m_isExtended = false; ///< by the user: rows come in, and a blank one stays below the last
   bool m_isRestoring = false;
   PointHistory m_history; ///< goes before the rows
 };
