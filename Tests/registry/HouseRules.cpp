@@ -246,7 +246,7 @@ void expectSteps(const QWidget* dialog) {
   static const QRegularExpression capacitance(QStringLiteral("capacitance"),
                                               QRegularExpression::CaseInsensitiveOption);
   static const QRegularExpression count(
-      QStringLiteral("#|\\b(number of|size|bits|count|cycles|inputs|segments?)\\b"),
+      QStringLiteral("#|\\b(number of|(?<!step )size|bits|count|cycles|inputs|segments?)\\b"),
       QRegularExpression::CaseInsensitiveOption);
   // What a script asks for by itself is the script's, name and steps.
   if (dialog->inherits("NewValueDialog"))

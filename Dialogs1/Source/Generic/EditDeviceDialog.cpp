@@ -16,9 +16,9 @@ static const ScriptFunction declaration("EditDeviceDialog", 2, "SSSS", StringVec
 
 namespace {
 
-enum Argument { Settings, Names, ParameterNames, ParameterValues };
+enum Argument { Settings, Names };
 enum Setting { CurrentName, CurrentIndex, WindowTitle, Caption };
-enum ResultElement { Name, Index, ParameterCount, FirstParameter };
+enum ResultElement { Name, Index, ParameterCount };
 
 } // namespace
 
@@ -57,18 +57,7 @@ void EditDeviceDialog::initialiseDialog() {
     name = row < 0 ? QString() : offered.names().at(row);
   }
   start(name, offered.nearestRow(name));
-  loadParameters();
-}
-
-void EditDeviceDialog::loadParameters() {
-  const bool isPassed = !texts(ParameterNames).isEmpty() && !texts(ParameterValues).isEmpty();
-  form.parametersButton->setVisible(isPassed);
-  if (!isPassed)
-    return;
-  ParameterView* view = parameters()->view();
-  view->nameArgIndex = ParameterNames;
-  view->argIndex = ParameterValues;
-  view->initialiseWidget(scriptArgs);
+  form.parametersButton->setVisible(parameters()->loadArguments(scriptArgs));
 }
 
 void EditDeviceDialog::load(const QString& title, const QString& caption,
@@ -99,18 +88,14 @@ void EditDeviceDialog::readDialog(UserDataType, bool accepted) {
       selected.isEmpty() ? offered.rowOfName(form.editBox->text()) : selected.first().row();
   const int place = row < 0 ? -1 : offered.place(row);
 
-  ParameterView* view = parameters()->view();
-  const int parameterCount = view->vectorSize();
-  char** result = makeStringResult(FirstParameter + parameterCount);
+  char** result = makeStringResult(ParameterCount + 1 + parameters()->view()->vectorSize());
   if (!result)
     return;
   // A name on offer goes back byte for byte, even one that is no valid text.
   result[Name] = selected.isEmpty() ? hostString(form.editBox->text())
                                     : hostString(texts(Names).raw(static_cast<unsigned>(place)));
   result[Index] = hostString(YString(place).c_str());
-  result[ParameterCount] = hostString(YString(parameterCount).c_str());
-  UserReturnData values{result + FirstParameter, UserString, unsigned(parameterCount)};
-  view->readWidget(&values, scriptArgs);
+  parameters()->writeCountAndValues(scriptArgs, result + ParameterCount);
 }
 
 void EditDeviceDialog::editBox_textChanged(const QString& text) {

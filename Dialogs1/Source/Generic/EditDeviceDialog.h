@@ -43,7 +43,6 @@ private:
   void editBox_down();
   void listBox_selectionChanged();
   void selectRow(int row);
-  void loadParameters();
   ParametersDialog* parameters() const; ///< null where there is none
 
   bool listUpdating = false; ///< list and edit box are kept from answering each other in a circle

@@ -15,6 +15,12 @@ public:
   /// it is given, whatever the `outElementIndex`.
   ParameterView* view() const { return form.listView1; }
 
+  /// Shows the parameters of a call, if it has names and values. Returns whether it has.
+  bool loadArguments(UserFunctionInterface* call);
+  /// Writes the number of parameters, as text, and their values into the host's slots of a result.
+  /// Returns the slot behind them.
+  char** writeCountAndValues(UserFunctionInterface* call, char** slot) const;
+
 protected:
   Ui::ParametersDialog form;
 };
