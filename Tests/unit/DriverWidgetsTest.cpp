@@ -32,6 +32,7 @@ TEST_F(Driving, ReadsPropertiesAndNames) {
       {"return [d.get('spinner','max') == 1e100, d.get('spinner','engMode'), "
        "d.get('infoLabel','info'), d.get('okButton','shortcut')]",
        R"([true,true,"More of it","Alt+O"])"},
+      {"return d.get('infoLabel', 'heightForWidth') <= d.get('infoLabel', 'size').height", "true"},
       {"return [d.text('spinner'), d.value('spinner'), d.text('okButton'), d.text('readOnly')]",
        R"(["4.7k",4700,"&Ok","fixed"])"},
       {"return [d.value('check'), d.value('slider'), d.value('combo'), d.checked('third')]",

@@ -98,15 +98,15 @@ void StateStrips::draw(const Timetable& table, const QStringList& names) {
 }
 
 void StateStrips::addStrip(int output, const QString& name) {
-  auto* label = new QLabel(shownCaption(name));
-  label->setTextFormat(Qt::PlainText);
+  auto* label = new QLabel;
+  captionShortly(label, name);
   label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   auto* plotter = new Plotter;
   m_grid->addWidget(label, output + 1, 0);
   m_grid->addWidget(plotter, output + 1, 1);
   m_grid->setRowStretch(output + 1, 1);
   plotter->setObjectName(QStringLiteral("strip%1").arg(output));
-  plotter->setAccessibleName(label->text());
+  plotter->setAccessibleName(shownCaption(name));
   plotter->setBackgroundColour(graphColour("GraphColourBackground"));
   plotter->setMajorGridColor(graphColour("GraphColourMajorGrid"));
   plotter->setMinorGridColour(graphColour("GraphColourMinorGrid"));
@@ -138,7 +138,7 @@ void StateStrips::show(double from, double to) {
 
 void StateStrips::rename(int output, const QString& name) {
   if (output < static_cast<int>(m_labels.size())) {
-    m_labels[static_cast<std::size_t>(output)]->setText(shownCaption(name));
+    captionShortly(m_labels[static_cast<std::size_t>(output)], name);
     m_plotters[static_cast<std::size_t>(output)]->setAccessibleName(shownCaption(name));
   }
 }

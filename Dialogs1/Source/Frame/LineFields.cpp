@@ -66,10 +66,14 @@ bool isLonger(const QLineEdit* edit) {
   return edit->fontMetrics().horizontalAdvance(edit->text().left(1000)) > edit->width();
 }
 
+/// As a field does by itself, which leaves the cursor at the end.
+void selectFromEnd(QLineEdit* edit) {
+  edit->setSelection(edit->text().size(), -edit->text().size());
+}
+
 void enter(QLineEdit* edit, const QFocusEvent* event) {
-  // As the field does by itself, which leaves the cursor at the end.
   if (isByKeyboard(event->reason()) && !edit->hasSelectedText() && isLonger(edit))
-    edit->setSelection(edit->text().size(), -edit->text().size());
+    selectFromEnd(edit);
 }
 
 void leave(QLineEdit* edit, const QFocusEvent* event) {
@@ -120,9 +124,12 @@ bool LineFields::eventFilter(QObject* watched, QEvent* event) {
       leave(edit, static_cast<QFocusEvent*>(event));
     break;
   case QEvent::Show:
-    if (auto* menu = qobject_cast<QMenu*>(watched))
+    if (auto* menu = qobject_cast<QMenu*>(watched)) {
       if (QLineEdit* edit = fieldOf(menu->parent()))
         takeOverPaste(edit, menu);
+    } else if (QLineEdit* edit = lineOf(watched)) {
+      opened(edit);
+    }
     break;
   default:
     break;
@@ -130,7 +137,28 @@ bool LineFields::eventFilter(QObject* watched, QEvent* event) {
   return false;
 }
 
-QLineEdit* LineFields::fieldOf(QObject* watched) const {
+QLineEdit* LineFields::lineOf(QObject* watched) const {
   auto* edit = qobject_cast<QLineEdit*>(watched);
-  return edit && edit->window() == parent() && !edit->isReadOnly() ? edit : nullptr;
+  return edit && edit->window() == parent() ? edit : nullptr;
+}
+
+QLineEdit* LineFields::fieldOf(QObject* watched) const {
+  QLineEdit* edit = lineOf(watched);
+  return edit && !edit->isReadOnly() ? edit : nullptr;
+}
+
+void LineFields::opened(QLineEdit* edit) {
+  connect(edit, &QLineEdit::textChanged, this, &LineFields::textChanged, Qt::UniqueConnection);
+  if (!isLonger(edit))
+    return;
+  if (edit->hasSelectedText())
+    selectFromEnd(edit);
+  else
+    edit->setCursorPosition(0);
+}
+
+void LineFields::textChanged() {
+  auto* edit = qobject_cast<QLineEdit*>(sender());
+  if (edit && !edit->isModified() && !edit->hasFocus() && isLonger(edit))
+    edit->setCursorPosition(0);
 }

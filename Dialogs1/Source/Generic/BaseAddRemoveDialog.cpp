@@ -33,7 +33,7 @@ void putCursor(QListWidget* list, int row) {
 void setTitle(QGroupBox* box, QListWidget* list, const QString& title) {
   if (title.isEmpty())
     return;
-  captionGroup(box, title);
+  captionGroup(box, title, Ampersands::MarkMnemonics);
   list->setAccessibleName(plainCaption(shownCaption(title)));
 }
 

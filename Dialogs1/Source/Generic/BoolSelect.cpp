@@ -4,7 +4,6 @@
 #include "Frame/ScriptFunction.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "HostWidgets/CheckBox.h"
-#include "Pieces/CaptionLabel.h"
 #include "Pieces/Captions.h"
 
 #include <algorithm>
@@ -53,18 +52,13 @@ void BoolSelect::prepareDialog(UserFunctionInterface* args, UserDataType type) {
   captionGroup(form.groupBox, toQs(getString(GroupTitle)));
   const QString heading = toQs(getString(Heading));
   int firstRow = 0;
-  if (!heading.isEmpty()) {
-    auto* label = new CaptionLabel(form.groupBox);
-    label->setCaption(heading);
-    form.groupBoxLayout->addWidget(label, firstRow++, 0, 1, columns, Qt::AlignLeft);
-  }
+  if (!heading.isEmpty())
+    addHeading(heading, firstRow++, columns);
 
   CheckBox* first = nullptr;
   for (int i = 0; i < static_cast<int>(boxes); ++i) {
     auto* box = new CheckBox(form.groupBox, QByteArray("CheckBox" + QByteArray::number(i)));
-    const QString caption = captions.text(static_cast<unsigned>(i));
-    captionButton(box, caption);
-    noteCaption(caption);
+    captionButton(box, captions.text(static_cast<unsigned>(i)));
     // A box without a caption still has a name for those who do not see it.
     if (box->text().isEmpty())
       box->setAccessibleName(tr("Item %1").arg(i + 1));

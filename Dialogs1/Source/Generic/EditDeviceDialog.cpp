@@ -5,7 +5,6 @@
 #include "HostSupportQt/HostSupportQt.h"
 #include "Pieces/CaptionLabel.h"
 #include "Pieces/Captions.h"
-#include "Pieces/LineEdits.h"
 #include "Pieces/ListRows.h"
 
 #include <QScopedValueRollback>
@@ -77,7 +76,7 @@ void EditDeviceDialog::start(const QString& text, int row) {
   selectRow(row);
   form.editBox->setText(text);
   form.editBox->setFocus(Qt::TabFocusReason);
-  selectWhole(form.editBox);
+  form.editBox->selectAll();
 }
 
 void EditDeviceDialog::readDialog(UserDataType, bool accepted) {

@@ -30,7 +30,7 @@ void InputDialog::load(const QString& text, const QString& caption) {
   form.edit->setText(text);
   form.edit->setFocus(Qt::TabFocusReason);
   fitText(form.edit);
-  selectWhole(form.edit);
+  form.edit->selectAll();
   captionField(form.label, form.edit, caption);
 }
 

@@ -9,18 +9,16 @@
 #include "Pieces/Messages.h"
 
 #include <QApplication>
+#include <QHBoxLayout>
 #include <QLineEdit>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStyle>
 
 namespace {
 
 constexpr unsigned mostRows = 10'000;
-// So few rows and columns with so short captions need no measuring, which costs a layout.
-constexpr int rowsOnAnyScreen = 8;
-constexpr int columnsOnAnyScreen = 4;
-constexpr int shortCaption = 30;
 // Of the screen: title bar, headings and buttons want the rest.
 constexpr double largestWidth = 0.85;
 constexpr double largestHeight = 0.6;
@@ -75,6 +73,18 @@ void RowBox::hideSelectButtons() {
   setShown({form.selectAllButton, form.unselectAllButton}, false);
 }
 
+void RowBox::addHeading(const QString& text, int row, int columns) {
+  auto* label = new CaptionLabel(form.groupBox);
+  label->setCaption(text);
+  const int framesAndScrollBar = 3 * style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  label->setMaximumWidth(largestSize().width() - framesAndScrollBar);
+  auto* line = new QHBoxLayout;
+  line->addWidget(label, 1);
+  line->addStretch();
+  form.groupBoxLayout->addLayout(line, row, 0, 1, columns);
+  headingLabel = label;
+}
+
 void RowBox::addCaptioned(QWidget* field, const QString& caption, int row, int column) {
   // Not a buddy: the caption is the script's, and an ampersand in it is meant to be seen.
   auto* label = new CaptionLabel(form.groupBox);
@@ -89,26 +99,21 @@ void RowBox::addSelfCaptioned(QWidget* field, const QString& caption, int row, i
   const QString name = plainText(shownCaption(caption));
   field->setAccessibleName(
       name.isEmpty() ? QCoreApplication::translate("RowBox", "Field %1").arg(row + 1) : name);
-  noteCaption(caption);
   fitText(field);
-}
-
-void RowBox::noteCaption(const QString& caption) {
-  mayBeLarge |= caption.size() > shortCaption;
 }
 
 void RowBox::finishRows(QWidget* first) {
   // Rows stay together in a window that is taller than they are.
   form.groupBoxLayout->setRowStretch(form.groupBoxLayout->rowCount(), 1);
-  if (mayBeLarge || form.groupBoxLayout->rowCount() > rowsOnAnyScreen ||
-      form.groupBoxLayout->columnCount() > columnsOnAnyScreen)
-    scrollWhenLarge(form.groupBox);
+  // What scrolls counts a heading as high as it is at its narrowest, and would be too high.
+  if (scrollWhenLarge(form.groupBox) && headingLabel && headingLabel->hasHeightForWidth())
+    headingLabel->setMinimumHeight(headingLabel->fontMetrics().lineSpacing());
   if (!first)
     return;
   // The form's buttons were there first; the user starts in the rows.
   first->setFocus(Qt::TabFocusReason);
   if (QLineEdit* edit = lineEditOf(first))
-    selectWhole(edit);
+    edit->selectAll();
 }
 
 unsigned realCount(UserFunctionInterface* call, int index) {
@@ -130,10 +135,10 @@ bool refusesRowCount(unsigned rows, QWidget* over) {
   return true;
 }
 
-void scrollWhenLarge(QWidget* contents) {
+bool scrollWhenLarge(QWidget* contents) {
   const QSize size = contents->sizeHint();
   if (size.boundedTo(largestSize()) == size)
-    return;
+    return false;
   QWidget* parent = contents->parentWidget();
   auto* area = new RowScrollArea(parent);
   area->setFrameShape(QFrame::NoFrame);
@@ -141,4 +146,5 @@ void scrollWhenLarge(QWidget* contents) {
   area->setFocusPolicy(Qt::NoFocus);
   delete parent->layout()->replaceWidget(contents, area);
   area->setWidget(contents);
+  return true;
 }

@@ -13,6 +13,8 @@ public:
 protected:
   void showEvent(QShowEvent* event) override; ///< shrinks to the rows, unless a size is remembered
   void hideSelectButtons();
+  /// Adds a line of text across the columns, which wraps where they are wider than the screen.
+  void addHeading(const QString& text, int row, int columns);
   /// Adds a field with its caption before it, in the grid's `column` and the next, and names it for
   /// those who do not see it.
   void addCaptioned(QWidget* field, const QString& caption, int row, int column);
@@ -23,13 +25,10 @@ protected:
   /// no room for scroll.
   void finishRows(QWidget* first);
 
-  /// To be told of the caption of a field that is added by other means.
-  void noteCaption(const QString& caption);
-
   Ui::NewValueDialog form;
 
 private:
-  bool mayBeLarge = false; ///< some caption is long
+  QWidget* headingLabel = nullptr;
 };
 
 /// Elements of a real vector argument; 0 where it is missing or of another kind.
@@ -40,5 +39,5 @@ unsigned realCount(UserFunctionInterface* call, int index);
 bool refusesRowCount(unsigned rows, QWidget* over = nullptr);
 
 /// Puts `contents`, a widget in a layout, in a scroll area where it is larger than the screen has
-/// room for.
-void scrollWhenLarge(QWidget* contents);
+/// room for; whether it did.
+bool scrollWhenLarge(QWidget* contents);

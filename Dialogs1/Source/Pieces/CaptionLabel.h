@@ -3,7 +3,7 @@
 #include "HostWidgets/Label.h"
 
 /// Shows a script's caption, however long it is: one that is wider than a line of text wraps, at
-/// words, or within a word that is as wide itself.
+/// words, or within a word that is as wide itself. What is more than some lines is in the tool tip.
 class CaptionLabel : public Label {
 public:
   using Label::Label;
@@ -18,6 +18,10 @@ protected:
   void paintEvent(QPaintEvent* event) override;
 
 private:
+  void showWrapped(const QString& text);
+  void showBeginning(const QString& text);
+  bool isRich() const;
+  bool isTooHigh() const;
   int widestLine() const;
 
   bool m_breaksWords = false;

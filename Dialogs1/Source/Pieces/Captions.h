@@ -4,6 +4,7 @@
 
 class QAbstractButton;
 class QGroupBox;
+class QLabel;
 class QString;
 class QWidget;
 
@@ -16,8 +17,16 @@ QString labelText(const QString& text);
 /// A script's caption of a check box or another button: an ampersand is seen as written; of a long
 /// one the middle is left out, and stands in the tool tip.
 void captionButton(QAbstractButton* button, const QString& caption);
-/// The same for the title of a group, where an ampersand before a letter marks a mnemonic.
-void captionGroup(QGroupBox* group, const QString& caption);
+/// Whether a script may give a mnemonic: then an ampersand before a letter marks it.
+enum class Ampersands { AsWritten, MarkMnemonics };
+/// The same for the title of a group.
+void captionGroup(QGroupBox* group, const QString& caption,
+                  Ampersands ampersands = Ampersands::AsWritten);
+/// The same for the label of something that needs the room more; it can be given another caption.
+void captionShortly(QLabel* label, const QString& caption);
+
+/// Tells who points at a widget, or hears it, all of a caption that it shows in part.
+void tellWhole(QWidget* widget, const QString& whole);
 
 /// Lets controls be used where nothing speaks against it; else they are off, and the reason is
 /// their tool tip.

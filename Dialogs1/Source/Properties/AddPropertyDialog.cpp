@@ -5,7 +5,6 @@
 #include "Frame/ScriptFunction.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "Pieces/ComboNames.h"
-#include "Pieces/LineEdits.h"
 
 static const ScriptFunction declaration("AddPropertyDialog", 0, "SSSSSS", StringVectorResult,
                                         runDialogFunction<AddPropertyDialog, UserString>);
@@ -85,7 +84,7 @@ void AddPropertyDialog::loadProperty(PropertyRecord* property) {
   if (isInstance && attributes.isProtected)
     letOnlyLook();
   form.nameEdit->setFocus(Qt::TabFocusReason);
-  selectWhole(form.nameEdit);
+  form.nameEdit->selectAll();
 }
 
 void AddPropertyDialog::describeBoxes() {

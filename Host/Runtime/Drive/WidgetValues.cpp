@@ -306,6 +306,8 @@ QVariant widgetProperty(const QWidget* widget, const QString& property) {
   const QMetaObject* meta = widget->metaObject();
   if (property == QLatin1String("className"))
     return QString::fromUtf8(meta->className());
+  if (property == QLatin1String("heightForWidth"))
+    return widget->heightForWidth(widget->width());
   const QByteArray name = property.toUtf8();
   if (const QVariant told = toldByEdit(widget, name); !told.toString().isEmpty())
     return told;
