@@ -68,7 +68,11 @@ for (const [kind, caption] of Object.entries(kinds)) {
     ["EditModelDialog", [[long, long], "1"]],
     ["ChooseDir", ["/", long]],
     ["ManageDataGroupsDialog", [names.map(n => `${n};${n};${n};keep`)]],
-    ["EditFileDefinedPWLDialog", [["0 1"], ["0", "0", "1", long, "Disk", "0", "V", names.join("|")], [long]], d => {
+    ["PWLDialog", [["0", "1"], [long, long, long]]],
+    ["NewPassiveDialog", [[long], [long], names, names]],
+    ["EditReactiveDialog", [[long, long], [long, "E6", "inductor", "true"], names, names]],
+    ["DCSourceDialogStr", [[long]]],
+    ["EditFileDefinedPWLDialog", [["0 1"], ["0", "0", "1", long, "Disk", "0", "V", names.join("|")], [long, long, long]], d => {
       d.click("radioButtonF11");
       d.set("comboboxF11FileName", 7);
       equal(d.get("comboboxF11FileName", "currentText"), names[7]);

@@ -26,6 +26,10 @@ QString shownCaption(const QString& text) {
   return text.size() > longestCaption ? text.left(longestCaption - 1) + QChar(0x2026) : text;
 }
 
+QString shownHeading(const QString& text) {
+  return shownCaption(text).simplified();
+}
+
 QString labelText(const QString& text) {
   return harmlessText(shownCaption(text));
 }

@@ -11,6 +11,9 @@ class QWidget;
 /// A script's caption as it is shown: one that would be wider than any window is cut.
 QString shownCaption(const QString& text);
 
+/// The same as one line, for the heading of a column.
+QString shownHeading(const QString& text);
+
 /// The same for a label, which shows rich text: without what would open files.
 QString labelText(const QString& text);
 

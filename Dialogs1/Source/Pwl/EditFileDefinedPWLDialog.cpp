@@ -152,7 +152,7 @@ void EditFileDefinedPWLDialog::loadSettings() {
   const QString xHeading = settings.has(XHeading) ? settings.text(XHeading) : tr("Time");
   const QString yHeading = settings.has(YHeading) ? settings.text(YHeading) : tr("Value");
   form.pwlGrid->setHorizontalHeaderLabels(
-      {shownCaption(xHeading), shownCaption(yHeading), tr("File")});
+      {shownHeading(xHeading), shownHeading(yHeading), tr("File")});
   helpContext = settings.has(HelpContext) ? settings.number(HelpContext) : -1;
   form.helpButton->setVisible(helpContext >= 0);
   const int least = settings.number(LeastPoints);

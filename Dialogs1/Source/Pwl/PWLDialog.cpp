@@ -81,8 +81,8 @@ void PWLDialog::initialiseDialog() {
 void PWLDialog::showOptions() {
   if (options.title)
     setWindowTitle(shownCaption(*options.title));
-  const QString xHeading = shownCaption(options.xHeading.value_or(tr("Time")));
-  const QString yHeading = shownCaption(options.yHeading.value_or(tr("Value")));
+  const QString xHeading = shownHeading(options.xHeading.value_or(tr("Time")));
+  const QString yHeading = shownHeading(options.yHeading.value_or(tr("Value")));
   form.pwlGrid->setHorizontalHeaderLabels({xHeading, yHeading});
   form.pwlGrid->setLimits(options.leastPoints, options.mostRows);
   form.helpButton->setVisible(options.helpContext >= 0);
