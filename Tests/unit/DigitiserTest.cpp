@@ -467,16 +467,24 @@ TEST(Measured, CrossingsAreKeptOrAskedAbout) {
   std::mt19937 random(5);
   std::uniform_real_distribution<double> share(0, 1);
   const auto any = [&] { return share(random); };
-  int crossings = 0, asked = 0;
-  for (int n = 0; n < 150; ++n) {
+  int crossings = 0, asked = 0, askedNearFrame = 0;
+  for (int n = 0; n < 300; ++n) {
     Sheet sheet;
     sheet.logX = n & 1;
     sheet.logY = n & 2;
     sheet.low = {sheet.logX ? 0.1 : 0.0, sheet.logY ? 0.1 : 0.0};
     sheet.high = {sheet.logX ? 1000.0 : 10.0, 100};
     sheet.pen = 1.5 + 2.5 * any();
-    sheet.curve = arc(sheet, any(), any(), 0.6 * (any() - 0.5));
+    const double from = any(), to = any(), bend = 0.6 * (any() - 0.5);
+    sheet.curve = arc(sheet, from, to, bend);
     sheet.other = arc(sheet, any(), any(), 0.6 * (any() - 0.5));
+    if (n >= 150) { // they cross near the frame
+      const double frame = 0.02 + 0.06 * any(), close = frame / (1 - frame);
+      const double start = n & 4 ? from : to, by = 0.3 + 0.2 * any();
+      const double end = start < 0.5 ? start + by : start - by;
+      sheet.other = n & 4 ? arc(sheet, end, to + (from - end) * close, bend)
+                          : arc(sheet, from + (to - end) * close, end, bend);
+    }
     sheet.ink = n % 3 ? QColor(20, 20, 20) : QColor(200, 30, 30);
     sheet.grid = QColor(190, 190, 190);
     sheet.jpegQuality = n % 5 ? 100 : 75;
@@ -487,7 +495,7 @@ TEST(Measured, CrossingsAreKeptOrAskedAbout) {
       return sheet.flat({x, sheet.curve(x)}).y() - sheet.flat({x, sheet.other(x)}).y();
     };
     double at = 0;
-    for (int i = 80; i < 920; ++i)
+    for (int i = 20; i < 980; ++i)
       if (apart(i / 1000.0) * apart((i + 1) / 1000.0) < 0)
         at = i / 1000.0;
     const double seed = at < 0.5 ? at + 0.15 + 0.3 * any() : at - 0.15 - 0.3 * any();
@@ -495,19 +503,20 @@ TEST(Measured, CrossingsAreKeptOrAskedAbout) {
       continue;
     ++crossings;
     const Measured found = measured(sheet, sheet.seedAt(seed));
-    asked += found.asks();
+    (n < 150 ? asked : askedNearFrame) += found.asks();
     EXPECT_TRUE(found.whole || found.asks()) << n;
     EXPECT_LE(found.off, 2.5) << n;
-    EXPECT_LE(std::abs(found.area), 0.003) << n;
+    EXPECT_LE(std::abs(found.area), n < 150 ? 0.003 : 0.005) << n;
   }
   EXPECT_GT(crossings, 40);
-  EXPECT_LE(asked, crossings / 10);
+  EXPECT_LE(asked, crossings / 20);
+  EXPECT_LE(askedNearFrame, crossings / 4); // the branches are short there
 }
 
 TEST(Measured, ClicksWhereTheGridIsCrossedMeanTheCurve) {
   int clicks = 0, asked = 0;
-  const auto click = [&](const Sheet& sheet, double part) {
-    const Measured found = measured(sheet, sheet.seedAt(part));
+  const auto click = [&](const Sheet& sheet, double part, const QPoint& beside = {}) {
+    const Measured found = measured(sheet, sheet.seedAt(part) + beside);
     ++clicks;
     asked += found.asks();
     EXPECT_TRUE((found.whole || found.asks()) && found.off < 2.5)
@@ -521,13 +530,18 @@ TEST(Measured, ClicksWhereTheGridIsCrossedMeanTheCurve) {
         sheet.ink = ink;
         sheet.gridOnTop = gridOnTop;
         sheet.turn = line % 2;
+        const QPoint beside(line % 2 ? 2 : -2, line % 3 - 1);
         click(sheet, line / 10.0);
+        click(sheet, line / 10.0, beside);
         double level = 0; // where the curve comes down to a line along
         while (level < 1 && Sheet::share(sheet.curve(sheet.x(level)), sheet.low.y(), sheet.high.y(),
                                          true) > line / 10.0)
           level += 0.0005;
-        if (level > 0.02 && level < 0.98)
-          click(sheet, level);
+        if (level <= 0.02 || level >= 0.98)
+          continue;
+        click(sheet, level);
+        click(sheet, level, beside);
+        click(sheet, level, QPoint(0, 0) - beside);
       }
   EXPECT_LE(asked, clicks / 10);
   // In a grid of the curve's own colour more places are in doubt, and are asked about.
@@ -540,18 +554,22 @@ TEST(Measured, ClicksWhereTheGridIsCrossedMeanTheCurve) {
 TEST(Measured, EndsAreNotPulledOntoTheFrame) {
   std::mt19937 random(3);
   std::uniform_real_distribution<double> share(0.05, 1);
-  for (int n = 0; n < 66; ++n) {
+  int asked = 0;
+  for (int n = 0; n < 198; ++n) { // from 66 on they meet it steeply
     Sheet sheet;
     sheet.ink = n % 2 ? QColor(20, 20, 20) : n % 4 ? QColor(30, 60, 190) : QColor(200, 30, 30);
     sheet.pen = 1.2 + 2.5 * share(random);
     sheet.jpegQuality = n % 3 ? 100 : 70;
     sheet.turn = n % 5 * 0.5 - 1;
-    sheet.curve = arc(sheet, share(random), share(random), 0.3 * (share(random) - 0.5));
+    const double bend = n < 66 ? 0.3 * (share(random) - 0.5) : n % 4 < 2 ? 0.45 : -0.45;
+    sheet.curve = arc(sheet, share(random), share(random), bend);
     const Measured found = measured(sheet, sheet.seedAt(0.55));
     ASSERT_GE(found.points, 3) << n;
-    EXPECT_LE(found.off, 1.2) << n;
-    EXPECT_TRUE(found.whole) << n;
+    asked += found.asks();
+    EXPECT_LE(found.off, n % 3 ? 1.2 : 1.6) << n;
+    EXPECT_TRUE(found.whole || found.asks()) << n;
   }
+  EXPECT_LE(asked, 2);
 }
 
 TEST(Tracer, FindsTheStrokeNearTheClickOnly) {

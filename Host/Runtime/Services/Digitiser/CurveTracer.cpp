@@ -16,7 +16,7 @@ constexpr int paperSamples = 1 << 20;  // pixels looked at for the paper's colou
 constexpr int ringRadius = 8;          // pixels, on which strokes that meet at the seed part
 constexpr std::size_t mostStrokes = 8; // that meet at a place; more are a pattern
 constexpr double ringContrast = 60;    // of 441, that a stroke there has
-constexpr double seedPlay = 1.5;       // pixels that a click may be off
+constexpr double seedPlay = 1.2;       // pixels by which a click is usually off
 constexpr int leastColumns = 8;        // of a curve, as opposed to a line down the picture
 constexpr double gridDegrees = 4;      // that a line of a grid may be turned
 constexpr double gridPlay = 0.8;       // pixels that it may be bent
@@ -120,23 +120,21 @@ bool isGridLine(const QVector<QPointF>& line) {
   return off <= 2 * play;
 }
 
+/// How likely a stroke is meant by a click: the nearer, longer and darker the more.
+double likelihood(const Found& one, const QPointF& click) {
+  const double weight = isGridLine(one.trace.line) ? gridWeight : 1;
+  const double nearness = std::exp(-distanceTo(one.trace.line, click) / seedPlay);
+  return weight * nearness * one.ink * one.trace.line.size();
+}
+
 /// Of the strokes around the seed the one that is meant by a click there.
 std::optional<Found> meant(const std::vector<Found>& strokes, const QPoint& seed) {
   const QPointF at(seed.x() + 0.5, seed.y() + 0.5);
-  double nearest = 2 * seedPlay;
-  for (const Found& one : strokes)
-    nearest = std::min(nearest, distanceTo(one.trace.line, at));
-  const Found* best = nullptr;
-  double most = 0;
-  for (const Found& one : strokes) {
-    const double weight = isGridLine(one.trace.line) ? gridWeight : 1;
-    const double likelihood = weight * one.ink * one.trace.line.size();
-    if (likelihood <= most || distanceTo(one.trace.line, at) > nearest + seedPlay)
-      continue;
-    best = &one;
-    most = likelihood;
-  }
-  return best ? std::make_optional(*best) : std::nullopt;
+  const auto best =
+      std::max_element(strokes.begin(), strokes.end(), [&](const Found& a, const Found& b) {
+        return likelihood(a, at) < likelihood(b, at);
+      });
+  return best == strokes.end() ? std::nullopt : std::make_optional(*best);
 }
 
 } // namespace

@@ -16,11 +16,16 @@ constexpr std::size_t leastColumns = 3; // that tell a direction
 constexpr std::size_t shortestArms = 14, longestArms = 48; // columns that a branch is judged by
 constexpr double mostWidening = 1.3;   // of a stroke that another joined for good
 constexpr double longRows = 4;         // by which a line across lengthens a column
-constexpr double steepTip = 4;         // from here on a stroke shows its own end
+constexpr std::size_t mostTrimmed = 6; // columns at its end that something may have a part in
 constexpr std::size_t mostHidden = 16; // columns at its end that a curve may lie upon a line
 constexpr int armGap = 12;             // pixels that an arm may be hidden or broken
 constexpr double mostMisfit = 1.2;     // pixels off the way, on an average, of a likely branch
 constexpr double leastMargin = 0.12;   // by which a branch has to be likelier than the next
+
+/// Whether a stroke's own end cuts its last columns short.
+bool isSteep(double slope) {
+  return std::abs(slope) > 1;
+}
 
 } // namespace
 
@@ -45,6 +50,11 @@ std::vector<Run> CurveWalk::runsBehind(const Run& from, int direction) const {
   return m_stroke.runs(from.x + direction, from.top - 1, from.bottom + 1);
 }
 
+/// Far longer than the stroke's columns: a line across has a part in it.
+static bool isLonger(const Run& run, double usual) {
+  return run.length() > 2 * usual + longRows;
+}
+
 /// A stroke's columns from `start` to where it ends or meets another.
 Arm CurveWalk::armFrom(const Run& start) const {
   Arm arm{start};
@@ -54,17 +64,13 @@ Arm CurveWalk::armFrom(const Run& start) const {
     runs.erase(std::remove_if(runs.begin(), runs.end(),
                               [&](const Run& run) { return goesAcross(run, last); }),
                runs.end());
-    if (runs.size() == 1) {
-      if (!joining({runs.front()}, {last}).empty())
-        break;
-      arm.push_back(runs.front());
-      continue;
-    }
-    const auto beyond =
-        runs.empty() ? beyondGap(last, slopeOf(arm), std::min(m_gap, armGap)) : std::nullopt;
-    if (!beyond || beyond->x == last.x)
+    if (runs.size() > 1 || (!runs.empty() && !joining(runs, {last}).empty()))
       break;
-    arm.push_back(*beyond);
+    const auto next = runs.empty() ? beyondGap(last, slopeOf(arm), std::min(m_gap, armGap))
+                                   : std::make_optional(runs.front());
+    if (!next || next->x == last.x || isLonger(*next, usualLength(arm)))
+      break;
+    arm.push_back(*next);
   }
   return arm;
 }
@@ -142,12 +148,15 @@ bool CurveWalk::leadsTo(const Crossing& crossing, const Arm& path) const {
          misfit(in, telling(crossing.exits.front(), shortestArms)) <= mostMisfit;
 }
 
-/// A line across, as of a frame, ends a curve.
-static bool endsAcross(const std::vector<Run>& merged, const Arm& path) {
-  const double most = 2 * usualLength(path) + longRows;
-  return merged.size() <= mostHidden &&
-         std::any_of(merged.begin(), merged.end(),
-                     [&](const Run& run) { return run.length() > most; });
+/// A line across, as of a frame, ends a curve, unless the curve meets another before.
+bool CurveWalk::endsAcross(const Crossing& crossing, const Arm& path) {
+  const std::vector<Run>& merged = crossing.merged;
+  const double usual = usualLength(path);
+  const auto across = std::find_if(merged.begin(), merged.end(),
+                                   [&](const Run& run) { return isLonger(run, usual); });
+  const auto before = static_cast<std::size_t>(across - merged.begin());
+  return across != merged.end() && merged.size() <= mostHidden &&
+         (crossing.others.empty() || before <= mostTrimmed);
 }
 
 /// The exit that the path goes on by, or why there is none.
@@ -175,7 +184,12 @@ CurveWalk::Choice CurveWalk::choose(const Crossing& crossing, const Arm& in,
         std::all_of(foreign.begin(), foreign.end(), [](double off) { return off <= mostMisfit; });
     return {areForeign ? Step::End : Step::Unclear};
   }
-  const double margin = std::max(leastMargin, 0.5 * own[best]);
+  if (own.size() == 1 && own[best] > foreign[best] + leastMargin)
+    return {Step::Unclear}; // it is another's, and the own one is hidden
+  // Far shorter than the crossing, it tells less.
+  const double doubt =
+      std::max(1.0, crossing.merged.size() / (2.0 * double(crossing.exits[best].size())));
+  const double margin = doubt * std::max(leastMargin, 0.5 * own[best]);
   for (std::size_t i = 0; i < own.size(); ++i)
     if (i != best && own[i] <= mostMisfit && score(i) - score(best) < margin)
       return {Step::Unclear};
@@ -186,7 +200,7 @@ CurveWalk::Step CurveWalk::cross(const Crossing& crossing, Arm* path) const {
   if (crossing.isEndless)
     return Step::Unclear;
   if (crossing.exits.empty())
-    return endsAcross(crossing.merged, *path) ? Step::End : Step::Unclear;
+    return endsAcross(crossing, *path) ? Step::End : Step::Unclear;
   const std::size_t count = qBound(shortestArms, 2 * crossing.merged.size(), longestArms);
   const Arm in = lastOf(*path, count);
   if (in.size() < leastColumns)
@@ -226,7 +240,7 @@ CurveWalk::Step CurveWalk::next(Arm* path) const {
              runs.end());
   if (runs.empty())
     return Step::Gap;
-  const bool isLong = runs.front().length() > 2 * usualLength(*path) + longRows;
+  const bool isLong = isLonger(runs.front(), usualLength(*path));
   if (runs.size() > 1 || isLong || !joining({runs.front()}, {from}).empty()) {
     const Crossing crossing = crossingBehind(*path);
     if (isCrossing(crossing, isLong, *path))
@@ -304,54 +318,65 @@ bool CurveWalk::go(Arm* path) const {
   // A scrap beyond a gap is a letter or a tick rather than the curve.
   if (jumped > 0 && static_cast<int>(path->size() - stretch) <= jumped + 2)
     path->resize(std::max(begin, stretch));
-  trimEnd(path);
   return step != Step::Unclear;
 }
 
-/// Where the stroke ends upon a line across, its last columns may have a part of that.
-void CurveWalk::trimEnd(Arm* path) {
-  constexpr std::size_t most = 6, last = 3;
-  if (path->size() < shortestArms + most)
-    return;
-  const Arm before(path->begin(), path->end() - most);
-  if (std::abs(slopeOf(before)) > 1)
-    return;
-  const double usual = usualLength(before);
-  const auto isLong = [&](const Run& run) { return run.length() > 2 * usual + longRows; };
-  path->erase(std::find_if(path->end() - most, path->end(), isLong), path->end());
+/// Where the stroke ends upon a line across, its last columns may have a part of that; those of a
+/// steep one are cut short by its end. Returns the column that it led to.
+int CurveWalk::trimEnd(Arm* path) {
+  if (path->size() < shortestArms + 2 * mostTrimmed)
+    return path->back().x;
+  const Arm before(path->begin(), path->end() - mostTrimmed);
+  const double usual = usualLength(before), steepness = std::hypot(1, slopeOf(before));
+  path->erase(std::find_if(path->end() - mostTrimmed, path->end(),
+                           [&](const Run& run) { return isLonger(run, usual); }),
+              path->end());
+  const int led = path->back().x;
+  const auto cut = static_cast<std::size_t>(usual / steepness) + 2;
+  const std::size_t last =
+      isSteep(slopeOf(before)) ? qBound(leastColumns, cut, mostTrimmed) : leastColumns;
+  const auto end = path->end() - static_cast<std::ptrdiff_t>(last);
+  const Way way(Arm(end - shortestArms, end), !isSteep(slopeOf(before)));
   const std::size_t count = path->size() - last;
-  const Way way(Arm(path->begin() + static_cast<std::ptrdiff_t>(count + last - shortestArms),
-                    path->begin() + static_cast<std::ptrdiff_t>(count)),
-                true);
-  while (path->size() > count && std::abs(path->back().middle - way.at(path->back().x)) > endPlay)
+  while (path->size() > count &&
+         std::abs(path->back().middle - way.at(path->back().x)) > endPlay * steepness)
     path->pop_back();
+  return led;
 }
 
+/// Where a steep stroke that leads from `last` by `slope` ends, row by row; at column `x` at last.
+QPointF CurveWalk::endBehind(const Run& last, double slope, int farthest, int x) const {
+  const int down = slope > 0 ? 1 : -1;
+  QPointF at(last.at(), qFloor(last.middle) + 0.5), end = at;
+  const auto isOn = [&] { return m_stroke.has(qFloor(at.x()), qFloor(at.y())); };
+  while (isOn() || at.y() * down <= farthest * down) {
+    at += QPointF(m_direction / std::abs(slope), down);
+    if ((at.x() - x - 0.5) * m_direction > 0.5)
+      break;
+    if (!isOn())
+      continue;
+    if (isLonger(m_stroke.runAt(qFloor(at.x()), qFloor(at.y())), last.length()))
+      break;
+    const double off = m_stroke.middleOfRow(qFloor(at.x()), qFloor(at.y())) - at.x();
+    if (std::abs(off) < endPlay) // else a line across has a part in the row
+      at.rx() += off / 2;
+    end = at;
+  }
+  return end;
+}
+
+/// Columns that reach as far as the last one are cut short as it is. The rows there tell the end.
 std::optional<QPointF> CurveWalk::tip(Arm* path, std::size_t keep) const {
-  const double steepness = slopeOf(*path);
-  if (std::abs(steepness) <= 1)
+  const int x = trimEnd(path);
+  const double slope = slopeOf(*path);
+  if (!isSteep(slope))
     return std::nullopt;
-  const auto reaches = [&](const Run& run) { return steepness > 0 ? run.bottom : -run.top; };
-  const Run end = path->back();
-  std::size_t count = path->size();
-  while (count > keep && reaches((*path)[count - 1]) + 0.5 * std::abs(steepness) > reaches(end))
-    --count;
-  if (count < 2 || count == path->size())
+  const auto reaches = [&](const Run& run) { return slope > 0 ? run.bottom : -run.top; };
+  const int farthest = reaches(path->back());
+  while (path->size() > keep && reaches(path->back()) + 0.5 * std::abs(slope) > farthest)
+    path->pop_back();
+  if (path->size() < 2)
     return std::nullopt;
-  path->resize(count);
-  // The middle of its last row but one: the last may be the shadow of an edge.
-  const int row =
-      steepness > 0 ? std::max(end.top, end.bottom - 1) : std::min(end.bottom, end.top + 1);
-  const QPointF place(m_stroke.middleOfRow(end.x, row), row + 0.5);
-  if ((place.x() - path->back().at()) * m_direction <= 0)
-    return std::nullopt;
-  // A line that the stroke ends upon may have drawn it aside, unless that is as steep.
-  const auto offFrom = [&](std::size_t columns) {
-    const Way way(lastOf(*path, columns), true);
-    return std::abs(place.y() - way.at(place.x() - 0.5)) / std::hypot(1, steepness);
-  };
-  if (std::abs(steepness) < steepTip &&
-      std::min(offFrom(shortestArms), offFrom(leastColumns)) > 2 * endPlay)
-    return std::nullopt;
-  return place;
+  const QPointF end = endBehind(path->back(), slope, std::abs(farthest), x);
+  return (end.x() - path->back().at()) * m_direction > 0 ? std::make_optional(end) : std::nullopt;
 }

@@ -16,7 +16,8 @@ public:
   bool go(Arm* path) const;
   /// A stroke's next columns from `start`, to where it ends or meets another.
   Arm armFrom(const Run& start) const;
-  /// Where a steep stroke ends. Its last columns, which the end cuts short, leave the path.
+  /// Where a steep stroke ends. Columns that its end cuts short, or that a line across has a part
+  /// in, leave the path.
   std::optional<QPointF> tip(Arm* path, std::size_t keep) const;
 
 private:
@@ -29,7 +30,8 @@ private:
 
   Step next(Arm* path) const;
   bool jumpGap(Arm* path, std::size_t* stretch, int* jumped) const;
-  static void trimEnd(Arm* path);
+  static int trimEnd(Arm* path);
+  QPointF endBehind(const Run& last, double slope, int farthest, int x) const;
   std::vector<Run> runsBehind(const Run& from, int direction) const;
   std::vector<Run> frontBehind(const std::vector<Run>& before) const;
   std::vector<Run> joining(const std::vector<Run>& front, const std::vector<Run>& before) const;
@@ -37,6 +39,7 @@ private:
   bool isNarrow(const Run& run, double usual) const;
   Crossing crossingBehind(const Arm& path) const;
   bool isCrossing(const Crossing& crossing, bool isLong, const Arm& path) const;
+  static bool endsAcross(const Crossing& crossing, const Arm& path);
   bool leadsTo(const Crossing& crossing, const Arm& path) const;
   Choice choose(const Crossing& crossing, const Arm& in, std::size_t count) const;
   Step cross(const Crossing& crossing, Arm* path) const;
