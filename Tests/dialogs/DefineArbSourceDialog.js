@@ -61,6 +61,9 @@ open(["x"], d => {
   check(d.get("expressionEdit", "whatsThis").includes("Diifferential output voltage"));
   check(d.get("textedit", "whatsThis").includes("must be defines globally, e.g. in the F11 window"));
   equal([d.get("expressionEdit", "className"), d.get("textedit", "className")], ["QPlainTextEdit", "TextEdit"]);
+  d.set("numVoltagesEdit", "3.5");
+  d.set("numCurrentsEdit", "-1");
+  equal([d.text("numVoltagesEdit"), d.text("numCurrentsEdit")], ["4", "0"]);
   d.press("Help");
   d.reject();
 });
