@@ -89,6 +89,7 @@ TEST(SimExpression, readsWhatTheSimulatorTakes) {
       {"a ? b", "nothing"},
       {"a : b", "nothing"},
       {"a ? b : c : d", "nothing"},
+      {"a : b ? c", "nothing"},
       {"(a ? b)", "nothing"},
       {"(a ? b) : c", "nothing"},
       {"mine(a ? b, c)", "nothing"},

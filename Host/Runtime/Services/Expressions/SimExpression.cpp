@@ -140,8 +140,7 @@ private:
     const char* start = m_text.c_str() + m_at;
     char* end = nullptr;
     sp_ConvertEngToReal(start, &end);
-    return end != start && !continuesName(*end) &&
-           take(Kind::Number, std::size_t(end - start), false);
+    return end != start && take(Kind::Number, std::size_t(end - start), false);
   }
 
   bool readText() {
