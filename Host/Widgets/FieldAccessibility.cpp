@@ -1,7 +1,5 @@
 #include "FieldAccessibility.h"
 
-#include "HostSupportQt/Captions.h"
-
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
 #include <QComboBox>

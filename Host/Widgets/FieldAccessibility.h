@@ -1,5 +1,6 @@
 #pragma once
 
+#include "HostSupportQt/Captions.h"
 #include "HostWidgets/Accessibility.h"
 
 #include <QAccessibleWidget>
@@ -97,6 +98,8 @@ public:
       return fieldName(m_field);
     case QAccessible::Value:
       return m_text.text(0, m_text.characterCount());
+    case QAccessible::Help:
+      return plainText(QAccessibleWidget::text(kind));
     default:
       return QAccessibleWidget::text(kind);
     }

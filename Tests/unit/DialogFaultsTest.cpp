@@ -179,6 +179,7 @@ TEST_F(DialogFaultsTest, areReportedOutsideOfCalls) {
 }
 
 TEST_F(DialogFaultsTest, reachTheScript) {
+  run("host.provide('dyn_EvaluateExpression', null)");
   driver.setInteractive(true);
   clickLater("AskDialog", "evaluateButton");
   EXPECT_EQ(run("try { Ask() } catch (e) { e.message }"),

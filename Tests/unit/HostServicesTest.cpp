@@ -45,7 +45,6 @@ template <class Action> std::string raised(Action action) {
 TEST(HostServices, asksTheProviderOfAnEntry) {
   HostServices services(nullptr);
   const QString name = QLatin1String(dyn_EvaluateExpression.name);
-  EXPECT_FALSE(found(dyn_EvaluateExpression));
   services.provide(name, [](const std::vector<ScriptVector>& arguments) {
     return reals({arguments.at(0).strings.at(0).size() / 2.0});
   });
@@ -61,9 +60,11 @@ TEST(HostServices, asksTheProviderOfAnEntry) {
     EXPECT_EQ(raised([&] { evaluate(YString("1")); }),
               "dyn_EvaluateExpression: its provider must give a number");
   }
-  services.restore(name);
+  services.withdraw(name);
   EXPECT_FALSE(found(dyn_EvaluateExpression));
   EXPECT_EQ(raised([&] { evaluate(YString("1")); }), "dyn_EvaluateExpression: nobody serves it");
+  services.restore(name);
+  EXPECT_EQ(found(dyn_EvaluateExpression)(YString("2")), 2);
 }
 
 TEST(HostServices, takesCurvesFromAProvider) {

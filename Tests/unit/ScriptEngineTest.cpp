@@ -328,7 +328,7 @@ TEST_F(ScriptEngineTest, letsScriptsServe) {
       {"host.provide('dyn_EvaluateStringExpression', t => t + EchoStrings('!')[0]);"
        "EvaluateText('nested')",
        "[\"nested!\"]"},
-      {"host.provide('dyn_EvaluateStringExpression', undefined);"
+      {"host.provide('dyn_EvaluateStringExpression', null);"
        "try { EvaluateText('x') } catch (e) { e.message.slice(-32) }",
        "\"EvaluateStringExpression' called\""},
       {"host.provide('integ', args => ({y: args[0].y.map(v => 2 * v), x: args[0].x}));"
@@ -364,7 +364,7 @@ TEST_F(ScriptEngineTest, letsScriptsServe) {
   // What a script serves ends with it.
   run("host.provide('dyn_EvaluateExpression', t => 1)");
   engine = std::make_unique<ScriptEngine>(&table, &driver);
-  EXPECT_NE(run("Evaluate('1')").find("Unresolved"), std::string::npos);
+  EXPECT_EQ(run("Evaluate('7')"), "[7]");
 
   sp_RunHelp("Unknown Topic", nullptr);
   sp_RunHelpContext(987654);

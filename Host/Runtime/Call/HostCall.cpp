@@ -82,21 +82,6 @@ ScriptVector vectorOf(const UserArgument& argument) {
   throw CallError(QStringLiteral("a vector has the unknown type %1").arg(argument.type));
 }
 
-ScriptVector vectorOf(const CallResult& result) {
-  ScriptVector vector;
-  if (result.type == CallResult::Type::String)
-    vector = ScriptVector::ofStrings(result.strings);
-  else if (result.type == CallResult::Type::Int)
-    vector.reals.assign(result.ints.begin(), result.ints.end());
-  else if (result.type == CallResult::Type::Bool)
-    vector.reals.assign(result.bools.begin(), result.bools.end());
-  else
-    vector.reals = result.reals;
-  if (result.references.size() == vector.reals.size())
-    vector.references = result.references;
-  return vector;
-}
-
 /// What stands in a result descriptor lives as long as the call.
 void answer(CallBlock* block, ScriptVector vector, UserArgument* result) {
   if (!result)
@@ -115,7 +100,7 @@ void runHostFunction(CallBlock* block, const char* name, const UserArgument* arg
   std::vector<ScriptVector> vectors;
   for (int i = 0; i < count; ++i)
     vectors.push_back(vectorOf(arguments[i]));
-  answer(block, vectorOf(function(vectors)), result);
+  answer(block, asArgument(function(vectors)), result);
 }
 
 /// No exception may leave it: the module behind it may come from another compiler.

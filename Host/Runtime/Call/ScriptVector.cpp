@@ -49,3 +49,18 @@ QString resultTypeName(CallResult::Type type) {
   }
   return QString();
 }
+
+ScriptVector asArgument(const CallResult& result) {
+  ScriptVector vector;
+  if (result.type == CallResult::Type::String)
+    vector = ScriptVector::ofStrings(result.strings);
+  else if (result.type == CallResult::Type::Int)
+    vector.reals.assign(result.ints.begin(), result.ints.end());
+  else if (result.type == CallResult::Type::Bool)
+    vector.reals.assign(result.bools.begin(), result.bools.end());
+  else
+    vector.reals = result.reals;
+  if (result.references.size() == vector.reals.size())
+    vector.references = result.references;
+  return vector;
+}

@@ -58,6 +58,9 @@ struct CallResult {
   bool operator==(const CallResult& other) const;
 };
 
+/// The result of one call as an argument of another.
+ScriptVector asArgument(const CallResult& result);
+
 /// "real", "string", "int", "bool"; null where none was made.
 QString resultTypeName(CallResult::Type type);
 

@@ -20,8 +20,10 @@ namespace {
 const std::vector<Service>& services() {
   using Answer = Service::Answer;
   static const std::vector<Service> all = {
-      Service::ofEntry(dyn_EvaluateExpression, evaluateExpressionEntry, Answer::Number),
-      Service::ofEntry(dyn_EvaluateStringExpression, evaluateStringExpressionEntry, Answer::Text),
+      Service::ofEntry(dyn_EvaluateExpression, evaluateExpressionEntry, Answer::Number,
+                       ownEvaluateExpression),
+      Service::ofEntry(dyn_EvaluateStringExpression, evaluateStringExpressionEntry, Answer::Text,
+                       ownEvaluateStringExpression),
       Service::ofSteeredEntry(dyn_GetGlobalSchematicInterface, globalSchematicInterfaceEntry,
                               "host.schematic"),
       Service::ofSteeredEntry(dyn_GetGraphEditData, graphEditDataEntry, "host.graphs"),
@@ -35,6 +37,10 @@ const std::vector<Service>& services() {
       Service::ofFunction("YFromX", yFromX),
       Service::ofFunction("integ", integ),
       Service::ofFunction("PWLCurveFit", pwlCurveFit),
+      Service::ofFunction(lengthFunction.name, length),
+      Service::ofFunction(strStrFunction.name, strStr),
+      Service::ofFunction(parseSimExpressionFunction.name, parseSimExpression),
+      Service::ofFunction(testExpressionUsesMFunction.name, testExpressionUsesM),
       Service::ofOperation(parseLaplaceName, Answer::Integer, ownParseLaplace),
       Service::ofOperation(checkLaplaceName, Answer::Code, ownCheckLaplace),
       Service::ofOperation(fourierTimeName, Answer::Number, ownFourierTime),

@@ -11,8 +11,10 @@
 // provider, and the host's own provider where there is one.
 
 double evaluateExpressionEntry(const YString& expression);
+CallResult ownEvaluateExpression(const std::vector<ScriptVector>& arguments);
 
 YString evaluateStringExpressionEntry(const YString& expression);
+CallResult ownEvaluateStringExpression(const std::vector<ScriptVector>& arguments);
 
 GlobalSchematicInterface* globalSchematicInterfaceEntry();
 

@@ -1,8 +1,8 @@
-#include "Services/Functions/CurveArguments.h"
+#include "Services/Functions/FunctionArguments.h"
 #include "Services/Functions/Functions.h"
 
 CallResult yFromX(const std::vector<ScriptVector>& vectors) {
-  const CurveArguments arguments(vectors, 2, 3);
+  const FunctionArguments arguments(vectors, 2, 3);
   arguments.checkOrder(2);
   CallResult result;
   result.type = CallResult::Type::Real;

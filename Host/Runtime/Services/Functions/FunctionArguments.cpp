@@ -1,4 +1,4 @@
-#include "Services/Functions/CurveArguments.h"
+#include "Services/Functions/FunctionArguments.h"
 
 #include "Call/HostCall.h"
 
@@ -24,14 +24,14 @@ void checkNumber(std::size_t index, const char* what, double value) {
 
 } // namespace
 
-CurveArguments::CurveArguments(const std::vector<ScriptVector>& vectors, int least, int most)
+FunctionArguments::FunctionArguments(const std::vector<ScriptVector>& vectors, int least, int most)
     : m_vectors(vectors) {
   const QString wrong = wrongArgumentCount(least, most, vectors.size());
   if (!wrong.isEmpty())
     throw CallError(wrong);
 }
 
-Curve CurveArguments::curve(std::size_t index) const {
+Curve FunctionArguments::curve(std::size_t index) const {
   const ScriptVector& vector = reals(index, "curve", "a real vector with x values");
   if (vector.references.size() != vector.reals.size())
     throw refusal(index, "curve", "a real vector with x values", QStringLiteral("one without"));
@@ -45,7 +45,7 @@ Curve CurveArguments::curve(std::size_t index) const {
   return made;
 }
 
-double CurveArguments::number(std::size_t index, const char* what) const {
+double FunctionArguments::number(std::size_t index, const char* what) const {
   const ScriptVector& vector = reals(index, what, "a number");
   if (vector.reals.empty())
     throw refusal(index, what, "a number", QStringLiteral("an empty vector"));
@@ -53,7 +53,7 @@ double CurveArguments::number(std::size_t index, const char* what) const {
   return vector.reals.front();
 }
 
-int CurveArguments::count(std::size_t index, const char* what, int least, int most) const {
+int FunctionArguments::count(std::size_t index, const char* what, int least, int most) const {
   const double value = number(index, what);
   if (value < least || value >= most + 1.0)
     throw refusal(index, what, qPrintable(QStringLiteral("from %1 to %2").arg(least).arg(most)),
@@ -61,29 +61,46 @@ int CurveArguments::count(std::size_t index, const char* what, int least, int mo
   return static_cast<int>(value);
 }
 
-void CurveArguments::checkOrder(std::size_t index) const {
+void FunctionArguments::checkOrder(std::size_t index) const {
   if (has(index) && number(index, "order") != 1)
     throw refusal(index, "order", "1, linear", QString::number(number(index, "order")));
 }
 
-void CurveArguments::checkText(std::size_t index, const char* what) const {
+void FunctionArguments::checkText(std::size_t index, const char* what) const {
   if (has(index) && m_vectors[index].type != UserString)
     throw refusal(index, what, "a text", kindOf(m_vectors[index]));
 }
 
-CallError CurveArguments::refusal(std::size_t index, const char* what, const char* expected,
-                                  const QString& given) {
+const QByteArray& FunctionArguments::text(std::size_t index, const char* what) const {
+  const ScriptVector& vector = m_vectors.at(index);
+  if (vector.type != UserString || vector.strings.size() != 1)
+    throw refusal(index, what, "one text",
+                  vector.type == UserString
+                      ? QStringLiteral("a vector of %1").arg(vector.strings.size())
+                      : kindOf(vector));
+  return vector.strings.front();
+}
+
+CallError FunctionArguments::refusal(std::size_t index, const char* what, const char* expected,
+                                     const QString& given) {
   return CallError(QStringLiteral("argument %1 (%2) must be %3, %4 was given.")
                        .arg(index + 1)
                        .arg(QString::fromUtf8(what), QString::fromUtf8(expected), given));
 }
 
-const ScriptVector& CurveArguments::reals(std::size_t index, const char* what,
-                                          const char* expected) const {
+const ScriptVector& FunctionArguments::reals(std::size_t index, const char* what,
+                                             const char* expected) const {
   const ScriptVector& vector = m_vectors.at(index);
   if (vector.type != UserReal)
     throw refusal(index, what, expected, kindOf(vector));
   return vector;
+}
+
+CallResult resultOf(double value) {
+  CallResult result;
+  result.type = CallResult::Type::Real;
+  result.reals = {value};
+  return result;
 }
 
 CallResult resultOf(const Curve& curve) {

@@ -3,12 +3,14 @@
 #include "Call/Provider.h"
 #include "Services/Numerics/Curves.h"
 
-/// The arguments of one call of a numeric function. The accessors raise `CallError`, with the
+/// The arguments of one call of a host function. The accessors raise `CallError`, with the
 /// argument's number and name, for what is not as asked for.
-class CurveArguments {
+class FunctionArguments {
 public:
   /// From `least` to `most` of them.
-  CurveArguments(const std::vector<ScriptVector>& vectors, int least, int most);
+  FunctionArguments(const std::vector<ScriptVector>& vectors, int least, int most);
+  FunctionArguments(const std::vector<ScriptVector>& vectors, int count)
+      : FunctionArguments(vectors, count, count) {}
 
   bool has(std::size_t index) const { return index < m_vectors.size(); }
   Curve curve(std::size_t index) const;
@@ -18,6 +20,8 @@ public:
   /// Interpolation is linear, order 1; it need not be said.
   void checkOrder(std::size_t index) const;
   void checkText(std::size_t index, const char* what) const;
+  const ScriptVector& vector(std::size_t index) const { return m_vectors.at(index); }
+  const QByteArray& text(std::size_t index, const char* what) const; ///< the one of its vector
 
   static CallError refusal(std::size_t index, const char* what, const char* expected,
                            const QString& given);
@@ -28,5 +32,6 @@ private:
   const std::vector<ScriptVector>& m_vectors;
 };
 
+CallResult resultOf(double value);
 /// A curve as a result: its y, with its x as references.
 CallResult resultOf(const Curve& curve);

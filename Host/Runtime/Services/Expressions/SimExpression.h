@@ -1,0 +1,31 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+/// A piece of an expression as the simulator reads it.
+struct SimToken {
+  enum class Kind {
+    Number,   ///< with its suffix and unit: 4.7k, 10kOhm
+    Text,     ///< with its double quotes
+    Name,     ///< of a parameter, or a quantity as time
+    Function, ///< the name in front of a bracket; V and I as well
+    Node,     ///< of V(node, node) or I(source)
+    Operator,
+    Bracket,
+    Comma,
+  };
+  Kind kind;
+  std::string text; ///< as typed
+};
+
+/// The tokens of an expression by the rules of SPICE. Nothing where it does not parse: names of
+/// functions that are not the simulator's stand for those that the circuit defines.
+std::optional<std::vector<SimToken>> readSimExpression(const std::string& expression);
+
+/// The expression again, without blanks but between signs that would read as another one.
+std::string writeSimExpression(const std::vector<SimToken>& tokens);
+
+/// Whether it is this name: letter case makes no difference to the simulator.
+bool isSimName(const std::string& name, const std::string& other);
