@@ -124,7 +124,7 @@ equal(box([1], [10, 0, -1, 1, 0, 76e-6, 72e-3, 90], d => {
   const same = labels(d);
   equal(shown.map(each => each.slice(2)), Array(4).fill(same));
   equal(shown.map(each => each.slice(0, 2)),
-        [["0.1178002356", "2.83464566929"], ["7.6e-05", "0.072"], ["0.76", "7.2"], ["76", "72"]]);
+        [["0.1178002356", "2.83464566929"], ["0.000076", "0.072"], ["0.76", "7.2"], ["76", "72"]]);
   d.set("lengthEdit", "{2*L}");
   d.set("areaEdit", "4k7");
   d.click("rbMm");
