@@ -113,6 +113,17 @@ equal(box([1], [10, 0, 0, 1, 0], d => {
   d.accept();
 }).values.slice(0, 8), [10, 1, 1, 1, 0, 4e-4, 0.2, 500]);
 
+// A core's material counts again, though its dimensions stood there all the time.
+box([1], [10, 0, 0, 1, 0], d => {
+  const before = labels(d);
+  d.click("rbUserDims");
+  d.set("coreMaterialCombo", "Hard");
+  equal(labels(d), [before[0], "1.98944A"]);
+  d.click("rbCoreType");
+  equal([d.text("coreMaterialCombo"), ...labels(d)], ["Soft", ...before]);
+  d.reject();
+});
+
 // --- units: the core stays ----------------------------------------------------------------------
 
 equal(box([1], [10, 0, -1, 1, 0, 76e-6, 72e-3, 90], d => {

@@ -111,8 +111,6 @@ double CoreFields::chosenUnit() const {
 }
 
 void CoreFields::applyLine(int line) {
-  if (line < 0 || !table.has(unsigned(line)))
-    return;
   if (const auto core = readCore(table.raw(unsigned(line))))
     show(*core);
 }

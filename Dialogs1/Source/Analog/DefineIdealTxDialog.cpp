@@ -80,8 +80,10 @@ void DefineIdealTxDialog::showKind(const QString& kind) {
   nonInductive = equals(kind, QStringLiteral("nonind"));
   form.inductanceAndCouplingGroupBox->setVisible(!nonInductive);
   form.numSecondariesEdit->setMin(nonInductive ? 1 : 0);
-  if (nonInductive)
-    setWindowTitle(tr("Define Ideal DC Transfromer"));
+  if (!nonInductive)
+    return;
+  setWindowTitle(tr("Define Ideal DC Transfromer"));
+  resize(0, 0); // less is shown
 }
 
 void DefineIdealTxDialog::readDialog(UserDataType, bool accepted) {

@@ -98,11 +98,12 @@ bool DefineSaturableTxDialog::firstInductanceEditable() {
 
 void DefineSaturableTxDialog::rbCoreType_clicked() {
   core.typeChosen();
+  showSaturationCurrent();
 }
 
 void DefineSaturableTxDialog::coreSizeCombo_activated(const QString&) {
   core.coreChosen();
-  showSaturationCurrent(); // another material may have come with the same dimensions
+  showSaturationCurrent(); // another material may come with the same dimensions
 }
 
 void DefineSaturableTxDialog::rbMm_clicked() {
@@ -128,13 +129,10 @@ void DefineSaturableTxDialog::showInductance() {
 
 void DefineSaturableTxDialog::showSaturationCurrent() {
   const MagneticCore present = core.present();
-  const Texts lines = texts(Materials);
-  const int material = form.coreMaterialCombo->currentIndex();
+  const auto line = unsigned(form.coreMaterialCombo->currentIndex());
   if (!present.currentAt(0, windings.firstTurns()))
     form.saturationCurrentLabel->clear();
-  else if (material < 0 || !lines.has(unsigned(material)))
-    return; // nothing is known of what flows: the label stays
-  else if (const auto density = saturationFluxDensity(lines.raw(unsigned(material))))
+  else if (const auto density = saturationFluxDensity(texts(Materials).raw(line)))
     form.saturationCurrentLabel->setText(
         quantityText(*present.currentAt(*density, windings.firstTurns()), "A"));
 }

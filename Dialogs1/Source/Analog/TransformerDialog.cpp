@@ -41,8 +41,7 @@ TransformerDialog::TransformerDialog() : KelvarinDialog(nullptr, "TransformerDia
   for (const QRadioButton* unit : {form.rbMm, form.rbCm, form.rbInch, form.rbMetres})
     connect(unit, &QRadioButton::clicked, this, &Self::rbMm_clicked);
   connect(form.coreSizeCombo, &QComboBox::textActivated, this, &Self::coreSizeCombo_activated);
-  for (Spinner* edit : {form.primaryTurnsEdit, form.areaEdit, form.lengthEdit, form.ueEdit}) {
-    edit->setNumbersOnly(true);
+  for (const Spinner* edit : {form.primaryTurnsEdit, form.areaEdit, form.lengthEdit, form.ueEdit}) {
     connect(edit, &Spinner::textChanged, this, &Self::primaryTurnsEdit_changed);
     connect(edit, &Spinner::changed, this, &Self::primaryTurnsEdit_changed);
   }
