@@ -126,7 +126,13 @@ for (const leave of [d => d.reject(), d => d.close(), d => d.press("Cancel"),
     leave(d);
   }), none);
 
-// An expression in a count leaves the windings that there are.
+// An expression stands; one in a count leaves the windings that there are.
+box([], [2], [3], d => {
+  d.set("primaryInductanceEdit1", "{L}");
+  d.set(secondaries, "2");
+  equal([d.text("primaryInductanceEdit1"), d.text("secondaryInductanceLabel1")], ["{L}", "0H"]);
+  d.reject();
+});
 equal(box([], [2], [3, 4], d => {
   d.set(secondaries, "2");
   d.set(secondaries, "{N}");
@@ -172,10 +178,11 @@ box([1e-5, 0, 0, 0, 20, 20], Array.from({ length: 20 }, (_, i) => i + 1), [], d 
   d.type("primaryTurnsEdit1", "7");
   d.key(null, "Tab");
   d.key(null, "Tab");
-  visited(d, "Tab", 39 * 2);
-  equal(d.focused(), "secondaryPolarityCombo20");
-  d.key(null, "Down");
-  check(d.visible("secondaryPolarityCombo20"), "scrolled to");
+  const last = "secondaryTurnsEdit20";
+  visited(d, "Tab", 39 * 2 - 1);
+  equal(d.focused(), last);
+  const bottom = d.get(last, "y") + d.get(last, "height");
+  check(bottom < d.get(table, "height") - 20, `scrolled to ${bottom}`); // below the headings
   const start = host.now();
   d.set(primaries, "1");
   d.set(primaries, "20");

@@ -143,6 +143,9 @@ equal(box([1], [10, 0, -1, 1, 0, 76e-6, 72e-3, 90], d => {
   d.click("rbCm");
   equal([d.text("areaEdit"), d.text("lengthEdit"), labels(d)[0]], ["47", "{2*L}", ""]);
   d.set("lengthEdit", "7.2");
+  d.set("areaEdit", "0.9"); // from which and back to which there is a rounding
+  d.click("rbCm");
+  equal(d.value("areaEdit"), 0.9);
   d.click("rbMm");
   d.set("areaEdit", "76");
   d.accept();
