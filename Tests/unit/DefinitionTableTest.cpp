@@ -17,6 +17,7 @@ TEST(DefinitionTable, TabGoesFromCellToCell) {
     lines.append(line);
   DefinitionTable table;
   table.setLines(lines, {});
+  table.addRowActions(&table);
   const QStringList headings{QStringLiteral("Time"), QStringLiteral("Value"),
                              QStringLiteral("File")};
   table.setHorizontalHeaderLabels(headings);
