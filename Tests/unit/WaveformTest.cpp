@@ -156,6 +156,16 @@ TEST(WaveformNumbers, OneFieldLeadsToTheOthers) {
        50.5,
        true,
        true},
+      {"width, frequency 0, period",
+       {{Field::Width, 20e-6}, {Field::Frequency, 0}, {Field::Period, 1e-6}},
+       200e-9,
+       200e-9,
+       20e-6,
+       20e-6,
+       50e3,
+       100,
+       true,
+       true},
       {"rise", {{Field::Rise, 2e-6}}, 2e-6, 2e-6, 50e-6, 100e-6, 10e3, 52, true, false},
       {"fall", {{Field::Fall, 1.5e-6}}, 500e-9, 1.5e-6, 50e-6, 100e-6, 10e3, 51, false, false},
       {"fall, duty",
@@ -178,6 +188,10 @@ TEST(WaveformNumbers, OneFieldLeadsToTheOthers) {
     const double wanted[] = {c.rise, c.fall, c.width, c.period, c.frequency, c.duty};
     for (Field field : waveFields)
       expectNear(wave, field, wanted[int(field)], c.what);
+    for (const auto& [field, value] : c.edits)
+      if (field == Field::Width && value < 1) {
+        EXPECT_EQ(wave.timing().number(field), value) << "no digit gets lost";
+      }
     EXPECT_EQ(wave.timing().hasEqualEdges, c.isEqual) << c.what;
     EXPECT_EQ(wave.timing().hasDefaultEdges, c.isDefault) << c.what;
   }

@@ -51,6 +51,18 @@ double taken(double value, const WaveLimits& limits) {
   return std::min(std::max(value, limits.min), limits.max);
 }
 
+/// Whether two numbers that were computed from values of this size are one.
+bool differByRounding(double a, double b, double scale) {
+  constexpr double rounding = 16 * std::numeric_limits<double>::epsilon();
+  return b != 0 && std::abs(a - b) <= rounding * std::max({scale, std::abs(a), std::abs(b)});
+}
+
+/// Takes a level that was computed; one that was typed stands where that is the same.
+void follow(std::optional<double>* level, double computed, double scale) {
+  if (!*level || !differByRounding(**level, computed, scale))
+    *level = computed;
+}
+
 } // namespace
 
 WaveShape waveShapeOf(int number) {
@@ -71,16 +83,13 @@ void WaveTiming::enter(WaveField field, const WaveValue& value) {
 }
 
 void WaveTiming::set(WaveField field, double value) {
-  constexpr double rounding = 16 * std::numeric_limits<double>::epsilon();
   if (std::isnan(value))
     return;
   WaveValue& present = (*this)[field];
   value = taken(value, limitsOf(field));
   // A width is what is left of the period, and as exact as that.
   const double scale = field == WaveField::Width ? std::abs(number(WaveField::Period)) : 0;
-  const bool isSame = std::abs(value - present.number) <=
-                      rounding * std::max({scale, std::abs(value), std::abs(present.number)});
-  if (present.isExpression() || !isSame || value == 0)
+  if (present.isExpression() || !differByRounding(present.number, value, scale))
     present = value;
 }
 
@@ -103,13 +112,15 @@ bool Waveform::isEnabled(WaveControl control) const {
 void WaveLevels::followPulse() {
   if (!initial || !pulse)
     return;
-  offset = (*pulse + *initial) * 0.5;
-  amplitude = *pulse - *initial;
+  const double scale = std::max(std::abs(*initial), std::abs(*pulse));
+  follow(&offset, (*pulse + *initial) * 0.5, scale);
+  follow(&amplitude, *pulse - *initial, scale);
 }
 
 void WaveLevels::followOffset() {
   if (!offset || !amplitude || !initial || !pulse)
     return;
-  initial = *offset - *amplitude * 0.5;
-  pulse = *offset + *amplitude * 0.5;
+  const double scale = std::max(std::abs(*offset), std::abs(*amplitude));
+  follow(&initial, *offset - *amplitude * 0.5, scale);
+  follow(&pulse, *offset + *amplitude * 0.5, scale);
 }

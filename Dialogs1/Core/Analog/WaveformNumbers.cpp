@@ -127,11 +127,14 @@ void WaveformNumbers::followFrequency() {
   const double period = 1 / m_timing.number(Field::Frequency);
   const double pulse = m_timing.number(Field::Duty) / 100 * period;
   const double width = m_timing.hasDefaultEdges ? pulse / defaultPulse : pulse - edges();
-  const bool hasPeriod = isPeriodic(m_timing.shape);
-  m_timing.limitsOf(Field::Width).max = hasPeriod ? period : longestWidth;
-  m_timing.limitsOf(Field::Period).min = width;
+  m_timing.limitsOf(Field::Period).min = 0;
+  m_timing.limitsOf(Field::Width).max = longestWidth;
   m_timing.set(Field::Period, period);
   m_timing.set(Field::Width, width);
+  // The limits are what stands there, which may be what was typed.
+  if (isPeriodic(m_timing.shape))
+    m_timing.setMax(Field::Width, m_timing.number(Field::Period));
+  m_timing.setMin(Field::Period, m_timing.number(Field::Width));
 }
 
 void WaveformNumbers::edgesFollowWidth() {

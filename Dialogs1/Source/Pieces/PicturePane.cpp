@@ -68,6 +68,9 @@ void PicturePane::setOpen(bool isOpen) {
   refresh();
   if (!dialog->isVisible())
     return;
+  // A window gets no smaller than its layout had last wanted.
+  if (QLayout* layout = dialog->layout())
+    layout->activate();
   const QSize grown = dialog->sizeHint() - before;
   dialog->resize((dialog->size() + QSize(grown.width(), std::max(grown.height(), 0)))
                      .boundedTo(dialog->screen()->availableSize()));
