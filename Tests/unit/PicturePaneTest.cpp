@@ -8,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 
 namespace {
@@ -61,6 +62,24 @@ TEST_F(PicturePaneTest, OpensAndClosesWithTheWindowAndIsRemembered) {
   QCoreApplication::processEvents();
   EXPECT_EQ(again.dialog.width(), closed.width());
   EXPECT_FALSE(Form().button->isChecked());
+}
+
+TEST_F(PicturePaneTest, GivesBackAllTheRoomThatItTook) {
+  Form form;
+  for (const QSize size : {form.dialog.size(), QSize(700, 90), QSize(500, 400)}) {
+    form.dialog.resize(size);
+    const QSize closed = form.dialog.size();
+    for (int i = 0; i < 3; ++i) {
+      form.button->click();
+      QCoreApplication::processEvents();
+      EXPECT_LE(form.dialog.width(), form.dialog.screen()->availableSize().width());
+      EXPECT_GE(form.plot->height(), form.plot->minimumHeight());
+      form.button->click();
+      QCoreApplication::processEvents();
+      EXPECT_EQ(form.dialog.width(), closed.width()) << i;
+    }
+    EXPECT_LT(form.dialog.height(), 450);
+  }
 }
 
 TEST_F(PicturePaneTest, SaysWhyThereIsNoPicture) {

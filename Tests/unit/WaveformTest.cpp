@@ -53,6 +53,11 @@ std::string enabledOf(const Waveform& wave) {
   return enabled;
 }
 
+std::string boxesOf(const Waveform& wave) {
+  return std::string(wave.timing().hasEqualEdges ? "=" : "") +
+         (wave.timing().hasDefaultEdges ? "*" : "");
+}
+
 /// Edits at random as a user can: enabled fields only, mostly sensible numbers.
 template <class Kind, class Check> void editAtRandom(Kind wave, bool withTexts, Check check) {
   std::mt19937 random(4711);
@@ -108,6 +113,17 @@ TEST(Waveform, ShapesHaveTheirFields) {
   EXPECT_EQ(enabledOf(single), "RFW=");
 }
 
+TEST(Waveform, WhatWasTypedStandsAgainstRoundingOnly) {
+  WaveTiming timing = loaded(Shape::Pulse);
+  timing.set(Field::Width, 50e-6 * (1 + 1e-15));
+  EXPECT_EQ(timing.number(Field::Width), 50e-6);
+  timing.set(Field::Width, 50e-6 * (1 + 1e-10));
+  EXPECT_NE(timing.number(Field::Width), 50e-6);
+  timing.set(Field::Period, 1e100);
+  timing.set(Field::Width, 1e99);
+  EXPECT_EQ(timing.number(Field::Width), 1e18) << "as wide as can be";
+}
+
 TEST(Waveform, LevelsAreOneThingSaidTwice) {
   WaveLevels levels{1.0, 4.0, {}, {}};
   levels.followPulse();
@@ -125,75 +141,39 @@ TEST(Waveform, LevelsAreOneThingSaidTwice) {
 }
 
 TEST(WaveformNumbers, OneFieldLeadsToTheOthers) {
+  constexpr Field W = Field::Width, P = Field::Period, F = Field::Frequency, D = Field::Duty;
   struct Case {
     const char* what;
     std::vector<std::pair<Field, double>> edits;
-    double rise, fall, width, period, frequency, duty;
-    bool isEqual, isDefault;
+    std::array<double, waveFieldCount> wanted; ///< in their order
+    const char* boxes;
   };
   const Case cases[] = {
-      {"as loaded", {}, 500e-9, 500e-9, 50e-6, 100e-6, 10e3, 50.5, true, true},
-      {"duty", {{Field::Duty, 25.25}}, 250e-9, 250e-9, 25e-6, 100e-6, 10e3, 25.25, true, true},
-      {"width", {{Field::Width, 20e-6}}, 200e-9, 200e-9, 20e-6, 100e-6, 10e3, 20.2, true, true},
-      {"period", {{Field::Period, 200e-6}}, 500e-9, 500e-9, 50e-6, 200e-6, 5e3, 25.25, true, true},
-      {"frequency",
-       {{Field::Frequency, 20e3}},
-       250e-9,
-       250e-9,
-       25e-6,
-       50e-6,
-       20e3,
-       50.5,
-       true,
-       true},
-      {"frequency 0",
-       {{Field::Frequency, 0}},
-       500e-9,
-       500e-9,
-       50e-6,
-       100e-6,
-       10e3,
-       50.5,
-       true,
-       true},
-      {"width, frequency 0, period",
-       {{Field::Width, 20e-6}, {Field::Frequency, 0}, {Field::Period, 1e-6}},
-       200e-9,
-       200e-9,
-       20e-6,
-       20e-6,
-       50e3,
-       100,
-       true,
-       true},
-      {"rise", {{Field::Rise, 2e-6}}, 2e-6, 2e-6, 50e-6, 100e-6, 10e3, 52, true, false},
-      {"fall", {{Field::Fall, 1.5e-6}}, 500e-9, 1.5e-6, 50e-6, 100e-6, 10e3, 51, false, false},
-      {"fall, duty",
-       {{Field::Fall, 1.5e-6}, {Field::Duty, 21}},
-       500e-9,
-       1.5e-6,
-       20e-6,
-       100e-6,
-       10e3,
-       21,
-       false,
-       false},
-      {"too wide", {{Field::Width, 1}}, 1e-6, 1e-6, 100e-6, 100e-6, 10e3, 100, true, true},
-      {"too short", {{Field::Period, 1e-6}}, 500e-9, 500e-9, 50e-6, 50e-6, 20e3, 100, true, true},
+      {"as loaded", {}, {500e-9, 500e-9, 50e-6, 100e-6, 10e3, 50.5}, "=*"},
+      {"duty", {{D, 25.25}}, {250e-9, 250e-9, 25e-6, 100e-6, 10e3, 25.25}, "=*"},
+      {"width", {{W, 20e-6}}, {200e-9, 200e-9, 20e-6, 100e-6, 10e3, 20.2}, "=*"},
+      {"period", {{P, 200e-6}}, {500e-9, 500e-9, 50e-6, 200e-6, 5e3, 25.25}, "=*"},
+      {"frequency", {{F, 20e3}}, {250e-9, 250e-9, 25e-6, 50e-6, 20e3, 50.5}, "=*"},
+      {"no frequency", {{F, 0}}, {500e-9, 500e-9, 50e-6, 100e-6, 10e3, 50.5}, "=*"},
+      {"rise", {{Field::Rise, 2e-6}}, {2e-6, 2e-6, 50e-6, 100e-6, 10e3, 52}, "="},
+      {"fall", {{Field::Fall, 1.5e-6}}, {500e-9, 1.5e-6, 50e-6, 100e-6, 10e3, 51}, ""},
+      {"both", {{Field::Fall, 1.5e-6}, {D, 21}}, {500e-9, 1.5e-6, 20e-6, 100e-6, 10e3, 21}, ""},
+      {"too wide", {{W, 1}}, {1e-6, 1e-6, 100e-6, 100e-6, 10e3, 100}, "=*"},
+      {"too wide again", {{P, 200e-6}, {W, 1}}, {2e-6, 2e-6, 200e-6, 200e-6, 5e3, 100}, "=*"},
+      {"too short", {{P, 1e-6}}, {500e-9, 500e-9, 50e-6, 50e-6, 20e3, 100}, "=*"},
+      {"all", {{W, 2e-5}, {F, 0}, {P, 1e-6}}, {2e-7, 2e-7, 2e-5, 2e-5, 50e3, 100}, "=*"},
   };
   for (const Case& c : cases) {
     WaveformNumbers wave = numbers(Shape::Pulse);
     for (const auto& [field, value] : c.edits)
       wave.edit(field, value);
-    const double wanted[] = {c.rise, c.fall, c.width, c.period, c.frequency, c.duty};
     for (Field field : waveFields)
-      expectNear(wave, field, wanted[int(field)], c.what);
+      expectNear(wave, field, c.wanted[std::size_t(field)], c.what);
     for (const auto& [field, value] : c.edits)
       if (field == Field::Width && value < 1) {
         EXPECT_EQ(wave.timing().number(field), value) << "no digit gets lost";
       }
-    EXPECT_EQ(wave.timing().hasEqualEdges, c.isEqual) << c.what;
-    EXPECT_EQ(wave.timing().hasDefaultEdges, c.isDefault) << c.what;
+    EXPECT_EQ(boxesOf(wave), c.boxes) << c.what;
   }
 }
 
@@ -300,6 +280,7 @@ TEST(WaveformTexts, SinglePulseStartsAsWideAsWhatIsLeft) {
 }
 
 TEST(WaveformTexts, ExpressionsFreezeWhatCannotBeComputed) {
+  constexpr Field W = Field::Width, P = Field::Period, F = Field::Frequency, D = Field::Duty;
   struct Case {
     Field field;
     Field next;
@@ -307,18 +288,12 @@ TEST(WaveformTexts, ExpressionsFreezeWhatCannotBeComputed) {
     std::vector<std::pair<Field, double>> wanted;
   };
   const Case cases[] = {
-      {Field::Frequency,
-       Field::Width,
-       20e-6,
-       {{Field::Width, 20e-6}, {Field::Period, 100e-6}, {Field::Duty, 50.5}}},
-      {Field::Width, Field::Frequency, 20e3, {{Field::Period, 50e-6}, {Field::Duty, 50.5}}},
-      {Field::Rise, Field::Width, 20e-6, {{Field::Width, 20e-6}, {Field::Duty, 50.5}}},
-      {Field::Fall, Field::Duty, 30, {{Field::Width, 50e-6}, {Field::Duty, 30}}},
-      {Field::Duty, Field::Width, 20e-6, {{Field::Width, 20e-6}, {Field::Frequency, 10e3}}},
-      {Field::Period,
-       Field::Duty,
-       40,
-       {{Field::Period, 100e-6}, {Field::Frequency, 10e3}, {Field::Width, 39.5e-6}}},
+      {F, W, 20e-6, {{W, 20e-6}, {P, 100e-6}, {D, 50.5}}},
+      {W, F, 20e3, {{P, 50e-6}, {D, 50.5}}},
+      {Field::Rise, W, 20e-6, {{W, 20e-6}, {D, 50.5}}},
+      {Field::Fall, D, 30, {{W, 50e-6}, {D, 30}}},
+      {D, W, 20e-6, {{W, 20e-6}, {F, 10e3}}},
+      {P, D, 40, {{P, 100e-6}, {F, 10e3}, {W, 39.5e-6}}},
   };
   for (const Case& c : cases) {
     WaveformTexts wave = texts(Shape::Pulse);
@@ -337,6 +312,14 @@ TEST(WaveformTexts, ExpressionsFreezeWhatCannotBeComputed) {
   }
 }
 
+TEST(WaveformTexts, SawtoothsHaveNoExpressionForTheirDuty) {
+  WaveTiming timing = loaded(Shape::Sawtooth);
+  timing.enter(Field::Duty, hidden);
+  WaveformTexts wave(false);
+  wave.open(timing);
+  EXPECT_EQ(wave.timing()[Field::Duty], WaveValue(99.9));
+}
+
 TEST(WaveformTexts, EdgesHaveAsMuchRoomAsTheDutyLeaves) {
   WaveformTexts wave = texts(Shape::Pulse);
   const auto longest = [&wave](Field field) { return wave.timing().limitsOf(field).max; };
@@ -347,6 +330,17 @@ TEST(WaveformTexts, EdgesHaveAsMuchRoomAsTheDutyLeaves) {
   wave.setEqualEdges(false);
   wave.edit(Field::Fall, 5e-6);
   EXPECT_NEAR(longest(Field::Rise), 35e-6, 1e-15);
+  // A frequency on the way to another one costs no edge anything, until the shape is left.
+  wave.edit(Field::Frequency, 1e6);
+  EXPECT_LT(wave.timing().number(Field::Rise), 1e-6);
+  wave.edit(Field::Frequency, 10e3);
+  expectNear(wave, Field::Rise, 20e-6);
+  wave.edit(Field::Frequency, 1e6);
+  const double kept = wave.timing().number(Field::Rise);
+  wave.setShape(Shape::Sine);
+  wave.edit(Field::Frequency, 10e3);
+  wave.setShape(Shape::Pulse);
+  expectNear(wave, Field::Rise, kept);
   wave.edit(Field::Fall, hidden);
   EXPECT_EQ(longest(Field::Rise), 1e100);
   wave.setShape(Shape::OnePulse);
@@ -461,9 +455,13 @@ TEST(WaveformCurve, IsOffUntilItsDelayAndPhasesLead) {
 TEST(WaveformCurve, DampsBySoMuchInAPeriod) {
   WaveSettings settings = settingsOf(numbers(Shape::Sine));
   settings.damping = 5e3;
-  const WaveCurve curve = waveCurve(settings);
+  WaveCurve curve = waveCurve(settings);
   for (double time : {25e-6, 75e-6, 125e-6, 175e-6})
     EXPECT_NEAR(at(curve, time), 2 + std::sin(2 * M_PI * 1e4 * time) * std::exp(-5e3 * time), 1e-9);
+  settings.delay = 100e-6;
+  curve = waveCurve(settings);
+  EXPECT_NEAR(at(curve, 25e-6), 3, 1e-9) << "not before the delay";
+  EXPECT_NEAR(at(curve, 125e-6), 2 + std::exp(-5e3 * 25e-6), 1e-9);
 }
 
 TEST(WaveformCurve, ShowsASingleShapeFromBeforeItsDelayToAfterItsEnd) {

@@ -86,11 +86,10 @@ void WaveTiming::set(WaveField field, double value) {
   if (std::isnan(value))
     return;
   WaveValue& present = (*this)[field];
-  value = taken(value, limitsOf(field));
   // A width is what is left of the period, and as exact as that.
   const double scale = field == WaveField::Width ? std::abs(number(WaveField::Period)) : 0;
   if (present.isExpression() || !differByRounding(present.number, value, scale))
-    present = value;
+    present = taken(value, limitsOf(field));
 }
 
 void WaveTiming::setMin(WaveField field, double value) {

@@ -76,12 +76,12 @@ void WaveformDialog::connectFields() {
   connect(form.cbEqualRiseAndFall, &QCheckBox::clicked, this, [this](bool isChecked) {
     takeTyped();
     waveform->setEqualEdges(isChecked);
-    show(*waveform);
+    showWaveform(*waveform);
   });
   connect(form.cbDefaultRiseAndFall, &QCheckBox::clicked, this, [this](bool isChecked) {
     takeTyped();
     waveform->setDefaultEdges(isChecked);
-    show(*waveform);
+    showWaveform(*waveform);
   });
 }
 
@@ -95,7 +95,7 @@ void WaveformDialog::initialiseDialog() {
     waveform->open(loadedTiming());
     applyShape();
     applyDelayMode();
-    show(*waveform);
+    showWaveform(*waveform);
     loadLevels(hasWord(words, "initialpulse"));
     form.cbSourceIdle->setVisible(isBrennix);
   }
@@ -161,7 +161,7 @@ void WaveformDialog::waveShapeGroupBox_clicked() {
   takeTyped();
   waveform->setShape(shape);
   applyShape();
-  show(*waveform);
+  showWaveform(*waveform);
 }
 
 void WaveformDialog::delayOptionsGroupBox_clicked() {
@@ -179,7 +179,7 @@ void WaveformDialog::follow(WaveField field) {
   const auto trial = waveform->clone();
   if (!(typed == trial->timing()[field]))
     trial->edit(field, typed);
-  show(*trial, spinnerOf(field));
+  showWaveform(*trial, spinnerOf(field));
 }
 
 void WaveformDialog::takeTyped() {
@@ -195,10 +195,10 @@ void WaveformDialog::settle(WaveField field) {
     return;
   typing = field;
   takeTyped();
-  show(*waveform);
+  showWaveform(*waveform);
 }
 
-void WaveformDialog::show(const Waveform& now, Spinner* typed) {
+void WaveformDialog::showWaveform(const Waveform& now, Spinner* typed) {
   const Updating guard(this);
   shown = now.timing();
   for (WaveField field : waveFields)

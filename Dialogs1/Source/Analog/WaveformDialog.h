@@ -41,7 +41,7 @@ private:
   void follow(WaveField field); ///< what is being typed, on a trial
   void takeTyped();
   void settle(WaveField field);
-  void show(const Waveform& waveform, Spinner* typed = nullptr);
+  void showWaveform(const Waveform& now, Spinner* typed = nullptr);
   void showField(const WaveTiming& timing, WaveField field, bool isTyped);
   void enableFields(const Waveform& waveform);
   void applyShape();
