@@ -39,8 +39,8 @@ const struct {
     {"QPlainTextEdit", {Role::EditableText}},
     {"QTextBrowser", {Role::StaticText}},
     {"QTextEdit", {Role::EditableText}},
-    {"QLabel", {Role::StaticText, Role::Graphic}}, // words, or a picture
-    {"QPushButton", {Role::Button}},
+    {"QLabel", {Role::StaticText, Role::Graphic}},   // words, or a picture
+    {"QPushButton", {Role::Button, Role::CheckBox}}, // one that stays down is a check box
     {"QToolButton", {Role::Button}},
     {"QRadioButton", {Role::RadioButton}},
     {"QCheckBox", {Role::CheckBox}},

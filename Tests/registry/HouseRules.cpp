@@ -240,8 +240,8 @@ void expectPictures(const QWidget* dialog) {
 /// step away from 0; where nothing else is said, that step is 1, and so are those of a count.
 void expectSteps(const QWidget* dialog) {
   static const QRegularExpression time(
-      QStringLiteral(
-          "\\b(time|delay|width|period|start|end|hold|setup|shift)\\b|^at$|minimum clock"),
+      QStringLiteral("\\b(time|delay|rise|fall|width|period|start|end|hold|setup|shift)\\b|^at$|"
+                     "minimum clock"),
       QRegularExpression::CaseInsensitiveOption);
   static const QRegularExpression capacitance(QStringLiteral("capacitance"),
                                               QRegularExpression::CaseInsensitiveOption);

@@ -46,10 +46,10 @@ int& prepareEnvironment(int& argc, const QDir& folder) {
   return argc;
 }
 
-/// The settings without the geometry: what it is worth is how the user left it.
+/// The settings without geometry and open panes: what they are worth is how the user left them.
 QByteArray withoutGeometry(const QByteArray& json) {
   QJsonObject contents = QJsonDocument::fromJson(json).object();
-  for (const char* section : {"WidgetDims", "ColumnWidths"})
+  for (const char* section : {"WidgetDims", "ColumnWidths", "Pictures"})
     contents.remove(QLatin1String(section));
   return contents.isEmpty() ? QByteArray() : QJsonDocument(contents).toJson();
 }

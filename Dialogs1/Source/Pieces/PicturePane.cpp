@@ -8,6 +8,8 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 constexpr const char* section = "Pictures";
@@ -63,14 +65,24 @@ void PicturePane::start(QAbstractButton* button, Draw draw) {
 
 void PicturePane::setOpen(bool isOpen) {
   QWidget* const dialog = window();
-  const QSize before = dialog->sizeHint();
+  const QSize before = dialog->size();
+  const int hintBefore = dialog->sizeHint().width();
   setVisible(isOpen);
   refresh();
   if (!dialog->isVisible())
     return;
-  const QSize grown = dialog->sizeHint() - before;
-  dialog->resize((dialog->size() + QSize(grown.width(), std::max(grown.height(), 0)))
-                     .boundedTo(dialog->screen()->availableSize()));
+  // A window gets no smaller than its layout had last wanted.
+  if (QLayout* layout = dialog->layout())
+    layout->activate();
+  const QSize hint = dialog->sizeHint();
+  if (!isOpen) {
+    dialog->resize(before.width() - m_gained.value_or(hintBefore - hint.width()), before.height());
+    return;
+  }
+  const QSize wanted(before.width() + hint.width() - hintBefore,
+                     std::max(before.height(), hint.height()));
+  dialog->resize(wanted.boundedTo(dialog->screen()->availableSize()));
+  m_gained = dialog->width() - before.width();
 }
 
 void PicturePane::refresh() {

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 
 class QAbstractButton;
 class QLabel;
@@ -40,4 +41,5 @@ private:
   QWidget* m_canvas; ///< holds the plots
   QLabel* m_reason;
   Draw m_draw;
+  std::optional<int> m_gained; ///< what the window has become wider by, as far as the screen let it
 };
