@@ -35,8 +35,8 @@ const std::vector<Service>& services() {
       Service::ofFunction("YFromX", yFromX),
       Service::ofFunction("integ", integ),
       Service::ofFunction("PWLCurveFit", pwlCurveFit),
-      Service::ofOperation(parseLaplaceName, Answer::Integer, ownParseLaplace),
-      Service::ofOperation(checkLaplaceName, Answer::Code, ownCheckLaplace),
+      Service::ofOperation(parseLaplaceName, Answer::Integer, ownLaplaceCode),
+      Service::ofOperation(checkLaplaceName, Answer::Code, ownLaplaceCode),
       Service::ofOperation(fourierTimeName, Answer::Number, ownFourierTime),
   };
   return all;
