@@ -1,7 +1,6 @@
 #pragma once
 
-#include "HostSupport/LaplaceExpression.h"
-
+#include <complex>
 #include <string_view>
 
 // The functions of Laplace expressions, each for numbers and for the complex plane.

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "HostSupport/LaplaceExpression.h"
+#include "HostSupport/LaplaceStep.h"
 
 #include <optional>
+#include <vector>
 
 /// A part of a Laplace expression as a quotient of polynomials in s, as far as it is one.
 ///

@@ -1,8 +1,10 @@
 #pragma once
 
-#include "HostSupport/LaplaceExpression.h"
+#include "HostSupport/LaplaceStep.h"
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 /// Reads the text of a Laplace expression into steps. Operators that wait for their right operand
 /// stand in a list, so that no depth of brackets costs more than memory.

@@ -17,6 +17,18 @@ constexpr int labelGap = 4;         ///< between the grid and its labels, and be
 constexpr int leastMinorGap = 5;    ///< of minor lines; nearer ones would be a grey area
 constexpr int smoothPoints = 50000; ///< more are a cloud, which smooth edges only make slow
 
+bool isTooNear(const QRect& label, const QRect& next) {
+  return label.adjusted(-labelGap, 0, labelGap, 0).intersects(next);
+}
+
+/// Whether any two of the labels are too near where only each so-many is drawn.
+bool collide(const QList<QRect>& labels, int stride) {
+  for (int i = stride; i < labels.size(); i += stride)
+    if (isTooNear(labels[i - stride], labels[i]))
+      return true;
+  return false;
+}
+
 } // namespace
 
 QMargins Plotter::Private::usedMargins() const {
@@ -169,17 +181,27 @@ void Plotter::Private::drawLabels(QPainter* painter) const {
   const QFontMetrics metrics = q->fontMetrics();
   const auto drawAll = [&](const Direction& direction, const auto& placed) {
     const PlotTicks lines = ticks(direction);
-    QRect last;
+    QList<QRect> places;
+    QStringList labels;
     for (const double value : lines.major) {
       const QString label = plotNumber(value, lines.step, hasPrefixes);
       QRect rect = placed(value, QSize(metrics.horizontalAdvance(label), metrics.height()));
       // A label at the end of the grid stays inside of the widget.
       rect.moveLeft(std::clamp(rect.left(), 0, std::max(0, q->width() - rect.width())));
       rect.moveTop(std::clamp(rect.top(), 0, std::max(0, q->height() - rect.height())));
-      if (last.isValid() && last.adjusted(-labelGap, 0, labelGap, 0).intersects(rect))
+      places.append(rect);
+      labels.append(label);
+    }
+    // Decades are left out by turns, so that the others stay powers of one number.
+    int stride = 1;
+    while (direction.axis->isLogarithmic && collide(places, stride))
+      ++stride;
+    QRect last;
+    for (int i = 0; i < places.size(); i += stride) {
+      if (last.isValid() && isTooNear(last, places[i]))
         continue;
-      painter->drawText(rect, Qt::AlignCenter, label);
-      last = rect;
+      painter->drawText(places[i], Qt::AlignCenter, labels[i]);
+      last = places[i];
     }
   };
   if (x.axis->labels) {
