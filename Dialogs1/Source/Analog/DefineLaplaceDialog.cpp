@@ -85,6 +85,7 @@ void DefineLaplaceDialog::limitSizes() {
 }
 
 void DefineLaplaceDialog::connectFields() {
+  connect(form.tabWidget, &QTabWidget::currentChanged, this, &DefineLaplaceDialog::pageTurned);
   for (QRadioButton* button : {form.rbTransferFunction, form.rbImpedance, form.rbAdmittance})
     connect(button, &QRadioButton::clicked, this, &DefineLaplaceDialog::rbTransferFunction_clicked);
   for (QRadioButton* button : {form.rbLumpedNetwork, form.rbConvolution})
@@ -137,6 +138,12 @@ void DefineLaplaceDialog::showEvent(QShowEvent* event) {
   rbTryAllMethodsClicked();
   KelvarinDialog::showEvent(event);
   resize(0, 0);
+}
+
+/// A page on which all is off would take the focus itself, where nobody sees it.
+void DefineLaplaceDialog::pageTurned() {
+  if (form.tabWidget->currentWidget()->hasFocus())
+    form.tabWidget->setFocus(Qt::OtherFocusReason);
 }
 
 void DefineLaplaceDialog::rbTransferFunction_clicked() {

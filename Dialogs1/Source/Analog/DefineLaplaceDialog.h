@@ -28,6 +28,7 @@ private:
   void rbTryAllMethodsClicked();
   void rbLumpedNetworkClicked();
 
+  void pageTurned();
   void limitSizes();
   void connectFields();
   void loadOptions();
