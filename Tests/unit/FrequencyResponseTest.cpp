@@ -84,6 +84,8 @@ TEST(FrequencyResponse, DecadesHoldAllCorners) {
       {"0", 1, 0, 0, 6},
       {"10k/s", 1, 0, 1, 6},
       {"1", 1, 1e-6, 4, 7},
+      {"1", 1, 1e308, -151, -149},
+      {"1", 1e-300, 1e-320, 149, 151},
       {"exp(-s*1u)", 1, 0, 3, 7},
       {"1/(s^2+1e-6*s+1)/(1+s*1u)", 2 * pi, 0, -2, 8}, // a sharp resonance is no delay
   };

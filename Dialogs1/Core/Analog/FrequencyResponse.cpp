@@ -75,6 +75,8 @@ Survey::Survey(const TransferFunction& function) {
 }
 
 void Survey::note(double decade) {
+  constexpr double farthest = 150; // what an axis can show
+  decade = std::clamp(decade, -farthest, farthest);
   m_first = std::min(m_first, decade);
   m_last = std::max(m_last, decade);
 }
