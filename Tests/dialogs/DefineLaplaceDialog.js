@@ -186,6 +186,10 @@ box({ expression: "1/(1+s)", scale: "6.2831853k", delay: "0" }, withConvolution,
   check(!d.visible("Plotter:0"), "closed at first");
   d.press("Graph");
   check(d.visible("Plotter:0") && d.visible("Plotter:1"), "open");
+  const stops = [];
+  for (d.type("delayEdit", "0"); stops[stops.length - 1] !== "okButton" && stops.length < 9; stops.push(d.focused()))
+    d.key(null, "Tab");
+  equal(stops, ["rbLumpedNetwork", "Plotter:0", "Plotter:1", "pictureButton", "okButton"]);
   near(d.get("Plotter:0", "xMinimum"), 10, 1e-9);
   near(d.get("Plotter:0", "xMaximum"), 100e3, 1e-9);
   near(d.get("Plotter:0", "yMinimum"), -50, 1e-9);

@@ -59,7 +59,7 @@ DefineLaplaceDialog::DefineLaplaceDialog()
   rbTryAllMethodsClicked();
   form.expressionEdit->setFocus(Qt::TabFocusReason);
   picture = std::make_unique<LaplacePicture>(form.picturePane);
-  picture->setTabOrderBefore(form.pictureButton);
+  picture->setTabOrderBehind(form.checkbox);
   form.picturePane->start(form.pictureButton, [this] { return drawPicture(); });
 }
 

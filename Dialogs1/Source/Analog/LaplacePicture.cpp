@@ -56,8 +56,8 @@ LaplacePicture::LaplacePicture(PicturePane* pane)
   m_magnitude->shareXRange(m_phase);
 }
 
-void LaplacePicture::setTabOrderBefore(QWidget* widget) {
-  QWidget::setTabOrder(m_phase, widget);
+void LaplacePicture::setTabOrderBehind(QWidget* widget) {
+  QWidget::setTabOrder(widget, m_magnitude);
   QWidget::setTabOrder(m_magnitude, m_phase);
 }
 

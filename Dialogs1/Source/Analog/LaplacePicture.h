@@ -22,7 +22,7 @@ public:
   /// knows.
   QString draw(const char* text, std::optional<double> scale, std::optional<double> delay);
 
-  void setTabOrderBefore(QWidget* widget);
+  void setTabOrderBehind(QWidget* widget);
 
 private:
   QString fault(const char* text, const LaplaceExpression& expression) const;
