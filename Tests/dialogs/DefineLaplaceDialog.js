@@ -192,8 +192,10 @@ box({ expression: "1/(1+s)", scale: "6.2831853k", delay: "0" }, withConvolution,
   equal(stops, ["rbLumpedNetwork", "Plotter:0", "Plotter:1", "pictureButton", "okButton"]);
   near(d.get("Plotter:0", "xMinimum"), 10, 1e-9);
   near(d.get("Plotter:0", "xMaximum"), 100e3, 1e-9);
-  near(d.get("Plotter:0", "yMinimum"), -50, 1e-9);
-  near(d.get("Plotter:1", "yMinimum"), -90, 1e-9);
+  for (const [plot, low, high] of [["Plotter:0", -50, 10], ["Plotter:1", -135, 45]]) {
+    near(d.get(plot, "yMinimum"), low, 1e-9);
+    near(d.get(plot, "yMaximum"), high, 1e-9);
+  }
   d.type("frequencyScaleEdit", "6.2831853");
   near(d.get("Plotter:0", "xMinimum"), 0.01, 1e-9, "follows the scale factor");
   d.key("Plotter:0", "Ctrl+Right");

@@ -11,7 +11,7 @@
 namespace {
 
 constexpr unsigned withLabels = 2;
-constexpr unsigned mostLines = 4;
+constexpr unsigned mostLines = 5;
 constexpr double flat = 2;                      ///< decibels or degrees; less stands in the middle
 constexpr int longestName = 40;                 ///< that the sentence quotes
 constexpr std::size_t longestExpression = 1000; ///< in steps; of more, no picture within a frame
@@ -31,6 +31,8 @@ void fit(Axis* axis, Range range, std::initializer_list<double> steps, double mo
   range.low = std::max(range.low, range.high - mostSpan);
   if (range.high - range.low < flat)
     range = {range.low - flat / 2, range.high + flat / 2};
+  const double room = (range.high - range.low) / 50; // or the frame hides what runs along it
+  range = {range.low - room, range.high + room};
   const auto count = [&range](double step) {
     return std::max(std::ceil(range.high / step - 1e-6) - std::floor(range.low / step + 1e-6), 1.0);
   };
@@ -118,5 +120,5 @@ void LaplacePicture::showRange(const FrequencyResponse& response, const Decades&
                               0, withLabels);
   m_decades = decades;
   fit(&m_decibels, rangeOf(response.decibels), {5, 10, 20, 50, 100, 200}, 800);
-  fit(&m_degrees, rangeOf(response.degrees), {15, 45, 90, 180, 360}, 1440);
+  fit(&m_degrees, rangeOf(response.degrees), {15, 45, 90, 180, 360}, 720);
 }
