@@ -8,11 +8,17 @@ constexpr int laplaceCoefficients = 50;
 
 /// What becomes of a Laplace expression as a lumped network: the record of
 /// `sp_ParseLaplaceExpression`. The caller owns all that it points at. The layout is a contract.
+///
+/// With status 0 the first array holds the numerator and the second the denominator, in ascending
+/// powers of s from the constant on, and the counts say how many of them: the degree and one. A
+/// coefficient that a parameter in braces has a part in is NaN. What needs more than
+/// `laplaceCoefficients` in either is no lumped network. With another status both are untouched; a
+/// host whose status comes from elsewhere than its reader may leave the counts at 0.
 struct XSpiceParseLaplaceArgs {
   const char* expression;
-  double* firstCoefficients; ///< `laplaceCoefficients` zeros
+  double* firstCoefficients; ///< numerator; `laplaceCoefficients` zeros on entry
   std::int32_t firstCount;
-  double* secondCoefficients; ///< `laplaceCoefficients` zeros
+  double* secondCoefficients; ///< denominator, likewise
   std::int32_t secondCount;
   std::int32_t status; ///< -1 on entry; 0: a rational polynomial, which a lumped network can have
   std::uint8_t spare;

@@ -9,7 +9,8 @@ class AxisData : public QObject {
   Q_OBJECT
 
 public:
-  PlotRange range; ///< usable
+  PlotRange range; ///< usable; in decades where it is logarithmic
+  bool isLogarithmic = false;
   unsigned lines = 4;
   unsigned minorLines = 0;
   bool labels = true;

@@ -12,8 +12,12 @@ namespace {
 /// Far beyond any screen, and squares of it are still exact enough to clip with.
 constexpr double farthest = 1e15;
 
+/// What a logarithmic axis has no place for lies far below its low end.
 double pixel(const QwtScaleMap& map, double value) {
-  return std::clamp(map.transform(value), -farthest, farthest);
+  const double place = map.transform(value);
+  if (std::isnan(place))
+    return map.p2() > map.p1() ? -farthest : farthest;
+  return std::clamp(place, -farthest, farthest);
 }
 
 /// A level of many points is one line.

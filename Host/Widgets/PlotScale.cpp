@@ -14,6 +14,8 @@ constexpr double largest = 1e300;
 constexpr double narrowest = 1e-300;
 constexpr double relativeWidth = 1e-12; ///< ends nearer to each other are one value, rounded
 constexpr double roundingError = 1e-6;  ///< of a step
+constexpr double farthestDecade = 150;  ///< squares of its values are still numbers
+constexpr double decadesForZero = 3;    ///< below the other end, in the place of an end at zero
 constexpr unsigned mostLines = 500;     ///< more could not be told apart
 constexpr unsigned mostMinorLines = 50;
 constexpr int suitableMinorSteps = 5;
@@ -62,6 +64,51 @@ PlotRange usableRange(double a, double b) {
   return {std::max(centre - half, -largest), std::min(centre + half, largest)};
 }
 
+PlotRange scaleRange(double a, double b, bool isLogarithmic) {
+  if (!isLogarithmic)
+    return usableRange(a, b);
+  const double high = std::max(a, b);
+  const double low = std::min(a, b);
+  const auto decadesOf = [](double value) {
+    return std::clamp(std::log10(value), -farthestDecade, farthestDecade);
+  };
+  if (!(high > 0)) // NaN, too
+    return {};
+  return usableRange(low > 0 ? decadesOf(low) : decadesOf(high) - decadesForZero, decadesOf(high));
+}
+
+double valueAt(double place, bool isLogarithmic) {
+  return isLogarithmic ? std::pow(10, place) : place;
+}
+
+bool isSameRange(const PlotRange& a, const PlotRange& b, bool isLogarithmic) {
+  constexpr double rounding = 1e-12;
+  return a == b || (isLogarithmic && std::abs(a.low - b.low) < rounding &&
+                    std::abs(a.high - b.high) < rounding);
+}
+
+PlotTicks decadeTicks(const PlotRange& decades, unsigned lines, unsigned minorLines) {
+  constexpr double linearBelow = 0.5;
+  constexpr double onlyDecadesFrom = 2;
+  if (lines == 0 || decades.width() < linearBelow)
+    return plotTicks({valueAt(decades.low, true), valueAt(decades.high, true)}, lines, minorLines);
+  const int stride =
+      std::max(1, int(std::ceil(decades.width() / (std::min(lines, mostLines) + 1))));
+  const bool isNarrow = decades.width() < onlyDecadesFrom;
+  PlotTicks ticks;
+  for (int decade = int(std::floor(decades.low)); decade <= decades.high; ++decade)
+    for (int digit = 1; digit < 10; ++digit) {
+      const double place = decade + std::log10(digit);
+      const bool isMajor =
+          digit == 1 ? decade % stride == 0 : isNarrow && (digit == 2 || digit == 5);
+      if (place < decades.low - roundingError || place > decades.high + roundingError ||
+          (digit > 1 && stride > 1))
+        continue;
+      (isMajor ? ticks.major : ticks.minor).append(digit * std::pow(10, decade));
+    }
+  return ticks;
+}
+
 PlotTicks plotTicks(const PlotRange& range, unsigned lines, unsigned minorLines) {
   PlotTicks ticks;
   ticks.step = range.width();
@@ -106,7 +153,9 @@ PlotRange roundedRange(const PlotRange& range, unsigned* lines) {
 
 QString plotNumber(double value, double resolution, bool hasPrefixes) {
   constexpr int mostDigits = 15;
-  if (std::abs(value) < resolution * roundingError)
+  if (resolution == 0)
+    resolution = std::abs(value);
+  if (std::abs(value) <= resolution * roundingError)
     return QStringLiteral("0");
   const double digits = decadeOf(std::abs(value)) - decadeOf(resolution) + 2;
   const int shown = int(std::clamp(digits, 1.0, double(mostDigits)));

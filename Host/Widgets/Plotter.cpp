@@ -24,22 +24,35 @@ void Plotter::Private::follow(Direction* direction, const Axis& axis) {
   direction->axis = axis.m_data;
   const auto showAxis = [this, direction] {
     redraw(); // the lines may have changed and the range not
-    setView(direction, direction->axis->range.low, direction->axis->range.high);
+    setView(direction, direction->axis->range);
   };
   direction->following = QObject::connect(axis.m_data.get(), &AxisData::changed, q, showAxis);
   showAxis();
 }
 
-void Plotter::Private::setView(Direction* direction, double low, double high) {
-  const PlotRange range = usableRange(low, high);
-  if (range == direction->view)
+void Plotter::Private::setView(Direction* direction, PlotRange range) {
+  const bool isLogarithmic = direction->axis->isLogarithmic;
+  range = isLogarithmic
+              ? scaleRange(direction->valueAt(range.low), direction->valueAt(range.high), true)
+              : usableRange(range.low, range.high);
+  if (isSameRange(range, direction->view, isLogarithmic))
     return;
   direction->view = range;
   redraw();
   if (direction == &x)
-    emit q->xRangeChanged(range.low, range.high);
+    emit q->xRangeChanged(q->xMinimum(), q->xMaximum());
   if (cursor) // other values stand below it now
     setCursor(cursor);
+}
+
+void Plotter::Private::setValues(Direction* direction, double minimum, double maximum) {
+  if (!std::isnan(minimum) && !std::isnan(maximum))
+    setView(direction, scaleRange(minimum, maximum, direction->axis->isLogarithmic));
+}
+
+double Plotter::Private::Direction::resolution(double value, int pixels) const {
+  const double perPixel = view.width() / pixels;
+  return axis->isLogarithmic ? std::abs(value) * std::expm1(perPixel * std::log(10)) : perPixel;
 }
 
 void Plotter::Private::zoomTo(Direction* direction, PlotRange range) {
@@ -55,7 +68,7 @@ void Plotter::Private::zoomTo(Direction* direction, PlotRange range) {
       return;
     range = {range.centre() - half, range.centre() + half};
   }
-  setView(direction, range.low, range.high);
+  setView(direction, range);
 }
 
 void Plotter::Private::zoom(Direction* direction, double factor, double fixed) {
@@ -72,7 +85,7 @@ void Plotter::Private::scroll(Direction* direction, double widths) {
       std::clamp(from.centre() + widths * from.width(), std::min(whole.low, from.centre()),
                  std::max(whole.high, from.centre()));
   const double by = centre - from.centre();
-  setView(direction, from.low + by, from.high + by);
+  setView(direction, {from.low + by, from.high + by});
 }
 
 bool Plotter::Private::isFree(const Direction& direction) const {
@@ -169,19 +182,19 @@ void Plotter::setZoomDirections(Qt::Orientations directions) {
 }
 
 double Plotter::xMinimum() const {
-  return d->x.view.low;
+  return d->x.values().low;
 }
 
 double Plotter::xMaximum() const {
-  return d->x.view.high;
+  return d->x.values().high;
 }
 
 double Plotter::yMinimum() const {
-  return d->y.view.low;
+  return d->y.values().low;
 }
 
 double Plotter::yMaximum() const {
-  return d->y.view.high;
+  return d->y.values().high;
 }
 
 QString Plotter::readOut() const {
@@ -190,8 +203,8 @@ QString Plotter::readOut() const {
   const QPointF value = d->valueAt(*d->cursor);
   const QRect area = d->area();
   return tr("x = %1, y = %2")
-      .arg(plotNumber(value.x(), d->x.view.width() / area.width(), d->hasPrefixes),
-           plotNumber(value.y(), d->y.view.width() / area.height(), d->hasPrefixes));
+      .arg(plotNumber(value.x(), d->x.resolution(value.x(), area.width()), d->hasPrefixes),
+           plotNumber(value.y(), d->y.resolution(value.y(), area.height()), d->hasPrefixes));
 }
 
 QSize Plotter::sizeHint() const {
@@ -205,18 +218,16 @@ QSize Plotter::minimumSizeHint() const {
 }
 
 void Plotter::setXRange(double minimum, double maximum) {
-  if (!std::isnan(minimum) && !std::isnan(maximum))
-    d->setView(&d->x, minimum, maximum);
+  d->setValues(&d->x, minimum, maximum);
 }
 
 void Plotter::setYRange(double minimum, double maximum) {
-  if (!std::isnan(minimum) && !std::isnan(maximum))
-    d->setView(&d->y, minimum, maximum);
+  d->setValues(&d->y, minimum, maximum);
 }
 
 void Plotter::resetZoom() {
   for (Private::Direction* direction : {&d->x, &d->y})
-    d->setView(direction, direction->axis->range.low, direction->axis->range.high);
+    d->setView(direction, direction->axis->range);
 }
 
 void Plotter::resizeEvent(QResizeEvent*) {

@@ -49,9 +49,9 @@ void Plotter::Private::zoomToBand() {
   const QPointF from = valueAt(box.bottomLeft());
   const QPointF to = valueAt(box.topRight());
   if (box.width() < grid.width())
-    zoomTo(&x, {from.x(), to.x()});
+    zoomTo(&x, {x.placeOf(from.x()), x.placeOf(to.x())});
   if (box.height() < grid.height())
-    zoomTo(&y, {from.y(), to.y()});
+    zoomTo(&y, {y.placeOf(from.y()), y.placeOf(to.y())});
 }
 
 void Plotter::Private::setCursor(const std::optional<QPointF>& position) {
@@ -110,7 +110,8 @@ void Plotter::wheelEvent(QWheelEvent* event) {
   if (sideways)
     d->scroll(direction, -notches * scrollWidth);
   else
-    d->zoom(direction, std::pow(notchFactor, notches), direction == &d->x ? at.x() : at.y());
+    d->zoom(direction, std::pow(notchFactor, notches),
+            direction->placeOf(direction == &d->x ? at.x() : at.y()));
 }
 
 bool Plotter::Private::zoomKey(int key) {

@@ -17,11 +17,16 @@ constexpr int labelGap = 4;         ///< between the grid and its labels, and be
 constexpr int leastMinorGap = 5;    ///< of minor lines; nearer ones would be a grey area
 constexpr int smoothPoints = 50000; ///< more are a cloud, which smooth edges only make slow
 
-QwtScaleMap scaleMap(const PlotRange& range, double first, double last) {
-  QwtScaleMap map;
-  map.setScaleInterval(range.low, range.high);
-  map.setPaintInterval(first, last);
-  return map;
+bool isTooNear(const QRect& label, const QRect& next) {
+  return label.adjusted(-labelGap, 0, labelGap, 0).intersects(next);
+}
+
+/// Whether any two of the labels are too near where only each so-many is drawn.
+bool collide(const QList<QRect>& labels, int stride) {
+  for (int i = stride; i < labels.size(); i += stride)
+    if (isTooNear(labels[i - stride], labels[i]))
+      return true;
+  return false;
 }
 
 } // namespace
@@ -44,12 +49,21 @@ QRect Plotter::Private::area() const {
   return QRect(inner.topLeft(), inner.size().expandedTo(QSize(2, 2)));
 }
 
+QwtScaleMap Plotter::Private::map(const Direction& direction, double first, double last) {
+  QwtScaleMap map;
+  if (direction.axis->isLogarithmic)
+    map.setTransformation(new QwtLogTransform);
+  map.setScaleInterval(direction.values().low, direction.values().high);
+  map.setPaintInterval(first, last);
+  return map;
+}
+
 QwtScaleMap Plotter::Private::xMap(const QRectF& pixels) const {
-  return scaleMap(x.view, pixels.left(), pixels.right() - 1);
+  return map(x, pixels.left(), pixels.right() - 1);
 }
 
 QwtScaleMap Plotter::Private::yMap(const QRectF& pixels) const {
-  return scaleMap(y.view, pixels.bottom() - 1, pixels.top());
+  return map(y, pixels.bottom() - 1, pixels.top());
 }
 
 QPointF Plotter::Private::valueAt(const QPointF& position) const {
@@ -58,7 +72,8 @@ QPointF Plotter::Private::valueAt(const QPointF& position) const {
 
 PlotTicks Plotter::Private::ticks(const Direction& direction) const {
   const AxisData& axis = *direction.axis;
-  return plotTicks(direction.view, axis.lines, axis.minorLines);
+  return (axis.isLogarithmic ? decadeTicks : plotTicks)(direction.view, axis.lines,
+                                                        axis.minorLines);
 }
 
 void Plotter::Private::redraw() {
@@ -106,12 +121,14 @@ QPixmap Plotter::Private::drawLayer(double scale) const {
 }
 
 void Plotter::Private::drawGraph(QPainter* painter, const QRectF& pixels, double scale) const {
-  const auto division = [&](const Direction& direction, double length) {
+  const auto division = [&](const Direction& direction, const QwtScaleMap& places) {
     PlotTicks lines = ticks(direction);
-    const double perPixel = direction.view.width() / (length / scale);
-    if (lines.minor.size() > 1 && lines.minor[1] - lines.minor[0] < leastMinorGap * perPixel)
+    if (lines.minor.size() > 1 &&
+        std::abs(places.transform(lines.minor[1]) - places.transform(lines.minor[0])) <
+            leastMinorGap * scale)
       lines.minor.clear();
-    return QwtScaleDiv(direction.view.low, direction.view.high, lines.minor, {}, lines.major);
+    const PlotRange shown = direction.values();
+    return QwtScaleDiv(shown.low, shown.high, lines.minor, {}, lines.major);
   };
   const double lineWidth = std::max(1.0, std::floor(scale));
   painter->setClipRect(pixels);
@@ -120,8 +137,8 @@ void Plotter::Private::drawGraph(QPainter* painter, const QRectF& pixels, double
   grid.enableYMin(true);
   grid.setMajorPen(mixed(majorGrid, 0.3), lineWidth);
   grid.setMinorPen(mixed(minorGrid, 0.1), lineWidth);
-  grid.setXDiv(division(x, pixels.width()));
-  grid.setYDiv(division(y, pixels.height()));
+  grid.setXDiv(division(x, xMap(pixels)));
+  grid.setYDiv(division(y, yMap(pixels)));
   grid.draw(painter, xMap(pixels), yMap(pixels), pixels);
   for (const auto& [index, curve] : curves)
     drawCurve(painter, curve, pixels, scale);
@@ -164,17 +181,27 @@ void Plotter::Private::drawLabels(QPainter* painter) const {
   const QFontMetrics metrics = q->fontMetrics();
   const auto drawAll = [&](const Direction& direction, const auto& placed) {
     const PlotTicks lines = ticks(direction);
-    QRect last;
+    QList<QRect> places;
+    QStringList labels;
     for (const double value : lines.major) {
       const QString label = plotNumber(value, lines.step, hasPrefixes);
       QRect rect = placed(value, QSize(metrics.horizontalAdvance(label), metrics.height()));
       // A label at the end of the grid stays inside of the widget.
       rect.moveLeft(std::clamp(rect.left(), 0, std::max(0, q->width() - rect.width())));
       rect.moveTop(std::clamp(rect.top(), 0, std::max(0, q->height() - rect.height())));
-      if (last.isValid() && last.adjusted(-labelGap, 0, labelGap, 0).intersects(rect))
+      places.append(rect);
+      labels.append(label);
+    }
+    // Decades are left out by turns, so that the others stay powers of one number.
+    int stride = 1;
+    while (direction.axis->isLogarithmic && collide(places, stride))
+      ++stride;
+    QRect last;
+    for (int i = 0; i < places.size(); i += stride) {
+      if (last.isValid() && isTooNear(last, places[i]))
         continue;
-      painter->drawText(rect, Qt::AlignCenter, label);
-      last = rect;
+      painter->drawText(places[i], Qt::AlignCenter, labels[i]);
+      last = places[i];
     }
   };
   if (x.axis->labels) {

@@ -8,6 +8,7 @@
 #include <QPen>
 #include <QPixmap>
 
+#include <cmath>
 #include <map>
 #include <optional>
 
@@ -18,7 +19,12 @@ public:
   struct Direction {
     std::shared_ptr<AxisData> axis;
     QMetaObject::Connection following;
-    PlotRange view;
+    PlotRange view; ///< as the scale has it: of a logarithmic axis in decades
+
+    double valueAt(double place) const { return ::valueAt(place, axis->isLogarithmic); }
+    double placeOf(double value) const { return axis->isLogarithmic ? std::log10(value) : value; }
+    PlotRange values() const { return {valueAt(view.low), valueAt(view.high)}; }
+    double resolution(double value, int pixels) const; ///< of so many pixels, at this value
   };
   struct Curve {
     PlotCurve points;
@@ -29,7 +35,8 @@ public:
 
   // Ranges.
   void follow(Direction* direction, const Axis& axis);
-  void setView(Direction* direction, double low, double high);
+  void setView(Direction* direction, PlotRange range);
+  void setValues(Direction* direction, double minimum, double maximum); ///< NaN is ignored
   void zoomTo(Direction* direction, PlotRange range);
   void zoom(Direction* direction, double factor, double fixed);
   void scroll(Direction* direction, double widths);
@@ -38,6 +45,7 @@ public:
   // Geometry; everything in device-independent pixels.
   QMargins usedMargins() const;
   QRect area() const; ///< of the grid; never empty
+  static QwtScaleMap map(const Direction& direction, double first, double last);
   QwtScaleMap xMap(const QRectF& pixels) const;
   QwtScaleMap yMap(const QRectF& pixels) const;
   QPointF valueAt(const QPointF& position) const;

@@ -10,6 +10,7 @@
 #include "HostSupport/DomainServices.h"
 #include "HostSupport/Files.h"
 #include "HostSupport/KelvarinException.h"
+#include "HostSupport/LaplaceExpression.h"
 #include "HostSupport/Numbers.h"
 #include "HostSupport/OptionValue.h"
 #include "HostSupport/Options.h"

@@ -29,6 +29,11 @@ public:
   /// Moves the ends outwards so that they and the lines are at round values; the number of lines
   /// stays as near as that allows.
   void adjustAxis();
+  /// Decades instead of values have the same width from now on; off at first. Zoom and scrolling go
+  /// by decades, and the lines stand at decades, or between them where less than two are on show.
+  /// An end that is not above zero gives way to one within reach of the other.
+  void setLogarithmic(bool on);
+  bool isLogarithmic() const;
 
   double minimum() const;
   double maximum() const;

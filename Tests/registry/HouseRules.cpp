@@ -327,10 +327,11 @@ int cancelBoxesOf(DialogActions& dialog, const std::string& name, bool change) {
   return boxes;
 }
 
-/// Qt's own chooser, and the one dialog that has to open the same each time.
+/// Qt's own chooser, and the dialogs that have to open the same, or as small as may be, each time.
 bool forgets(const QWidget* dialog) {
   return qobject_cast<const QFontDialog*>(dialog) ||
-         dialog->objectName() == QLatin1String("EditPinDialog");
+         dialog->objectName() == QLatin1String("EditPinDialog") ||
+         dialog->objectName() == QLatin1String("DefineLaplaceDialog");
 }
 
 /// One way to type that leaves the focus, or the cell, where it was typed.

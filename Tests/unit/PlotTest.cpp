@@ -79,6 +79,40 @@ TEST(PlotScale, LinesStandWhereTheyWereAskedForOrAtRoundValues) {
   EXPECT_EQ(plotTicks({0, 4e-12}, 3, 1).minor.size(), 4);
 }
 
+TEST(PlotScale, LinesOfDecades) {
+  struct Case {
+    double low, high; // values
+    unsigned lines;
+    const char* expected;
+    int minor;
+  } const cases[] = {
+      {1, 1e6, 8, "1 10 100 1k 10k 100k 1Meg", 48},
+      {1, 1e12, 5, "1 100 10k 1Meg 100Meg 10G 1T", 6},
+      {1e-3, 1e-1, 4, "1m 10m 100m", 16},
+      {15, 800, 4, "20 50 100 200 500", 11},
+      {1e3, 1.2e3, 3, "1k 1.05k 1.1k 1.15k 1.2k", -1},
+      {1, 10, 0, "", 0},
+  };
+  for (const Case& row : cases) {
+    const PlotRange range = scaleRange(row.low, row.high, true);
+    const PlotTicks ticks = decadeTicks(range, row.lines, 0);
+    EXPECT_EQ(texts(ticks.major, ticks.step).toStdString(), row.expected)
+        << row.low << " to " << row.high;
+    EXPECT_EQ(row.minor < 0 ? -1 : ticks.minor.size(), row.minor) << row.low << " to " << row.high;
+  }
+  struct Ends {
+    double a, b, low, high;
+  } const ends[] = {
+      {100, 1, 1, 100},  {0, 1e3, 1, 1e3},       {-5, 1e3, 1, 1e3},       {-5, -3, 1, 10},
+      {nan, nan, 1, 10}, {1e-300, 1, 1e-150, 1}, {1, infinity, 1, 1e150}, {10, 10, 3.1623, 31.623},
+  };
+  for (const Ends& row : ends) {
+    const PlotRange range = scaleRange(row.a, row.b, true);
+    EXPECT_NEAR(valueAt(range.low, true), row.low, row.low * 1e-4) << row.a << " to " << row.b;
+    EXPECT_NEAR(valueAt(range.high, true), row.high, row.high * 1e-4) << row.a << " to " << row.b;
+  }
+}
+
 // Every magnitude and offset that a double can tell, divided in no time, in order and in range.
 TEST(PlotScale, DivisionsOfAnyRangeAreFewOrderedAndInside) {
   std::mt19937 random(7);

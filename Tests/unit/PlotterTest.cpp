@@ -252,6 +252,58 @@ TEST_F(PlotterTest, FixedDirectionsStand) {
   expectView(0, 100, 0, 10);
 }
 
+// From 1 to 10k, 50 pixels a decade.
+TEST_F(PlotterTest, LogarithmicAxesGoByDecades) {
+  Axis decades = axis(1, 1e4);
+  decades.setLogarithmic(true);
+  plotter.initializeAxes(decades, axis(0, 10));
+  expectView(1, 1e4, 0, 10, 1e-9);
+  plotter.setCurveData(0, {-5, 5, 0, 5, 1, 5, 100, 0, 1e4, 10}, QPen(Qt::red, 1));
+  EXPECT_GT(count(Qt::red, QRect(118, 108, 5, 5)), 0) << "100 stands in the middle";
+
+  mouse(QEvent::MouseMove, at(50, 5));
+  EXPECT_EQ(plotter.readOut().toStdString(), "x = 100, y = 5");
+  wheel(at(50, 5), 120);
+  EXPECT_NEAR(std::log10(plotter.xMinimum()), 0.4, 1e-6);
+  EXPECT_NEAR(std::log10(plotter.xMaximum()), 3.6, 1e-6);
+  key(Qt::Key_0);
+  drag(at(25, 5), at(75, 5));
+  EXPECT_NEAR(plotter.xMinimum(), 10, 0.5);
+  EXPECT_NEAR(plotter.xMaximum(), 1e3, 50);
+  key(Qt::Key_Right);
+  EXPECT_NEAR(plotter.xMaximum() / plotter.xMinimum(), 100, 5);
+  for (int i = 0; i < 100; ++i)
+    key(Qt::Key_Minus);
+  picture();
+  EXPECT_GT(plotter.xMinimum(), 0);
+  EXPECT_TRUE(std::isfinite(plotter.xMaximum()));
+  for (int i = 0; i < 100; ++i)
+    key(Qt::Key_Plus);
+  EXPECT_LT(plotter.xMinimum(), plotter.xMaximum());
+  picture();
+  plotter.setXRange(-1, 0);
+  expectView(1, 10, plotter.yMinimum(), plotter.yMaximum());
+
+  // Two that share their range settle, though values and decades round.
+  Plotter other;
+  other.initializeAxes(decades, axis(0, 1));
+  plotter.shareXRange(&other);
+  QSignalSpy changes(&other, &Plotter::xRangeChanged);
+  plotter.setXRange(3, 777.7);
+  EXPECT_EQ(changes.size(), 1);
+  EXPECT_NEAR(other.xMaximum(), 777.7, 1e-6);
+
+  Axis rounded = axis(3, 4e3);
+  rounded.setLogarithmic(true);
+  rounded.adjustAxis();
+  EXPECT_NEAR(rounded.minimum(), 1, 1e-12);
+  EXPECT_NEAR(rounded.maximum(), 1e4, 1e-8);
+  const Axis copy(rounded);
+  rounded.setLogarithmic(false);
+  EXPECT_TRUE(copy.isLogarithmic());
+  EXPECT_NEAR(rounded.maximum(), 1e4, 1e-8);
+}
+
 TEST_F(PlotterTest, StripsShareTheirTime) {
   Plotter second, third;
   for (Plotter* other : {&second, &third})

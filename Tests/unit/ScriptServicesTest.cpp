@@ -237,7 +237,13 @@ TEST_F(ScriptServicesTest, readsLaplaceExpressions) {
       double second[laplaceCoefficients] = {};
       XSpiceParseLaplaceArgs args{text, first, 0, second, 0, -1, 0};
       sp_ParseLaplaceExpression(&args);
-      return std::to_string(args.status);
+      std::string told = std::to_string(args.status) + ":";
+      for (int i = 0; i < args.firstCount; ++i)
+        told += " " + std::to_string(int(first[i]));
+      told += args.secondCount > 0 ? " over" : "";
+      for (int i = 0; i < args.secondCount; ++i)
+        told += " " + std::to_string(int(second[i]));
+      return told;
     });
   };
   YArray<YString> libraries;
@@ -248,14 +254,19 @@ TEST_F(ScriptServicesTest, readsLaplaceExpressions) {
   const auto checked = [check](const char* text) {
     return outcome([check, text] { return std::to_string(check(text)); });
   };
-  EXPECT_EQ(parsed("1/s"), "sp_ParseLaplaceExpression: this host has no reader of Laplace "
-                           "expressions yet");
-  EXPECT_EQ(checked("1/s"), "-1");
+  EXPECT_EQ(parsed("(3+2*s)/s^2"), "0: 3 2 over 0 0 1");
+  EXPECT_EQ(parsed("sqrt(s)"), "5:");
+  EXPECT_EQ(parsed(nullptr), "1:");
+  const std::pair<const char*, const char*> codes[] = {
+      {"1/s", "0"}, {"exp(-s)", "5"}, {"s^60", "5"},  {"1/", "1"},  {nullptr, "1"},
+      {"(s", "2"},  {"foo(s)", "4"},  {"tau*s", "4"}, {"1/0", "6"}, {"table(1,-1,0)", "6"}};
+  for (const auto& [text, code] : codes)
+    EXPECT_EQ(checked(text), code) << (text ? text : "(null)");
   run("host.provide('sp_ParseLaplaceExpression', t => t === '1/s' ? 0 : 3);"
       "host.provide('laplace_CheckLaplaceExpression', t => t === '' ? null : t.length)");
-  EXPECT_EQ(parsed("1/s"), "0");
-  EXPECT_EQ(parsed("exp(s)"), "3");
-  EXPECT_EQ(parsed(nullptr), "3");
+  EXPECT_EQ(parsed("1/s"), "0: 1 over 0 1");
+  EXPECT_EQ(parsed("exp(s)"), "3:");
+  EXPECT_EQ(parsed(nullptr), "3:");
   EXPECT_EQ(checked("1/s"), "3");
   EXPECT_EQ(checked(nullptr), "-1");
   run("host.provide('sp_ParseLaplaceExpression', t => 0.5);"

@@ -41,8 +41,8 @@ const std::vector<Service>& services() {
       Service::ofFunction(strStrFunction.name, strStr),
       Service::ofFunction(parseSimExpressionFunction.name, parseSimExpression),
       Service::ofFunction(testExpressionUsesMFunction.name, testExpressionUsesM),
-      Service::ofOperation(parseLaplaceName, Answer::Integer, ownParseLaplace),
-      Service::ofOperation(checkLaplaceName, Answer::Code, ownCheckLaplace),
+      Service::ofOperation(parseLaplaceName, Answer::Integer, ownLaplaceCode),
+      Service::ofOperation(checkLaplaceName, Answer::Code, ownLaplaceCode),
       Service::ofOperation(fourierTimeName, Answer::Number, ownFourierTime),
   };
   return all;

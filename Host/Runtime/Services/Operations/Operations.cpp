@@ -1,12 +1,36 @@
 #include "Services/Operations/Operations.h"
 
 #include "HostSupport/DomainServices.h"
+#include "HostSupport/LaplaceExpression.h"
 #include "Services/Entries/EntryCall.h"
+
+#include <algorithm>
 
 namespace {
 
+constexpr int needsConvolution = 5; ///< acceptable, though no lumped network can have it
+
+/// What the checker says of a text, and the parser, to whom only 0 is good.
+int laplaceCode(const char* text) {
+  const LaplaceExpression expression(text);
+  if (expression.fault() != LaplaceFault::None)
+    return int(expression.fault());
+  return expression.isRational() ? 0 : needsConvolution;
+}
+
+void copyCoefficients(const std::vector<double>& from, double* to, std::int32_t* count) {
+  std::copy(from.begin(), from.end(), to);
+  *count = std::int32_t(from.size());
+}
+
 void parseLaplace(XSpiceParseLaplaceArgs* args) {
-  asEntry([&] { args->status = askForInteger(parseLaplaceName, textArgument(args->expression)); });
+  args->status =
+      asEntry([&] { return askForInteger(parseLaplaceName, textArgument(args->expression)); });
+  const LaplaceExpression expression(args->status == 0 ? args->expression : "");
+  if (!expression.isRational() || !args->firstCoefficients || !args->secondCoefficients)
+    return;
+  copyCoefficients(expression.numerator(), args->firstCoefficients, &args->firstCount);
+  copyCoefficients(expression.denominator(), args->secondCoefficients, &args->secondCount);
 }
 
 int checkLaplace(const char* expression) {
@@ -33,11 +57,9 @@ void serveOperations() {
   sp_SetDomainServices(services);
 }
 
-CallResult ownParseLaplace(const std::vector<ScriptVector>&) {
-  throw CallError(QStringLiteral("%1: this host has no reader of Laplace expressions yet")
-                      .arg(QLatin1String(parseLaplaceName)));
-}
-
-CallResult ownCheckLaplace(const std::vector<ScriptVector>&) {
-  return {};
+CallResult ownLaplaceCode(const std::vector<ScriptVector>& arguments) {
+  CallResult result;
+  result.type = CallResult::Type::Real;
+  result.reals = {double(laplaceCode(Tocs(textOf(arguments))))};
+  return result;
 }

@@ -6,12 +6,10 @@
 // it is provided and the host's own provider.
 
 inline constexpr const char* parseLaplaceName = "sp_ParseLaplaceExpression";
-/// The text of the expression: the status.
-CallResult ownParseLaplace(const std::vector<ScriptVector>& arguments);
-
 inline constexpr const char* checkLaplaceName = "laplace_CheckLaplaceExpression";
-/// The text of the expression: the code; none, since the host has no checker library.
-CallResult ownCheckLaplace(const std::vector<ScriptVector>& arguments);
+/// The text of the expression: what the checker says of it, 5 where it is none for a lumped
+/// network. The parser's status is the same number.
+CallResult ownLaplaceCode(const std::vector<ScriptVector>& arguments);
 
 inline constexpr const char* fourierTimeName = "sp_EstimateFourierCalculationTime";
 /// Seconds of one elementary step, measured at the first call.
