@@ -1,5 +1,5 @@
-// What cores are made of. Each line is one material: name; initial permeability; flux density at which it
-// saturates, in tesla.
+// What cores are made of. Each line is one material: name; permeability, a round figure at
+// 25 °C (initial; of the steel the greatest); flux density at which it saturates, in tesla.
 //
 // Round figures for each kind of material, as textbooks of magnetic materials have them: soft ferrites,
 // whose saturation falls with temperature (IEC 61332 has their classes), silicon steel (IEC 60404-8-7), and

@@ -5,7 +5,7 @@
 // length are what IEC 60205 computes for them, a pair of halves. The permeability of a pair without a gap
 // is that of 2300 with the 10 µm between the halves that ground faces leave; of a pair with an inductance
 // factor AL, what gives that inductance for one turn squared. The ring is its sizes, three quarters filled
-// with ribbon.
+// with ribbon of a grade of 30000.
 [
   "E 20/10/6;32.1u;46.3m;1537;MnZn power ferrite, 100 °C",
   "E 25/13/7;52.5u;57.5m;1643;MnZn power ferrite, 100 °C",

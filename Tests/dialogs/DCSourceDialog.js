@@ -25,7 +25,7 @@ equal(call("ACSourceDialog", [[1, 90]], d => {
   d.set("MagnitudeSpinner", "2.5");
   d.key("phaseSpinner", "Up");
   d.accept();
-}).values.length, 2);
+}).values, [2.5, 100]);
 equal(call("ACSourceDialogStr", [["1", "{p}"]], d => { d.set("MagnitudeSpinner", "{2*a}"); d.accept(); }).values, ["{2*a}", "{p}"]);
 equal(call("ACSourceDialog", [[1, 90]], d => { d.set("MagnitudeSpinner", "{a}"); d.accept(); }).values, [0, 90]);
 equal(call("EditPotDialog", [[10e3, 0.5, 1, 0.05]], d => {

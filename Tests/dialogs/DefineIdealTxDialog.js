@@ -100,7 +100,7 @@ equal(box([1e-5, 0, 0, 0, 2, 2], [1, -2], [3, -4], d => {
   d.accept();
 }).values.slice(4), [3, 2, -1, -22, 1, 3, -44]);
 
-// The wheel over a count needs no focus: what is being typed in a cell is not lost.
+// Rows that come leave what was typed in a cell as it is.
 for (const [text, ending] of [["7", 7], ["4k7", 4700], ["{2*Rload}", 0], ["1e400", 1e100], ["soon", 3]])
   equal(box([1e-5, 0, 0, 0, 1, 1], [2], [3], d => {
     d.type("secondaryTurnsEdit1", text);

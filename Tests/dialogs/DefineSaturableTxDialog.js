@@ -39,7 +39,20 @@ for (const [ratios, device, result] of [
 equal(box(Array(50).fill(2), [10, 0, 0, 20, 20], accept).values.slice(9, 30), [...Array(20).fill(1), 0.05],
       "twenty ratios are used");
 equal(box([1], [30], accept, [], []).values, [30, 0, 0, 1, 1, 0, 0, 0, 1, 1, 1 / 30], "no tables");
-box([1], [30], accept, ["", ";;", "a\nb;1;2"], ["", ";;;;", "x;nan;inf;1e999;y"]);
+equal(box([1], [30], accept, ["", ";;", "a\nb;1;2"], ["", ";;;;", "x;nan;inf;1e999;y"]).values.slice(0, 5), [30, 0, 0, 1, 1], "odd tables");
+// A blank line is no name; what no index finds is the first core.
+box([1], [100, 0, 99, 1, 0], d => {
+  equal([d.text("areaEdit"), d.text("inductanceLabel")], ["100", "1.25664mH"]);
+  d.accept();
+}, ["Soft;1;0.4"], ["Small;100u;100m;100;Soft", ""]);
+equal(box([1, 2, 3, 4, 5], [10, 0, 0, 2.5, 1.5], accept).values.slice(9), [1, 2, 3], "counts are cut alike");
+// The same number in another unit is another length.
+equal(box([1], [10, 0, -1, 1, 0, 1e-4, 0.076, 1000], d => {
+  d.set("lengthEdit", "{L}");
+  d.click("rbCm");
+  d.set("lengthEdit", "76");
+  d.accept();
+}).values[6], 0.76);
 
 box([1, 0.5], [10, 0, 0, 1, 1], d => {
   equal([d.name, d.title, d.headers("windingsTable").length],

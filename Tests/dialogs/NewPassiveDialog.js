@@ -87,6 +87,16 @@ equal(box([["1k"], [], ["a"], []], d => {
   d.accept();
 }), ["1k", "1", ""]);
 
+for (const [settings, title] of [[[], "Select value"], [[""], ""], [["R3"], "R3"]])
+  box([["1"], settings], d => { equal(d.get("valueGroupBox", "title"), title); d.reject(); });
+box([["1"]], d => {
+  for (let i = 0; i < 330; i++)
+    d.key("decadeEdit", "Down");
+  d.key("decadeEdit", "Up");
+  check(d.value("decadeEdit") > 0, "a decade comes back from the smallest");
+  d.reject();
+});
+
 for (const leave of [d => d.reject(), d => d.close(), d => d.key(null, "Escape")]) {
   host.onDialog(leave);
   equal(host.call("NewPassiveDialog", ["1k"]), none);
@@ -110,6 +120,12 @@ for (const [initial, settings, open, label, offered, ticked, result] of [
     equal(boxes.concat("editInitialVoltage").map(w => d.enabled(w)), boxes.concat("").map(() => !open));
     d.accept();
   }), result);
+equal(reactive([["1u"], ["T", "E6", "capacitor", "false"], ...parameters], d => {
+  d.click("rbInitialVoltage");
+  d.set("editInitialVoltage", "3.3");
+  d.set("cbTransient", true);
+  d.accept();
+}), ["1u", "3.3", "2", "1%", "100u", "false", "true", "false", "false"]);
 equal(reactive([["1u", "7"], [], ...parameters], d => {
   d.click("rbOpenCircuit");
   equal([d.enabled("editInitialVoltage"), d.enabled("cbOp")], [false, false]);

@@ -24,7 +24,7 @@ for (const [device, result] of [
 ])
   equal(box(device, accept), { made: true, type: "real", values: result }, `loaded ${device}`);
 equal(box([2, -1], accept, ["Hard;1", "hard;1", "x"]).values[0], 2, "materials are whole lines");
-box([], accept, [], []);
+equal(box([], accept, [], []).values.slice(0, 5), [0, 0, 0, 0, 0]);
 
 for (const [primaries, secondaries, shown, texts] of [
   [1, 0, 1, ["Turns"]],

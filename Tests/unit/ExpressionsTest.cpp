@@ -65,6 +65,7 @@ TEST(SimExpression, readsWhatTheSimulatorTakes) {
       {"mine(1, \"file name\") + mine()", "mine(1,\"file name\")+mine()"},
       {"\xc2\xb5_r == i != v", "\xc2\xb5_r==i!=v"},
       {"max(a,b,c) + V (1)", "max(a,b,c)+V(1)"},
+      {"\"2\u00b7x\" == a", "\"2\u00b7x\"==a"},
       // what does not parse
       {"", "nothing"},
       {" \n", "nothing"},
@@ -105,6 +106,12 @@ TEST(SimExpression, readsWhatTheSimulatorTakes) {
       {"a'b", "nothing"},
       {"\"open", "nothing"},
       {std::string("a\0b", 3), "nothing"},
+      {"gain\u00b7V(1)", "nothing"},
+      {"x\u2013y", "nothing"},
+      {"2\u00d7x", "nothing"},
+      {"M\u200b+1", "nothing"},
+      {"a\u2009*b", "nothing"},
+      {"\xff", "nothing"},
   };
   for (const auto& c : cases) {
     EXPECT_EQ(written(c.expression), c.written) << c.expression;

@@ -6,7 +6,7 @@ QString syntaxScript(const QString& expression) {
 }
 
 QString usesLogScript(const QString& expression) {
-  // Nobody else writes +++: it is found where a call of log has been.
+  // The host writes +++ nowhere else: it is found where a call of log has been.
   return QLatin1String("StrStr(ParseSimExpression('") + expression +
          QLatin1String("', 'log,+++', '', 'spice'), '+++')");
 }

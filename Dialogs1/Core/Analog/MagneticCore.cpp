@@ -14,7 +14,7 @@ constexpr double permeabilityOfFreeSpace = 1.2566370614359173e-06;
 constexpr int shownDigits = 6;
 
 enum CoreField { CoreName, Area, Length, Permeability, Material, CoreFieldCount };
-enum MaterialField { MaterialName, Unused, FluxDensity };
+enum MaterialField { FluxDensity = 2 };
 
 YArray<YString> fieldsOf(const char* line) {
   YArray<YString> fields;
@@ -24,7 +24,7 @@ YArray<YString> fieldsOf(const char* line) {
 
 double plainNumber(const char* text) {
   text += std::strspn(text, " \t");
-  if (*text == '+')
+  if (*text == '+' && text[1] != '-')
     ++text;
   double value = 0;
   std::from_chars(text, text + std::strlen(text), value);
@@ -72,6 +72,8 @@ QStringList firstFields(const Texts& lines) {
 }
 
 int indexOfName(const QStringList& names, const QString& name) {
+  if (name.isNull())
+    return -1;
   const auto found = std::find_if(names.cbegin(), names.cend(), [&](const QString& each) {
     return each.compare(name, Qt::CaseInsensitive) == 0;
   });
@@ -79,5 +81,7 @@ int indexOfName(const QStringList& names, const QString& name) {
 }
 
 QString quantityText(double value, const char* unit) {
+  if (!std::isfinite(value))
+    return QString();
   return QString::fromUtf8(sp_ConvertRealToJSEng(value, shownDigits)) + QLatin1String(unit);
 }

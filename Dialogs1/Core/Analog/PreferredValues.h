@@ -9,7 +9,8 @@ enum class PreferredSeries { E24 = 1, E12 = 2, E6 = 4 };
 double preferredAbove(double value, PreferredSeries series);
 double preferredBelow(double value, PreferredSeries series);
 
-/// A number as a base with its sign, from 1 to 10, times a power of ten; 0 is 0 times 1.
+/// A number as a base with its sign, from 1 to 10, times a power of ten. What has none, as 0 and
+/// infinities, is itself times 1.
 struct BaseAndDecade {
   double base = 0;
   double decade = 1;

@@ -28,7 +28,7 @@ double& Windings::place(int row) {
 }
 
 double Windings::turns(int row) const {
-  return const_cast<Windings*>(this)->place(row);
+  return Windings(*this).place(row);
 }
 
 void Windings::setTurns(int row, double turns) {

@@ -19,9 +19,8 @@ void showRows(ComboBox* combo, QStringList names) {
   showNames(combo, names);
 }
 
-/// A null name is none of the list's.
 void select(ComboBox* combo, const QStringList& names, const QString& name) {
-  const int row = name.isNull() ? -1 : indexOfName(names, name);
+  const int row = indexOfName(names, name);
   if (row >= 0)
     combo->setCurrentIndex(row);
 }
@@ -39,12 +38,13 @@ void LengthField::show(double value, double unit) {
   const double number = dimension == Area ? length / unit : length;
   edit->setValue(number);
   shown = edit->value();
+  shownIn = unit;
   given = shown == number ? value : metres(shown, unit); // the field has limits
 }
 
 double LengthField::value(double unit) const {
   const double number = edit->number().value_or(0);
-  return number == shown ? given : metres(number, unit);
+  return number == shown && unit == shownIn ? given : metres(number, unit);
 }
 
 void LengthField::changeUnit(double from, double to) {

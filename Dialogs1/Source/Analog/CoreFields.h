@@ -29,7 +29,8 @@ private:
   Spinner* edit;
   Dimension dimension;
   double given = 0;
-  double shown = 0; ///< what the field had for it
+  double shown = 0;   ///< what the field had for it,
+  double shownIn = 0; ///< in this unit
 };
 
 /// The fields of a core in a form that has them under their usual names: a core of the script's

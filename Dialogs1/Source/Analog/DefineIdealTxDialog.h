@@ -4,10 +4,6 @@
 #include "Core/Analog/Windings.h"
 #include "Frame/KelvarinDialog.h"
 
-#include <algorithm>
-#include <array>
-#include <cmath>
-
 /// An ideal transformer: inductance, coupling factors and a table of windings; or a transformer for
 /// DC, which has a turns ratio only.
 class DefineIdealTxDialog : public KelvarinDialog {
@@ -33,16 +29,6 @@ protected slots:
 
 protected:
   void showEvent(QShowEvent* event) override;
-
-  /// Elements of an argument; one that is missing or NaN is as in `defaults`.
-  template <std::size_t Count>
-  std::array<double, Count> numbers(int argument, const std::array<double, Count>& defaults) const {
-    std::array<double, Count> read = defaults;
-    copyReals(argument, read.data(), sizeof read);
-    std::transform(read.cbegin(), read.cend(), defaults.cbegin(), read.begin(),
-                   [](double given, double other) { return std::isnan(given) ? other : given; });
-    return read;
-  }
 
   void showCounts(double primaries, double secondaries);
   void buildTable();

@@ -6,6 +6,8 @@
 
 #include <QScopedValueRollback>
 
+#include <cmath>
+
 static const ScriptFunction declaration("DefineSaturableTxDialog", 4, "SSRR", RealVectorResult,
                                         runDialogFunction<DefineSaturableTxDialog, UserReal>);
 
@@ -56,7 +58,7 @@ void DefineSaturableTxDialog::initialiseDialog() {
   if (getRealVector(Ratios, &ratios, &count))
     windings.setRatios(ratios, count, device[ReferenceTurns], truncatedToInt(device[Primaries]),
                        truncatedToInt(device[Secondaries]));
-  showCounts(device[Primaries], device[Secondaries]);
+  showCounts(std::trunc(device[Primaries]), std::trunc(device[Secondaries]));
 
   materialNames = firstFields(texts(Materials));
   core.load(texts(Cores), materialNames, truncatedToInt(device[CoreIndex]),

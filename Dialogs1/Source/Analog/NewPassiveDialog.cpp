@@ -4,6 +4,8 @@
 #include "Generic/ParametersDialog.h"
 #include "Pieces/Captions.h"
 
+#include <cmath>
+
 static const ScriptFunction declaration("NewPassiveDialog", 1, "SSSS", StringVectorResult,
                                         runDialogFunction<NewPassiveDialog, UserString>);
 
@@ -51,7 +53,8 @@ void NewPassiveDialog::initialiseDialog() {
     return named.compare(QLatin1String(name), Qt::CaseInsensitive) == 0;
   };
   (isNamed("E6") ? form.rbE6 : isNamed("E12") ? form.rbE12 : form.rbE24)->setChecked(true);
-  captionGroup(form.valueGroupBox, settings.text(GroupTitle, tr("Select value")));
+  captionGroup(form.valueGroupBox,
+               settings.has(GroupTitle) ? settings.text(GroupTitle) : tr("Select value"));
   form.parametersButton->setVisible(parameters()->loadArguments(scriptArgs));
   form.resultEdit->selectAll();
   form.resultEdit->setFocus(Qt::TabFocusReason);
@@ -111,7 +114,9 @@ void NewPassiveDialog::baseEdit_incrementing(double* value) {
 }
 
 void NewPassiveDialog::decadeEdit_decrementing(double* value) {
-  *value = asWritten(*value / 10);
+  const double lower = asWritten(*value / 10);
+  if (std::isnormal(lower)) // from 0 no step would lead back
+    *value = lower;
 }
 
 void NewPassiveDialog::decadeEdit_incrementing(double* value) {

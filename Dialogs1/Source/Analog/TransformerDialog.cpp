@@ -48,8 +48,7 @@ TransformerDialog::TransformerDialog() : KelvarinDialog(nullptr, "TransformerDia
 }
 
 void TransformerDialog::initialiseDialog() {
-  std::array<double, Count> device{0, 0, 1, 1, 0, 0, 0};
-  copyReals(Device, device.data(), sizeof device);
+  const auto device = numbers<Count>(Device, {0, 0, 1, 1, 0, 0, 0});
   adaptTo(truncatedToInt(device[Primaries]), truncatedToInt(device[Secondaries]));
 
   const QStringList materials = texts(Materials).all();

@@ -23,7 +23,7 @@ namespace {
 
 constexpr int labelMargin = 2;
 constexpr int rowsSeen = 4;
-constexpr int longestQuantity = 13; ///< characters: "1.23457e+100H"
+constexpr int longestQuantity = 13; ///< characters: "1.23457e-100H"
 
 enum PolarityRow { Direct, Reversed };
 

@@ -7,6 +7,9 @@
 #include "HostSupport/YString.h"
 #include "UserFunction.h"
 
+#include <algorithm>
+#include <array>
+#include <cmath>
 #include <cstdint>
 #include <memory>
 
@@ -52,6 +55,16 @@ public:
   /// Copies at most `byteSize` bytes of doubles and returns the number of elements copied; those of
   /// `out` behind them stay.
   unsigned copyReals(int index, double* out, unsigned byteSize) const;
+
+  /// Elements of an argument; one that is missing or NaN is as in `defaults`.
+  template <std::size_t Count>
+  std::array<double, Count> numbers(int argument, const std::array<double, Count>& defaults) const {
+    std::array<double, Count> read = defaults;
+    copyReals(argument, read.data(), sizeof read);
+    std::transform(read.cbegin(), read.cend(), defaults.cbegin(), read.begin(),
+                   [](double given, double other) { return std::isnan(given) ? other : given; });
+    return read;
+  }
 
   // The result makers give null, or do nothing, where the host has no memory to give.
   char* hostString(const QString& text) const;

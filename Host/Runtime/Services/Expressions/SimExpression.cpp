@@ -2,6 +2,9 @@
 
 #include "HostSupport/Numbers.h"
 
+#include <QString>
+#include <QVector>
+
 #include <algorithm>
 #include <climits>
 #include <cstring>
@@ -234,9 +237,19 @@ private:
 
 } // namespace
 
+/// What a name, a number or a node has beyond ASCII.
+static bool isOfLetters(const SimToken& token) {
+  if (token.kind == Kind::Text)
+    return true;
+  const auto codes = QString::fromStdString(token.text).toUcs4();
+  return std::all_of(codes.begin(), codes.end(), [](uint code) {
+    return code < 0x80 || QChar::isLetterOrNumber(code) || QChar::isMark(code);
+  });
+}
+
 std::optional<std::vector<SimToken>> readSimExpression(const std::string& expression) {
   Reader reader(expression);
-  if (!reader.read())
+  if (!reader.read() || !std::all_of(reader.tokens.begin(), reader.tokens.end(), isOfLetters))
     return std::nullopt;
   return std::move(reader.tokens);
 }

@@ -20,11 +20,13 @@ struct SimToken {
   std::string text; ///< as typed
 };
 
-/// The tokens of an expression by the rules of SPICE. Nothing where it does not parse: names of
-/// functions that are not the simulator's stand for those that the circuit defines.
+/// The tokens of an expression by the rules of SPICE. Nothing where it does not parse, and where a
+/// sign beyond ASCII stands outside of texts that is no letter, mark or digit: what documents have
+/// for minus, times or a blank would else be a part of a name. Names of functions that are not the
+/// simulator's stand for those that the circuit defines.
 std::optional<std::vector<SimToken>> readSimExpression(const std::string& expression);
 
-/// The expression again, without blanks but between signs that would read as another one.
+/// The expression again, with blanks between two operators and nowhere else.
 std::string writeSimExpression(const std::vector<SimToken>& tokens);
 
 /// Whether it is this name: letter case makes no difference to the simulator.

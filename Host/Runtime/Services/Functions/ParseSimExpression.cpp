@@ -3,10 +3,14 @@
 #include "Services/Functions/Functions.h"
 
 #include <QList>
+#include <QRegularExpression>
+
+#include <algorithm>
 
 namespace {
 
 constexpr const char* dialect = "spice";
+const QRegularExpression letter(QStringLiteral("\\w"));
 
 /// Names of functions, and what is written for each.
 using Replacements = std::vector<std::pair<std::string, std::string>>;
@@ -25,14 +29,25 @@ Replacements replacementsOf(const FunctionArguments& arguments) {
   return replacements;
 }
 
-void replace(const Replacements& replacements, std::vector<SimToken>* tokens) {
-  for (SimToken& token : *tokens)
-    if (token.kind == SimToken::Kind::Function)
-      for (const auto& [from, to] : replacements)
-        if (isSimName(token.text, from)) {
-          token.text = to;
-          break;
-        }
+/// A replacement without a letter is a mark that the caller looks for in what is written: names of
+/// nodes and texts that contain it are not to be taken for it.
+void breakUp(const std::string& replacement, SimToken* token) {
+  if (replacement.empty() || QString::fromStdString(replacement).contains(letter))
+    return;
+  for (std::size_t at = 0; (at = token->text.find(replacement, at)) != std::string::npos; at += 2)
+    token->text.insert(at + 1, " ");
+}
+
+void replace(const Replacements& replacements, SimToken* token) {
+  const auto found = std::find_if(replacements.begin(), replacements.end(), [&](const auto& each) {
+    return token->kind == SimToken::Kind::Function && isSimName(token->text, each.first);
+  });
+  if (found != replacements.end()) {
+    token->text = found->second;
+    return;
+  }
+  for (const auto& each : replacements)
+    breakUp(each.second, token);
 }
 
 void checkDialect(const FunctionArguments& arguments) {
@@ -52,7 +67,8 @@ CallResult parseSimExpression(const std::vector<ScriptVector>& vectors) {
   CallResult result;
   result.type = CallResult::Type::String;
   if (auto tokens = readSimExpression(arguments.text(0, "expression").toStdString())) {
-    replace(replacements, &*tokens);
+    for (SimToken& token : *tokens)
+      replace(replacements, &token);
     result.strings = {QByteArray::fromStdString(writeSimExpression(*tokens))};
   }
   return result;
