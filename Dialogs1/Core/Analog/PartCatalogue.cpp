@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <numeric>
 
 namespace {
 
@@ -61,23 +62,49 @@ struct SortedName {
   int line;
 };
 
-/// Looks for a text in a longer one by its rarest byte.
+/// Looks for a text in a longer one by the rarest of its bytes; where that is not rare, by two of
+/// them at their distance, a block at a time.
 class Finder {
 public:
   Finder(std::string_view text, std::string_view wanted,
          const std::array<std::size_t, 256>& frequencies)
       : m_text(text), m_wanted(wanted) {
-    const auto frequency = [&](char c) { return frequencies[static_cast<unsigned char>(c)]; };
-    const auto rarest = std::min_element(
-        wanted.begin(), wanted.end(), [&](char a, char b) { return frequency(a) < frequency(b); });
-    m_rarest = static_cast<std::size_t>(rarest - wanted.begin());
+    std::vector<std::size_t> places(wanted.size());
+    std::iota(places.begin(), places.end(), 0);
+    const auto frequency = [&](std::size_t place) {
+      return frequencies[static_cast<unsigned char>(wanted[place])];
+    };
+    const auto second = places.begin() + (places.size() > 1 ? 1 : 0);
+    std::nth_element(places.begin(), second, places.end(),
+                     [&](std::size_t x, std::size_t y) { return frequency(x) < frequency(y); });
+    m_rarest = places.front();
+    m_nextRarest = *second;
+    m_isRare = wanted.size() == 1 || frequency(m_rarest) < text.size() / (4 * blockLength);
   }
 
+  /// Where it stands, at `from` or behind; `npos` for nowhere.
   std::size_t next(std::size_t from) const {
-    while (from + m_wanted.size() <= m_text.size()) {
-      const std::size_t first = from + m_rarest;
-      const std::size_t room = m_text.size() - m_wanted.size() + 1 - from;
-      const void* found = std::memchr(m_text.data() + first, m_wanted[m_rarest], room);
+    const std::size_t end = m_text.size() - std::min(m_text.size(), m_wanted.size() - 1);
+    if (m_isRare)
+      return nextIn(from, end);
+    for (; from < end; from += blockLength) {
+      if (from + blockLength < end && !mayBeIn(from))
+        continue;
+      const std::size_t found = nextIn(from, std::min(from + blockLength, end));
+      if (found != std::string_view::npos)
+        return found;
+    }
+    return std::string_view::npos;
+  }
+
+private:
+  static constexpr std::size_t blockLength = 64;
+
+  /// Where it begins, before `end`.
+  std::size_t nextIn(std::size_t from, std::size_t end) const {
+    while (from < end) {
+      const void* found =
+          std::memchr(m_text.data() + from + m_rarest, m_wanted[m_rarest], end - from);
       if (!found)
         break;
       from = static_cast<std::size_t>(static_cast<const char*>(found) - m_text.data()) - m_rarest;
@@ -88,10 +115,23 @@ public:
     return std::string_view::npos;
   }
 
-private:
+  /// Whether it may begin in the block; written so that compilers take many bytes at once.
+  bool mayBeIn(std::size_t block) const {
+    const char* const first = m_text.data() + block + m_rarest;
+    const char* const second = m_text.data() + block + m_nextRarest;
+    const char a = m_wanted[m_rarest];
+    const char b = m_wanted[m_nextRarest];
+    unsigned char any = 0;
+    for (std::size_t i = 0; i < blockLength; ++i)
+      any |= static_cast<unsigned char>((first[i] == a) & (second[i] == b));
+    return any != 0;
+  }
+
   std::string_view m_text;
   std::string_view m_wanted;
   std::size_t m_rarest = 0;
+  std::size_t m_nextRarest = 0;
+  bool m_isRare = false; ///< one byte alone says enough
 };
 
 } // namespace
