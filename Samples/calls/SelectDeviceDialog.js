@@ -1,4 +1,5 @@
 // Family: Analog
+// Types: N60
 // The switch of a converter, out of a list that current, voltage and on-resistance narrow down.
 SelectDeviceDialog(
   include("../data/power_mosfets.js"),

@@ -46,10 +46,13 @@ protected:
 
 } // namespace
 
-NoEdit_NoHighlight_Item::NoEdit_NoHighlight_Item(const QString& text, const QColor& ground)
+NoEdit_NoHighlight_Item::NoEdit_NoHighlight_Item(const QString& text, const QPalette& palette)
     : QTableWidgetItem(text) {
   setFlags(flags() & ~Qt::ItemIsEditable);
-  setForeground(sp_SeenColour(QColor(0, 0, 0), ground, sp_readableContrast));
+  // Where the ground is dark, black would be lost.
+  const QColor black(0, 0, 0);
+  const bool isReadable = sp_Contrast(black, palette.color(QPalette::Base)) >= sp_readableContrast;
+  setForeground(isReadable ? black : palette.color(QPalette::Text));
 }
 
 NoEdit_Highlight_Item::NoEdit_Highlight_Item(const QString& text) : QTableWidgetItem(text) {
@@ -183,7 +186,7 @@ void DefineSelectionTableDialog::showCells(int row) {
       item = new NoEdit_Highlight_Item(text);
       item->setForeground(colour.isValid() ? QBrush(colour) : QBrush());
     } else {
-      item = new NoEdit_NoHighlight_Item(text, ground);
+      item = new NoEdit_NoHighlight_Item(text, table->palette());
     }
     table->setItem(row, column, item);
   }

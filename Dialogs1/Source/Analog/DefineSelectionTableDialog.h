@@ -7,7 +7,7 @@
 /// A cell of a row that is not checked.
 class NoEdit_NoHighlight_Item : public QTableWidgetItem {
 public:
-  NoEdit_NoHighlight_Item(const QString& text, const QColor& ground);
+  NoEdit_NoHighlight_Item(const QString& text, const QPalette& palette);
 };
 
 /// A cell of a row that is checked.

@@ -54,6 +54,10 @@ int ColumnsView::columnWidth() const {
   return std::clamp(m_cell.width(), 1, std::max(1, viewport()->width()));
 }
 
+int ColumnsView::columnsInSight() const {
+  return std::max(1, viewport()->width() / columnWidth());
+}
+
 QRect ColumnsView::rectOf(int row) const {
   const QRect left(row / rowsPerColumn() * columnWidth() - horizontalOffset(),
                    row % rowsPerColumn() * m_cell.height(), columnWidth(), m_cell.height());
@@ -89,7 +93,8 @@ void ColumnsView::updateGeometries() {
   QScrollBar* bar = horizontalScrollBar();
   bar->setSingleStep(columnWidth());
   bar->setPageStep(viewport()->width());
-  bar->setRange(0, std::max(0, columns * columnWidth() - viewport()->width()));
+  // At the end the first column in sight is a whole one, too.
+  bar->setRange(0, std::max(0, columns - columnsInSight()) * columnWidth());
   QAbstractItemView::updateGeometries();
 }
 
@@ -121,7 +126,7 @@ void ColumnsView::scrollContentsBy(int, int) {
 void ColumnsView::scrollTo(const QModelIndex& index, ScrollHint hint) {
   if (!index.isValid())
     return;
-  const int room = viewport()->width() - columnWidth();
+  const int room = (columnsInSight() - 1) * columnWidth();
   const int left = index.row() / rowsPerColumn() * columnWidth();
   const int seen = left - horizontalOffset();
   if (hint == PositionAtCenter)
@@ -138,7 +143,7 @@ void ColumnsView::keyboardSearch(const QString& text) {
 
 int ColumnsView::rowFrom(int row, CursorAction action) const {
   const int column = rowsPerColumn();
-  const int page = column * std::max(1, viewport()->width() / columnWidth());
+  const int page = column * columnsInSight();
   const int last = rowCount() - 1;
   // From the last but one column there is a row to go to, if not at this height.
   const auto right = [&](int step) {

@@ -43,6 +43,7 @@ private:
   int rowCount() const;
   int rowsPerColumn() const;
   int columnWidth() const;
+  int columnsInSight() const; ///< whole ones
   QRect rectOf(int row) const;
   /// The rows of the columns that are in sight, first and behind the last.
   std::pair<int, int> rowsInSight() const;
