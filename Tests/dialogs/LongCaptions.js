@@ -44,6 +44,13 @@ for (const [kind, caption] of Object.entries(kinds)) {
     ["EditModelDialog", [[long, long], "1"]],
     ["ChooseDir", ["/", long]],
     ["ManageDataGroupsDialog", [names.map(n => `${n};${n};${n};keep`)]],
+    ["SearchDialog", [names.map((n, i) => `${n};${n}|${n};${i}`)], d => {
+      d.choose("searchResultsListBox", [5]);
+      check(d.get("searchResultsListBox", "size").width < width);
+    }],
+    ["SelectDeviceDialog", [names.map(n => `${n};1;2;3;${n}`), long, names.slice(0, 5), ["", "", ""], names]],
+    ["DefineSelectionTableDialog", [names.map(n => `${n};${n}`), [long, long, "1"]]],
+    ["DVMSelectTest", [names.map(n => `${n};${n};${n}`), [long, long]]],
   ]) {
     host.onDialog(d => {
       for (const button of ["okButton", "cancelButton"]) {

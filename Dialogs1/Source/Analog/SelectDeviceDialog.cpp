@@ -17,6 +17,8 @@ namespace {
 
 enum Argument { Devices, Titles, Headers, Filters, Choices };
 
+constexpr int widestLabel = 40; // characters, as wide as on the average
+
 double numberOf(const QString& text) {
   bool isNumber = false;
   double value = text.toDouble(&isNumber);
@@ -93,7 +95,10 @@ void SelectDeviceDialog::setHeaders() {
               {form.label3, form.filter3Edit}};
   unsigned row = 0;
   for (const auto& [label, filter] : rows) {
-    captionField(label, filter, label->text());
+    // All of it stands in the heading of the column.
+    captionField(label, filter,
+                 fontMetrics().elidedText(rowText(label->text()), Qt::ElideRight,
+                                          widestLabel * fontMetrics().averageCharWidth()));
     if (row++ >= filters)
       setShown({label, filter}, false);
   }
