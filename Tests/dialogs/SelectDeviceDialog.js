@@ -54,3 +54,4 @@ box(d => {
 }, [devices]);
 for (const args of [[[]], [[""]], [[";;;;"], [], [], [], []], [["a".repeat(1e6), "1e400;1e400;nan;inf"], "", ["x"]]])
   equal(box(d => { d.accept(); }, args), none);
+box(d => { check(d.columns(list) <= 100); d.reject(); }, [devices, "", new Array(1e5).fill("x")]);

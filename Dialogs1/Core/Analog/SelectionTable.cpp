@@ -1,7 +1,22 @@
 #include "Core/Analog/SelectionTable.h"
 
+#include "HostSupport/Parsing.h"
+
 #include <algorithm>
 #include <string>
+
+// What a table can show in reasonable time.
+static constexpr int mostCells = 200;
+
+static QStringList cellsOf(const char* line) {
+  YArray<YString> fields;
+  sp_SplitLine(line, ';', &fields, mostCells);
+  QStringList cells;
+  for (const YString& field : fields)
+    cells.append(
+        QString::fromUtf8(field.c_str()).replace(QLatin1String("\\n"), QLatin1String("\n")));
+  return cells;
+}
 
 TableOptions::TableOptions(const Texts& words) {
   static const QString highlightWord = QStringLiteral("highlight-");
@@ -19,14 +34,12 @@ TableOptions::TableOptions(const Texts& words) {
 
 SelectionTable::SelectionTable(const Texts& lines, bool hasHeader) {
   for (unsigned line = 0; line < lines.count(); ++line) {
-    m_rows.append(lines.text(line).split(QLatin1Char(';')));
+    m_rows.append(cellsOf(lines.raw(line)));
     m_width = std::max(m_width, m_rows.last().size());
   }
-  for (QStringList& row : m_rows) {
-    row.replaceInStrings(QStringLiteral("\\n"), QStringLiteral("\n"));
+  for (QStringList& row : m_rows)
     while (row.size() < m_width)
       row.append(QString());
-  }
   if (hasHeader && !m_rows.isEmpty())
     m_header = m_rows.takeFirst();
 }

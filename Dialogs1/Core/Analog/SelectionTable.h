@@ -14,7 +14,8 @@ struct TableOptions {
 };
 
 /// A table that a script passes as lines of cells with semicolons between, the first one its header
-/// unless there is none. Every row is as long as the longest line.
+/// unless there is none. Every row is as long as the longest line. A row has 200 cells at most;
+/// what goes beyond stands in the last one.
 class SelectionTable {
 public:
   SelectionTable() = default;

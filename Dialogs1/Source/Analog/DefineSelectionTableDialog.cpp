@@ -95,7 +95,10 @@ void DefineSelectionTableDialog::loadHeader() {
   header->setStretchLastSection(true);
   if (!options.hasHeader)
     return;
-  form.tableWidget->setHorizontalHeaderLabels(QStringList(QString()) + contents.header());
+  QStringList labels{QString()};
+  for (const QString& label : contents.header())
+    labels.append(rowText(label));
+  form.tableWidget->setHorizontalHeaderLabels(labels);
   form.tableWidget->horizontalHeaderItem(Check)->setData(Qt::AccessibleTextRole, tr("Chosen"));
   header->setStyleSheet(QStringLiteral("QHeaderView { font-weight: bold; }"));
 }

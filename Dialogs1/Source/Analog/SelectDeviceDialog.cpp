@@ -17,7 +17,8 @@ namespace {
 
 enum Argument { Devices, Titles, Headers, Filters, Choices };
 
-constexpr int widestLabel = 40; // characters, as wide as on the average
+constexpr int mostColumns = 100; // what a tree can show in reasonable time
+constexpr int widestLabel = 40;  // characters, as wide as on the average
 
 double numberOf(const QString& text) {
   bool isNumber = false;
@@ -81,7 +82,7 @@ void SelectDeviceDialog::setHeaders() {
   const Texts headers = texts(Headers);
   if (!headers.isEmpty()) {
     QStringList shown;
-    for (const QString& header : headers.all())
+    for (const QString& header : headers.all().mid(0, mostColumns))
       shown.append(rowText(header));
     form.fetSelectListView->setColumnCount(shown.size());
     form.fetSelectListView->setHeaderLabels(shown);
