@@ -19,17 +19,15 @@ bool isComment(const char* line, const char* marker, std::size_t length) {
   return length > 0 ? std::strncmp(line, marker, length) == 0 : !*line;
 }
 
-YArray<YString> fieldsOf(const char* line) {
-  YArray<YString> fields;
-  sp_SplitLine(line, ';', &fields, DeviceList::fieldCount);
-  return fields;
-}
-
+/// Reads the numbers where they stand: reading one stops at the semicolon behind it.
 DeviceList::Values valuesOf(const char* line) {
-  const YArray<YString> fields = fieldsOf(line);
-  DeviceList::Values values;
-  for (std::size_t i = 0; i < values.size(); ++i)
-    values[i] = sp_ConvertEngToReal(fields.value(DeviceList::FirstValue + static_cast<int>(i)));
+  DeviceList::Values values{};
+  for (double& value : values) {
+    line = std::strchr(line, ';');
+    if (!line)
+      break;
+    value = sp_ConvertEngToReal(++line);
+  }
   return values;
 }
 
@@ -70,8 +68,10 @@ std::vector<int> DeviceList::within(const Ranges& ranges) const {
 }
 
 QStringList DeviceList::fields(int line) const {
+  YArray<YString> fields;
+  sp_SplitLine(m_lines.raw(static_cast<unsigned>(line)), ';', &fields, fieldCount);
   QStringList texts;
-  for (const YString& field : fieldsOf(m_lines.raw(static_cast<unsigned>(line))))
+  for (const YString& field : fields)
     texts.append(QString::fromUtf8(field.c_str()));
   return texts;
 }

@@ -20,7 +20,7 @@ ValueRange readRange(const YString& text);
 /// engineering notation. What is missing is empty or 0.
 class DeviceList {
 public:
-  enum Field { Name, FirstValue, LastField = FirstValue + 3, fieldCount };
+  enum Field { Name, Value1, Value2, Value3, Note, fieldCount };
   using Values = std::array<double, 3>;
   using Ranges = std::array<ValueRange, 3>;
 
