@@ -93,6 +93,22 @@ void manageDataGroupsDialog(benchmark::State& state) {
         PaintedDialogs::secondsToPaint([&] { callHandler(*function, arguments); }));
 }
 
+/// A device list or a selection table with the same lines.
+void tableDialog(benchmark::State& state, const char* name) {
+  const FunctionInfo* function = functionTable().find(QLatin1String(name));
+  std::vector<QByteArray> lines;
+  for (int64_t row = 0; row < state.range(0); ++row)
+    lines.push_back("N" + QByteArray::number(qint64((row * 7919) % state.range(0))) + ";" +
+                    QByteArray::number(int(row % 300)) + ";60;5m;SO-8");
+  const ScriptVector headings =
+      ScriptVector::ofStrings({"Part", "Current", "Voltage", "Resistance", "Package"});
+  const std::vector<ScriptVector> arguments{ScriptVector::ofStrings(lines),
+                                            ScriptVector::ofStrings({"Parts"}), headings};
+  for (auto _ : state)
+    state.SetIterationTime(
+        PaintedDialogs::secondsToPaint([&] { callHandler(*function, arguments); }));
+}
+
 /// The lengths, and the clock that stands still outside the dialog.
 void inLengths(benchmark::internal::Benchmark* benchmark) {
   benchmark->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->MinTime(2)->UseManualTime();
@@ -106,6 +122,9 @@ BENCHMARK_CAPTURE(selectDialog, sorted, "sorted")->Apply(inLengths);
 BENCHMARK_CAPTURE(bareTree, plain, false)->Apply(inLengths);
 BENCHMARK_CAPTURE(bareTree, uniform, true)->Apply(inLengths);
 BENCHMARK(manageDataGroupsDialog)->Apply(inLengths);
+BENCHMARK_CAPTURE(tableDialog, devices, "SelectDeviceDialog")->Apply(inLengths);
+BENCHMARK_CAPTURE(tableDialog, selection, "DefineSelectionTableDialog")->Apply(inLengths);
+BENCHMARK_CAPTURE(tableDialog, tests, "SelectTest")->Apply(inLengths);
 
 } // namespace
 

@@ -3,7 +3,8 @@
 #include "Drive/DialogActions.h"
 #include "Drive/DialogDriver.h"
 
-DialogAcceptor::DialogAcceptor(DialogDriver* driver, const Look& look) {
+DialogAcceptor::DialogAcceptor(DialogDriver* driver, const Look& look, const QString& typed)
+    : m_typed(typed) {
   connect(driver, &DialogDriver::dialogOpened, this, [this, driver] {
     // What opens in answer to our own accepting, a question say, is ours as well.
     if (!driver->isDriving() || m_accepting > 0)
@@ -16,7 +17,10 @@ DialogAcceptor::DialogAcceptor(DialogDriver* driver, const Look& look) {
 void DialogAcceptor::accept(QWidget* dialog) {
   ++m_accepting;
   try {
-    DialogActions(dialog).accept();
+    DialogActions actions(dialog);
+    if (!m_typed.isEmpty() && m_accepting == 1)
+      actions.type(actions.focused(), m_typed);
+    actions.accept();
   } catch (...) {
     --m_accepting;
     throw;

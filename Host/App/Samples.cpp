@@ -11,6 +11,7 @@ static QString sampleFile(const QString& name) {
 
 static void readHeader(Sample* sample) {
   const QString familyKey = QStringLiteral("Family:");
+  const QString typedKey = QStringLiteral("Types:");
   QStringList purpose;
   const QStringList lines = sample->text.split(QLatin1Char('\n'));
   for (const QString& line : lines) {
@@ -20,6 +21,8 @@ static void readHeader(Sample* sample) {
     words = words.mid(2).trimmed();
     if (words.startsWith(familyKey))
       sample->family = words.mid(familyKey.size()).trimmed();
+    else if (words.startsWith(typedKey))
+      sample->typed = words.mid(typedKey.size()).trimmed();
     else if (words == QLatin1String("Opens: no dialog"))
       sample->opensDialog = false;
     else if (!words.isEmpty())

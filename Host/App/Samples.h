@@ -13,6 +13,7 @@ struct Sample {
   QString name;            ///< of the function, and of the file without its extension
   QString family;          ///< empty where the comment names none
   bool opensDialog = true; ///< false where the comment says "Opens: no dialog"
+  QString typed;           ///< what has to be typed before OK, by a line "Types: …"
   QString purpose;         ///< the rest of the leading comment, as one paragraph
   QString text;            ///< the whole script
   QString file;

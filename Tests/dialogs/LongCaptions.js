@@ -89,6 +89,13 @@ for (const [kind, caption] of Object.entries(kinds)) {
       d.press("Rename");
       hasRoom("renamed");
     }],
+    ["SearchDialog", [names.map((n, i) => `${n};${n}|${n};${i}`)], d => {
+      d.choose("searchResultsListBox", [5]);
+      check(d.get("searchResultsListBox", "size").width < width);
+    }],
+    ["SelectDeviceDialog", [names.map(n => `${n};1;2;3;${n}`), long, names.slice(0, 5), ["", "", ""], names]],
+    ["DefineSelectionTableDialog", [names.map(n => `${n};${n}`), [long, long, "1"]]],
+    ["DVMSelectTest", [names.map(n => `${n};${n};${n}`), [long, long]]],
   ]) {
     host.onDialog(d => {
       checkSeen(d, `${name} with ${kind}`);

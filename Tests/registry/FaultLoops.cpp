@@ -30,8 +30,8 @@ protected:
   /// Runs the sample once with acceptance; whether the call came back with no error of its own.
   bool runAccepted() {
     TestHost& host = TestHost::instance();
-    const ScriptEngine::Outcome outcome =
-        host.runSample(sample(), [](DialogActions& dialog) { dialog.accept(); });
+    const ScriptEngine::Outcome outcome = host.runSample(
+        sample(), [this](DialogActions& dialog) { TestHost::accept(sample(), dialog); });
     EXPECT_TRUE(host.driver().openDialogs().isEmpty());
     return outcome.ok;
   }

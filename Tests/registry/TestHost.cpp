@@ -10,6 +10,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 #include <QStyleFactory>
 
 #include <algorithm>
@@ -153,6 +154,17 @@ ScriptEngine::Outcome TestHost::runSample(const QString& file,
   m_driver->endScope();
   closeDetachedWindows();
   return outcome;
+}
+
+void TestHost::accept(const QString& sampleFile, DialogActions& dialog) {
+  QFile file(sampleFile);
+  file.open(QIODevice::ReadOnly);
+  const QRegularExpression mark(QStringLiteral("^// Types: (.+)$"),
+                                QRegularExpression::MultilineOption);
+  const QRegularExpressionMatch match = mark.match(QString::fromUtf8(file.readAll()));
+  if (match.hasMatch())
+    dialog.type(dialog.focused(), match.captured(1));
+  dialog.accept();
 }
 
 SampleCall TestHost::callIn(const QString& sample) {

@@ -54,6 +54,9 @@ public:
   /// for; closes the windows that it leaves open.
   ScriptEngine::Outcome runSample(const QString& file,
                                   const std::function<void(DialogActions&)>& act);
+  /// Accepts the dialog of a sample, in which a line "// Types: …" says what a user has to type
+  /// before.
+  static void accept(const QString& sampleFile, DialogActions& dialog);
   /// Taken from a run of the sample that cancels its dialog, so that a test can repeat it without
   /// the script engine.
   SampleCall callIn(const QString& sample);

@@ -1,6 +1,6 @@
 #include "Core/Generic/AddRemoveLists.h"
 
-#include <QHash>
+#include "Core/Pieces/PlaceTable.h"
 
 #include <algorithm>
 #include <numeric>
@@ -13,52 +13,38 @@ uint folded(uint letter) {
   return QChar::toCaseFolded(letter);
 }
 
-/// The different texts among many: a table of places in the list of all texts, which takes no
-/// memory per text. What is equal is QString's comparison alone to say; its `toCaseFolded` would
-/// not do, as it lets letters grow ("ß" to "ss").
+/// The different texts among many. What is equal is QString's comparison alone to say; its
+/// `toCaseFolded` would not do, as it lets letters grow ("ß" to "ss").
 class DistinctTexts {
 public:
   DistinctTexts(const QStringList& texts, Qt::CaseSensitivity comparison)
-      : m_texts(texts), m_comparison(comparison),
-        m_multiplier(0x9E3779B97F4A7C15U ^ (quint64(uint(qGlobalQHashSeed())) << 1)) {
-    std::size_t size = 16;
-    while (size < 2 * static_cast<std::size_t>(texts.size()))
-      size *= 2;
-    m_places.assign(size, nowhere);
-  }
+      : m_texts(texts), m_comparison(comparison), m_table(static_cast<std::size_t>(texts.size())) {}
 
   /// False if a text like text `place` is in already.
   bool insert(int place) {
     const QString& text = m_texts.at(place);
-    std::size_t slot = hash(text) & (m_places.size() - 1);
-    while (m_places[slot] != nowhere) {
-      if (m_texts.at(m_places[slot]).compare(text, m_comparison) == 0)
-        return false;
-      slot = (slot + 1) & (m_places.size() - 1);
-    }
-    m_places[slot] = place;
-    return true;
+    return place == m_table.insert(place, hash(text), [&](int other) {
+      return m_texts.at(other).compare(text, m_comparison) == 0;
+    });
   }
 
 private:
-  static constexpr int nowhere = -1;
-
   /// The same for texts that compare as equal in either way.
-  std::size_t hash(const QString& text) const {
-    quint64 value = 0;
+  std::uint64_t hash(const QString& text) const {
+    UnitHash hash = m_hash;
     for (int i = 0; i < text.size(); ++i) {
       uint letter = text.at(i).unicode();
       if (QChar::isHighSurrogate(letter) && i + 1 < text.size() && text.at(i + 1).isLowSurrogate())
         letter = QChar::surrogateToUcs4(ushort(letter), text.at(++i).unicode());
-      value = (value + folded(letter) + 1) * m_multiplier;
+      hash.add(folded(letter));
     }
-    return value ^ (value >> 32);
+    return hash.value();
   }
 
   const QStringList& m_texts;
   Qt::CaseSensitivity m_comparison;
-  quint64 m_multiplier;
-  std::vector<int> m_places;
+  PlaceTable m_table;
+  UnitHash m_hash;
 };
 
 void moveToEnd(AddRemoveLists::Items* from, AddRemoveLists::Items* to, const RowBlocks& blocks) {

@@ -6,9 +6,7 @@
 #include "Pieces/Messages.h"
 #include "Pieces/TreeColumns.h"
 
-#include <QGuiApplication>
 #include <QHeaderView>
-#include <QScreen>
 #include <QShortcut>
 
 #include <algorithm>
@@ -62,12 +60,7 @@ void ManageDataGroupsDialog::initialiseDialog() {
   restoreColumnWidths(tree, widthsKey);
   tree->setCurrentItem(tree->topLevelItem(std::max(groups.current(), 0)));
   manageGroupsListWidgetSelectionChanged();
-  // By itself a window takes no more than two thirds of the screen's width, too, and hides the
-  // flags on a small one.
-  if (const QScreen* screen = QGuiApplication::primaryScreen()) {
-    const QSize room = screen->availableSize();
-    resize(sizeHint().boundedTo({room.width(), room.height() * 2 / 3}));
-  }
+  resizeToContents(this);
 }
 
 void ManageDataGroupsDialog::readDialog(UserDataType, bool accepted) {

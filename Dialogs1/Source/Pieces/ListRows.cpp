@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QListWidget>
+#include <QScreen>
 #include <QTreeWidget>
 
 #include <algorithm>
@@ -90,6 +91,13 @@ void makeRowsUniform(QTreeWidget* tree) {
     const int wanted = delegate->sizeHint(option, tree->model()->index(0, column)).width();
     tree->setColumnWidth(
         column, std::max(std::min(wanted, limit), tree->header()->sectionSizeHint(column)));
+  }
+}
+
+void resizeToContents(QWidget* window) {
+  if (const QScreen* screen = QGuiApplication::primaryScreen()) {
+    const QSize room = screen->availableSize();
+    window->resize(window->sizeHint().boundedTo({room.width(), room.height() * 2 / 3}));
   }
 }
 

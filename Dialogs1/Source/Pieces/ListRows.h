@@ -7,6 +7,7 @@
 
 class QListWidget;
 class QTreeWidget;
+class QWidget;
 
 /// Shows a text of any length and with any characters in a row that is one line high.
 class OneLineDelegate : public QStyledItemDelegate {
@@ -21,6 +22,10 @@ void makeRowsUniform(QListWidget* list);
 /// The same for a table without branches: rows of one height, columns as wide as their texts are,
 /// within reason.
 void makeRowsUniform(QTreeWidget* tree);
+
+/// Makes a window as large as its lists and tables ask for, as far as that is wise on the screen. By
+/// itself a window takes no more than two thirds of its width, too, and hides the last columns.
+void resizeToContents(QWidget* window);
 
 /// The selected rows of a view whose rows have no children.
 RowBlocks selectedRows(const QAbstractItemView* view);

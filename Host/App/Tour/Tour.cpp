@@ -112,7 +112,8 @@ void Tour::open(PaletteKind palette, TourEntry* entry) {
   m_driver->clearFailures();
   int number = 0;
   const DialogAcceptor acceptor(
-      m_driver, [&](QWidget* dialog) { takePicture(dialog, palette, ++number, entry); });
+      m_driver, [&](QWidget* dialog) { takePicture(dialog, palette, ++number, entry); },
+      entry->sample.typed);
   ScriptEngine engine(m_table, m_driver);
   engine.setTimeout(stuckAfter);
   engine.setMemoryLimit(ScriptEngine::usualMemoryLimit());

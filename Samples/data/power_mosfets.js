@@ -1,0 +1,25 @@
+// N-channel power transistors as a parts list has them. Each line is one device: part number; drain
+// current in A; breakdown voltage in V; on-resistance in ohms; package.
+[
+  "N30-1R2-L8;210;30;1.2m;LFPAK-8",
+  "N30-2R4-D5;120;30;2.4m;DFN5x6",
+  "N30-8R0-S8;12.5;30;8m;SO-8",
+  "N40-0R9-T7;340;40;900u;TO-263-7",
+  "N40-3R2-D5;95;40;3.2m;DFN5x6",
+  "N60-1R7-T7;240;60;1.7m;TO-263-7",
+  "N60-5R0-D5;78;60;5m;DFN5x6",
+  "N60-14R-S8;9.2;60;14m;SO-8",
+  "N80-4R4-D5;90;80;4.4m;DFN5x6",
+  "N80-11R-D3;32;80;11m;DFN3x3",
+  "N100-2R6-T7;190;100;2.6m;TO-263-7",
+  "N100-7R8-D5;60;100;7.8m;DFN5x6",
+  "N100-22R-D3;21;100;22m;DFN3x3",
+  "N150-5R6-T2;110;150;5.6m;TO-220",
+  "N150-19R-D5;40;150;19m;DFN5x6",
+  "N200-11R-T2;88;200;11m;TO-220",
+  "N250-29R-T2;52;250;29m;TO-220",
+  "N600-70R-T47;39;600;70m;TO-247",
+  "N650-41R-T47;55;650;41m;TO-247",
+  "N650-190-T2;16;650;190m;TO-220",
+  "N800-280-T2;17;800;280m;TO-220",
+]
