@@ -23,8 +23,8 @@ void makeRowsUniform(QListWidget* list);
 /// within reason.
 void makeRowsUniform(QTreeWidget* tree);
 
-/// Makes a window as large as its lists and tables ask for, as far as that is wise on the screen. By
-/// itself a window takes no more than two thirds of its width, too, and hides the last columns.
+/// Makes a window as large as its lists and tables ask for, as far as that is wise on the screen.
+/// By itself a window takes no more than two thirds of its width, too, and hides the last columns.
 void resizeToContents(QWidget* window);
 
 /// The selected rows of a view whose rows have no children.
