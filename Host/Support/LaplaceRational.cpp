@@ -184,6 +184,7 @@ LaplaceRational RationalMachine::quotient(const std::optional<Polynomial>& numer
     result.numerator.erase(result.numerator.begin());
     result.denominator.erase(result.denominator.begin());
   }
+  checkFinite(result.denominator); // before the division hides it
   if (result.denominator.size() == 1 && result.denominator[0] != 1) {
     for (double& coefficient : result.numerator)
       coefficient /= result.denominator[0];

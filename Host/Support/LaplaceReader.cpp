@@ -106,8 +106,13 @@ void LaplaceReader::readNumber() {
   const double value = sp_ConvertEngToReal(start, &end);
   if (end == start)
     return fail(LaplaceFault::Syntax);
-  // As a unit it would be seconds, yet who writes 2s means 2*s.
-  const bool isProduct = asciiLower(end[-1]) == 's' && !isAsciiLetter(end[-2]);
+  // As units and suffixes they would be seconds and pico, yet who writes 2s or 2pi means a product.
+  const char* letters = end;
+  while (letters > start && isAsciiLetter(letters[-1]))
+    --letters;
+  std::string name(letters, static_cast<const char*>(end));
+  std::transform(name.begin(), name.end(), name.begin(), asciiLower);
+  const bool isProduct = name == "s" || name == "pi";
   if (isProduct || !std::isfinite(value))
     return fail(isProduct ? LaplaceFault::Syntax : LaplaceFault::Value);
   m_at += std::size_t(end - start);

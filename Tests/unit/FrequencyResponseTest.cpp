@@ -43,6 +43,11 @@ TEST(FrequencyResponse, ClosedForms) {
       // A resonance of Q = 10000 is seen at its top.
       {"1/(s^2+1e-4*s+1)", 2 * pi, 0, 1, 80, -90},
       {"1/(s^2+1e-4*s+1)", 2 * pi, 0, 9, -20 * std::log10(80.0), -180},
+      // Without losses half a turn is that of a small one.
+      {"1/(s^2+1)", 2 * pi, 0, 5, -20 * std::log10(24.0), -180},
+      {"1/(s*(s^2+1))", 2 * pi, 0, 5, -20 * std::log10(120.0), -270},
+      {"s/(s^2+1)", 2 * pi, 0, 5, 20 * std::log10(5 / 24.0), -90},
+      {"s^2+1", 2 * pi, 0, 5, 20 * std::log10(24.0), 180},
       // Poles and zeros at the origin, and their whole turns.
       {"1/s", 2 * pi, 0, 100, -40, -90},
       {"1/s^3", 2 * pi, 0, 10, -60, -270},

@@ -77,6 +77,8 @@ TEST(LaplaceExpression, FaultsAreNamed) {
       {"1+*s", LaplaceFault::Syntax, 2},
       {"s s", LaplaceFault::Syntax, 2},
       {"2s", LaplaceFault::Syntax, 0},
+      {"1/(2pi*s)", LaplaceFault::Syntax, 3},
+      {"1/(1+1e10*s)^20/(1+1e10*s)^20", LaplaceFault::Value, 0},
       {"4k7*s", LaplaceFault::Syntax, 2},
       {"()", LaplaceFault::Syntax, 1},
       {"(1,2)", LaplaceFault::Syntax, 2},

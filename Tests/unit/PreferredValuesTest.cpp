@@ -1,4 +1,5 @@
 #include "Core/Analog/PreferredValues.h"
+#include "Core/Pieces/AsWritten.h"
 
 #include <gtest/gtest.h>
 

@@ -21,7 +21,7 @@ Timetable randomTable(std::mt19937& random, int outputs, unsigned mostRows, unsi
     for (unsigned char& state : row)
       state = static_cast<unsigned char>(random() % (mostCode + 1));
     table.append(time, row.data());
-    time += std::ldexp(1 + random() % 1000, -static_cast<int>(random() % 40));
+    time += std::ldexp(1 + random() % 1000, -static_cast<int>(random() % 30));
   }
   return table;
 }

@@ -130,6 +130,7 @@ private:
 
   void refine(const Point& from, const Point& to, int depth);
   double startingTurns(const Point& first, const Point& second) const;
+  double turnBetween(const Point& from, const Point& to) const;
 
   const TransferFunction& m_function;
   int m_left; ///< points that may still be added
@@ -164,6 +165,19 @@ double Sampler::startingTurns(const Point& first, const Point& second) const {
   return 360 * std::round((90 * order - first.degrees) / 360 * untilNearer);
 }
 
+/// Of half a turn, as by a resonance without losses, the direction is that of the way round it on
+/// the right.
+double Sampler::turnBetween(const Point& from, const Point& to) const {
+  constexpr double half = 180 - 1e-3;
+  const double straight = turn(from.degrees, to.degrees);
+  if (std::abs(straight) < half)
+    return straight;
+  const double first = std::pow(10, from.decade);
+  const double last = std::pow(10, to.decade);
+  const double beside = degreesOf(m_function.undelayed((first + last) / 2, last - first));
+  return turn(from.degrees, beside) + turn(beside, to.degrees);
+}
+
 FrequencyResponse Sampler::response() const {
   FrequencyResponse result;
   const Point* last = nullptr;
@@ -172,7 +186,7 @@ FrequencyResponse Sampler::response() const {
     if (!point.isFinite)
       continue;
     if (last)
-      degrees += turn(last->degrees, point.degrees);
+      degrees += turnBetween(*last, point);
     else
       degrees = point.degrees + startingTurns(point, pointAt(m_function, point.decade + 0.01));
     const double frequency = std::pow(10, point.decade);
@@ -186,8 +200,9 @@ FrequencyResponse Sampler::response() const {
 
 } // namespace
 
-std::complex<double> TransferFunction::undelayed(double frequency) const {
-  return expression.at({0, 2 * pi * frequency / frequencyScale});
+std::complex<double> TransferFunction::undelayed(double frequency, double growth) const {
+  const double perHertz = 2 * pi / frequencyScale;
+  return expression.at({growth * perHertz, frequency * perHertz});
 }
 
 Decades decadesOfInterest(const TransferFunction& function) {

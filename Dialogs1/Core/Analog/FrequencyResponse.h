@@ -11,7 +11,8 @@ struct TransferFunction {
   double delay = 0;
 
   /// The value at a frequency in hertz, but for the delay, which only turns its phase.
-  std::complex<double> undelayed(double frequency) const;
+  /// At a frequency in hertz; `growth`, in the same unit, is how far on the right of the axis.
+  std::complex<double> undelayed(double frequency, double growth = 0) const;
 };
 
 /// Where frequencies begin and end, in decades of hertz; whole numbers.

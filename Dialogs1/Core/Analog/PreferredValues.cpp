@@ -1,6 +1,6 @@
 #include "Core/Analog/PreferredValues.h"
 
-#include <QString>
+#include "Core/Pieces/AsWritten.h"
 
 #include <array>
 #include <cmath>
@@ -44,8 +44,4 @@ BaseAndDecade splitValue(double value) {
   if (!std::isnormal(size) || !std::isnormal(decade))
     return {size == 0 ? 0 : value, 1};
   return {std::copysign(asWritten(size / decade), value), decade};
-}
-
-double asWritten(double value) {
-  return QString::number(value, 'g', 15).toDouble();
 }

@@ -16,7 +16,3 @@ struct BaseAndDecade {
   double decade = 1;
 };
 BaseAndDecade splitValue(double value);
-
-/// A product or quotient as one writes it: what the last digit of binary arithmetic adds is not
-/// seen.
-double asWritten(double value);

@@ -1,5 +1,7 @@
 #include "Core/Analog/Waveform.h"
 
+#include "Core/Pieces/AsWritten.h"
+
 #include <algorithm>
 #include <cmath>
 #include <initializer_list>
@@ -60,7 +62,7 @@ bool differByRounding(double a, double b, double scale) {
 /// Takes a level that was computed; one that was typed stands where that is the same.
 void follow(std::optional<double>* level, double computed, double scale) {
   if (!*level || !differByRounding(**level, computed, scale))
-    *level = computed;
+    *level = asWritten(computed);
 }
 
 } // namespace
@@ -89,7 +91,7 @@ void WaveTiming::set(WaveField field, double value) {
   // A width is what is left of the period, and as exact as that.
   const double scale = field == WaveField::Width ? std::abs(number(WaveField::Period)) : 0;
   if (present.isExpression() || !differByRounding(present.number, value, scale))
-    present = taken(value, limitsOf(field));
+    present = taken(asWritten(value), limitsOf(field));
 }
 
 void WaveTiming::setMin(WaveField field, double value) {

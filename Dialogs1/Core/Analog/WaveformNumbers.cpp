@@ -65,7 +65,7 @@ void WaveformNumbers::edit(WaveField field, const WaveValue& value) {
   if (field == Field::Fall)
     m_timing.hasEqualEdges = false;
   else if (m_timing.hasEqualEdges)
-    m_timing.set(Field::Fall, m_timing.number(Field::Rise));
+    m_timing[Field::Fall] = m_timing[Field::Rise];
   update(Field::Width);
 }
 
@@ -75,7 +75,7 @@ void WaveformNumbers::setEqualEdges(bool on) {
     m_timing.hasDefaultEdges = false;
     return;
   }
-  m_timing.set(Field::Fall, m_timing.number(Field::Rise));
+  m_timing[Field::Fall] = m_timing[Field::Rise];
   update(Field::Width); // the other edge is a part of the pulse, too
 }
 
@@ -112,11 +112,8 @@ void WaveformNumbers::followTimes(WaveField sender) {
     m_timing.setMin(Field::Period, hasPeriod ? m_timing.number(Field::Width) : 0);
   else
     m_timing.setMax(Field::Width, hasPeriod ? m_timing.number(Field::Period) : longestFreeWidth);
-  const double period = m_timing.number(Field::Period);
-  const double width = m_timing.number(Field::Width);
-  m_timing.set(Field::Frequency, 1 / period);
-  m_timing.set(Field::Duty, m_timing.hasDefaultEdges ? width / period * 100 * defaultPulse
-                                                     : (width + edges()) / period * 100);
+  m_timing.set(Field::Frequency, 1 / m_timing.number(Field::Period));
+  dutyFollowsTimes();
 }
 
 void WaveformNumbers::followFrequency() {
@@ -134,14 +131,25 @@ void WaveformNumbers::followFrequency() {
   // The limits are what stands there, which may be what was typed.
   if (isPeriodic(m_timing.shape))
     m_timing.setMax(Field::Width, m_timing.number(Field::Period));
+  if (m_timing.shape != WaveShape::Pulse)
+    return; // a width that nobody sees keeps no period away
   m_timing.setMin(Field::Period, m_timing.number(Field::Width));
+  if (width < 0) // there was no room for the edges
+    dutyFollowsTimes();
+}
+
+void WaveformNumbers::dutyFollowsTimes() {
+  const double period = m_timing.number(Field::Period);
+  const double width = m_timing.number(Field::Width);
+  m_timing.set(Field::Duty, m_timing.hasDefaultEdges ? width / period * 100 * defaultPulse
+                                                     : (width + edges()) / period * 100);
 }
 
 void WaveformNumbers::edgesFollowWidth() {
   if (!m_timing.hasDefaultEdges)
     return;
   m_timing.set(Field::Rise, m_timing.number(Field::Width) / edgeShare);
-  m_timing.set(Field::Fall, m_timing.number(Field::Rise));
+  m_timing[Field::Fall] = m_timing[Field::Rise];
 }
 
 double WaveformNumbers::edges() const {

@@ -20,5 +20,6 @@ private:
   void followTimes(WaveField sender);
   void followFrequency();
   void edgesFollowWidth();
+  void dutyFollowsTimes();
   double edges() const; ///< what of both edges counts as on
 };

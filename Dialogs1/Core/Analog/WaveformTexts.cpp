@@ -180,7 +180,7 @@ void WaveformTexts::computeSquare(Record* record) const {
 void WaveformTexts::computeTriangle(Record* record) const {
   constexpr double almostWhole = 99.9;
   const bool isSawtooth = m_timing.shape == WaveShape::Sawtooth;
-  if (isSawtooth && record->duty && record->duty->isExpression())
+  if (isSawtooth) // which is no matter of taste
     record->duty.reset();
   if (!record->duty)
     record->duty = WaveValue(!isSawtooth ? halfDuty : m_isBrennix ? 100 : almostWhole);
@@ -195,6 +195,7 @@ void WaveformTexts::computeTriangle(Record* record) const {
 
 void WaveformTexts::computePulse(Record* record) const {
   record->hasDefaultEdges = record->hasDefaultEdges.value_or(true);
+  record->hasEqualEdges = record->hasEqualEdges.value_or(*record->hasDefaultEdges);
   const double edge = record->period ? *record->period / edgeShare : unknownEdge;
   for (Remembered* each : {&record->rise, &record->fall})
     if (!*each || (*record->hasDefaultEdges && record->period))

@@ -183,7 +183,7 @@ YString DefineLaplaceDialog::expression() const {
 
 /// A delay that only the simulator knows is one.
 bool DefineLaplaceDialog::hasDelay() const {
-  return form.delayEdit->number() != 0.0;
+  return form.delayEdit->value() != 0.0 || form.delayEdit->isExpression();
 }
 
 int DefineLaplaceDialog::codeOf(const YString& text) {
@@ -273,7 +273,7 @@ void DefineLaplaceDialog::returnToExpression() {
   if (read.fault() == LaplaceFault::None)
     return;
   QTextCursor cursor = form.expressionEdit->textCursor();
-  cursor.setPosition(std::min(QString::fromUtf8(text.c_str(), int(read.position())).size(),
+  cursor.setPosition(std::min(charactersBefore(text.c_str(), read.position()),
                               form.expressionEdit->toPlainText().size()));
   form.expressionEdit->setTextCursor(cursor);
 }

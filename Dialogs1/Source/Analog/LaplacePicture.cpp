@@ -14,6 +14,7 @@ constexpr unsigned withLabels = 2;
 constexpr unsigned mostLines = 5;
 constexpr double flat = 2;                      ///< decibels or degrees; less stands in the middle
 constexpr int longestName = 40;                 ///< that the sentence quotes
+constexpr std::size_t longestText = 20000;      ///< in bytes
 constexpr std::size_t longestExpression = 1000; ///< in steps; of more, no picture within a frame
 
 struct Range {
@@ -65,6 +66,8 @@ void LaplacePicture::setTabOrderBehind(QWidget* widget) {
 
 QString LaplacePicture::draw(const char* text, std::optional<double> scale,
                              std::optional<double> delay) {
+  if (qstrlen(text) > longestText)
+    return tooLong();
   const LaplaceExpression expression(text);
   if (const QString reason = fault(text, expression); !reason.isEmpty())
     return reason;
@@ -90,6 +93,10 @@ QString LaplacePicture::draw(const char* text, std::optional<double> scale,
   return {};
 }
 
+QString LaplacePicture::tooLong() {
+  return tr("The expression is too long for a picture.");
+}
+
 QString LaplacePicture::fault(const char* text, const LaplaceExpression& expression) const {
   switch (expression.fault()) {
   case LaplaceFault::None:
@@ -105,12 +112,12 @@ QString LaplacePicture::fault(const char* text, const LaplaceExpression& express
     if (expression.position() >= qstrlen(text))
       return tr("The expression is not complete.");
     return tr("The expression has a syntax error at character %1.")
-        .arg(QString::fromUtf8(text, int(expression.position())).size() + 1);
+        .arg(charactersBefore(text, expression.position()) + 1);
   }
   if (expression.hasUnknown())
     return tr("The response is not known, for the expression has a parameter in braces.");
   if (expression.length() > longestExpression)
-    return tr("The expression is too long for a picture.");
+    return tooLong();
   return {};
 }
 
@@ -121,4 +128,10 @@ void LaplacePicture::showRange(const FrequencyResponse& response, const Decades&
   m_decades = decades;
   fit(&m_decibels, rangeOf(response.decibels), {5, 10, 20, 50, 100, 200}, 800);
   fit(&m_degrees, rangeOf(response.degrees), {15, 45, 90, 180, 360}, 720);
+}
+
+int charactersBefore(const char* text, std::size_t position) {
+  return QString::fromUtf8(text, int(position))
+      .replace(QLatin1String("\r\n"), QLatin1String("\n"))
+      .size();
 }

@@ -25,6 +25,7 @@ public:
   void setTabOrderBehind(QWidget* widget);
 
 private:
+  static QString tooLong();
   QString fault(const char* text, const LaplaceExpression& expression) const;
   void showRange(const FrequencyResponse& response, const Decades& decades);
 
@@ -33,3 +34,7 @@ private:
   Decades m_decades; ///< on show, until something happens elsewhere
   Axis m_frequency, m_decibels, m_degrees;
 };
+
+/// How many characters stand in front of a place in a text, as an edit has them: each line end is
+/// one.
+int charactersBefore(const char* text, std::size_t position);

@@ -1,5 +1,6 @@
 #include "Analog/NewPassiveDialog.h"
 
+#include "Core/Pieces/AsWritten.h"
 #include "Frame/ScriptFunction.h"
 #include "Generic/ParametersDialog.h"
 #include "Pieces/Captions.h"

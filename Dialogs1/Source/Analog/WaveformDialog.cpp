@@ -25,6 +25,10 @@ void showNumber(Spinner* spinner, const std::optional<double>& number) {
     spinner->setValue(*number);
 }
 
+std::optional<double> levelIn(const Spinner* spinner) {
+  return spinner->isAcceptable() ? spinner->number() : std::nullopt;
+}
+
 bool hasWord(const Texts& words, const char* word) {
   for (unsigned i = words.count(); i > 0; --i)
     if (words.is(i - 1, word))
@@ -277,8 +281,8 @@ void WaveformDialog::applyDelayMode() {
 }
 
 WaveLevels WaveformDialog::levels() const {
-  return {form.initialEdit->number(), form.pulseEdit->number(), form.offsetEdit->number(),
-          form.amplitudeEdit->number()};
+  return {levelIn(form.initialEdit), levelIn(form.pulseEdit), levelIn(form.offsetEdit),
+          levelIn(form.amplitudeEdit)};
 }
 
 void WaveformDialog::showLevels(const WaveLevels& now) {
@@ -307,8 +311,14 @@ void WaveformDialog::followOffset() {
 }
 
 WaveSettings WaveformDialog::pictured() const {
-  WaveSettings settings(shown);
+  WaveTiming seen = shown;
+  for (WaveField field : waveFields) // what is not a number hides one, as an expression does
+    if (spinnerOf(field)->isEnabled() && !spinnerOf(field)->isAcceptable())
+      seen[field] = WaveValue(QStringLiteral("{?}"));
+  WaveSettings settings(seen);
   settings.delay = form.delayEdit->number();
+  if (isPhase && !isPeriodic(shown.shape)) // a phase is no time
+    settings.delay = 0;
   settings.damping = form.dampingEdit->number();
   settings.isPhase = isPhase;
   settings.isOffUntilDelay = form.cbOffUntilDelay->isChecked();

@@ -76,13 +76,13 @@ void PicturePane::setOpen(bool isOpen) {
     layout->activate();
   const QSize hint = dialog->sizeHint();
   if (!isOpen) {
-    dialog->resize(before.width() - m_gained.value_or(hintBefore - hint.width()), before.height());
+    dialog->resize(before - m_gained.value_or(QSize(hintBefore - hint.width(), 0)));
     return;
   }
   const QSize wanted(before.width() + hint.width() - hintBefore,
                      std::max(before.height(), hint.height()));
   dialog->resize(wanted.boundedTo(dialog->screen()->availableSize()));
-  m_gained = dialog->width() - before.width();
+  m_gained = dialog->size() - before;
 }
 
 void PicturePane::refresh() {

@@ -41,5 +41,5 @@ private:
   QWidget* m_canvas; ///< holds the plots
   QLabel* m_reason;
   Draw m_draw;
-  std::optional<int> m_gained; ///< what the window has become wider by, as far as the screen let it
+  std::optional<QSize> m_gained; ///< what the window has grown by, as far as the screen let it
 };
