@@ -115,9 +115,10 @@ for (const words of [["simplemode"], ["simplemode", "allowconvolution"]]) {
 }
 equal(box({ expression: root, implementation: "1" }, withConvolution)[5], "1");
 
-// What takes convolution: a root, a delay, one that is not known, more coefficients than there are.
+equal(box({ expression: "1/s", delay: "{td}" }, withConvolution)[5], "0", "an expression counts as 0");
+// What takes convolution: a root, a delay, more coefficients than there are.
 for (const values of [{ expression: root }, { expression: "1/s", delay: "1n" },
-  { expression: "1/s", delay: "{td}" }, { expression: "s^50" }]) {
+  { expression: "1/s", delay: "-5u" }, { expression: "s^50" }]) {
   const ok = answered(values, withConvolution, "OK");
   equal(ok.message, { title: "Requires Convolution", text: only + reenter, icon: "warning", buttons: ["OK", "Cancel"] });
   equal(ok.implementation, "1");

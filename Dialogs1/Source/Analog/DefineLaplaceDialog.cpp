@@ -181,9 +181,9 @@ YString DefineLaplaceDialog::expression() const {
   return YString(form.expressionEdit->bytes().constData());
 }
 
-/// A delay that only the simulator knows is one.
+/// One in braces counts as 0, as everywhere: who means it chooses convolution.
 bool DefineLaplaceDialog::hasDelay() const {
-  return form.delayEdit->value() != 0.0 || form.delayEdit->isExpression();
+  return form.delayEdit->value() != 0.0;
 }
 
 int DefineLaplaceDialog::codeOf(const YString& text) {
