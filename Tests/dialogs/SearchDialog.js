@@ -41,6 +41,7 @@ for (const [what, act, names, current, result, where] of [
   ["typed in the list", d => { d.key(edit, "Down"); d.key(list, "z"); d.key(edit, "Down"); d.key(list, "Backspace"); d.key(null, "e"); },
     "Zener 5V6", 0, texts("20", "0"), "Diodes -> Zener"],
   ["the first line shows no path", d => { d.type(edit, "gr"); d.click(list, 0); }, "Ground", 0, texts("1", "0"), ""],
+  ["nor that of the part before", d => { d.choose(list, ["Zener 5V6"]); d.choose(list, ["Ground"]); }, "BJT,Ground,Zener 5V6,bjt", 1, texts("1", "0"), ""],
 ])
   equal(search(d => {
     act(d);

@@ -79,11 +79,14 @@ public:
                      [&](std::size_t x, std::size_t y) { return frequency(x) < frequency(y); });
     m_rarest = places.front();
     m_nextRarest = *second;
+    m_isPossible = frequency(m_rarest) > 0;
     m_isRare = wanted.size() == 1 || frequency(m_rarest) < text.size() / (4 * blockLength);
   }
 
   /// Where it stands, at `from` or behind; `npos` for nowhere.
   std::size_t next(std::size_t from) const {
+    if (!m_isPossible)
+      return std::string_view::npos;
     const std::size_t end = m_text.size() - std::min(m_text.size(), m_wanted.size() - 1);
     if (m_isRare)
       return nextIn(from, end);
@@ -131,7 +134,8 @@ private:
   std::string_view m_wanted;
   std::size_t m_rarest = 0;
   std::size_t m_nextRarest = 0;
-  bool m_isRare = false; ///< one byte alone says enough
+  bool m_isRare = false;     ///< one byte alone says enough
+  bool m_isPossible = false; ///< each of its bytes stands somewhere
 };
 
 } // namespace

@@ -92,7 +92,6 @@ void DefineSelectionTableDialog::loadTable() {
 void DefineSelectionTableDialog::loadHeader() {
   QHeaderView* header = form.tableWidget->horizontalHeader();
   header->setVisible(options.hasHeader);
-  header->setStretchLastSection(true);
   if (!options.hasHeader)
     return;
   QStringList labels{QString()};
@@ -109,6 +108,7 @@ void DefineSelectionTableDialog::fitCells() {
   const int limit = widestColumn * fontMetrics().averageCharWidth();
   for (int column = FirstCell; column < table->columnCount(); ++column)
     table->setColumnWidth(column, std::min(table->columnWidth(column), limit));
+  table->horizontalHeader()->setStretchLastSection(true); // what was measured is the least
   fitRows();
 }
 

@@ -99,9 +99,8 @@ void SearchDialog::cbIncludeModelLibraryParts_clicked() {
 
 void SearchDialog::searchResultsListBox_clicked(const QModelIndex& index) {
   const int line = results->line(index);
-  if (line < 1) // the first line of a catalogue has no path to show
-    return;
-  form.pathLabel->setText(parts.path(line));
+  // The first line of a catalogue has no path to show.
+  form.pathLabel->setText(line < 1 ? QString() : parts.path(line));
 }
 
 void SearchDialog::currentChanged(const QModelIndex& current) {
