@@ -177,6 +177,16 @@ TEST(WaveformNumbers, OneFieldLeadsToTheOthers) {
   }
 }
 
+TEST(WaveformNumbers, WhatNobodySeesKeepsNothingAway) {
+  for (Shape shape : {Shape::Square, Shape::Triangle, Shape::Sawtooth, Shape::Sine, Shape::Cosine})
+    for (double period : {20e-6, 1e-9, 1.0}) {
+      WaveformNumbers wave = numbers(shape);
+      wave.edit(Field::Frequency, 1e3);
+      wave.edit(Field::Period, period);
+      EXPECT_EQ(wave.timing().number(Field::Period), period) << int(shape);
+    }
+}
+
 TEST(WaveformNumbers, BoxesMakeTheEdgesWhatTheySay) {
   WaveformNumbers wave = numbers(Shape::Pulse);
   wave.edit(Field::Fall, 3e-6);
