@@ -285,11 +285,11 @@ void focus(QWidget* widget, Qt::FocusReason reason) {
     throw DriveError(QStringLiteral("%1 takes no keys").arg(describeWidget(widget)));
   // What loses the focus finishes its text, which may take the target away.
   const QString description = describeWidget(widget);
-  const QPointer<QWidget> present(target);
+  const QPointer<QWidget> guard(target);
   scrollIntoView(widget);
   target->setFocus(reason);
   settle();
-  if (!present)
+  if (!guard)
     throw DriveError(QStringLiteral("%1 has gone as it took the focus").arg(description));
   if (!target->hasFocus() && !target->isAncestorOf(QApplication::focusWidget()))
     throw DriveError(QStringLiteral("%1 does not take the focus").arg(describeWidget(widget)));
