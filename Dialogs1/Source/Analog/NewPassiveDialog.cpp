@@ -2,7 +2,6 @@
 
 #include "Core/Pieces/AsWritten.h"
 #include "Frame/ScriptFunction.h"
-#include "Generic/ParametersDialog.h"
 #include "Pieces/Captions.h"
 
 #include <cmath>
@@ -40,23 +39,17 @@ NewPassiveDialog::NewPassiveDialog(const char* objectName)
 void NewPassiveDialog::prepareDialog(UserFunctionInterface* args, UserDataType type) {
   KelvarinDialog::prepareDialog(args, type);
   resize(form.valueGroupBox->minimumSizeHint());
-  auto owned = std::make_unique<NewPassiveDialogData>();
-  owned->parameters = new ParametersDialog(this);
-  owned->parameters->prepareDialog(args, type);
-  dialogData = std::move(owned);
+  dialogData = std::make_unique<NewPassiveDialogData>(this, args, type);
 }
 
 void NewPassiveDialog::initialiseDialog() {
   const Texts settings = texts(Settings);
   form.resultEdit->setText(texts(Value).text(0));
-  const QString named = settings.has(Series) ? settings.text(Series) : QStringLiteral("E12");
-  const auto isNamed = [&named](const char* name) {
-    return named.compare(QLatin1String(name), Qt::CaseInsensitive) == 0;
-  };
-  (isNamed("E6") ? form.rbE6 : isNamed("E12") ? form.rbE12 : form.rbE24)->setChecked(true);
+  const bool isE12 = !settings.has(Series) || settings.is(Series, "E12");
+  (isE12 ? form.rbE12 : settings.is(Series, "E6") ? form.rbE6 : form.rbE24)->setChecked(true);
   captionGroup(form.valueGroupBox,
                settings.has(GroupTitle) ? settings.text(GroupTitle) : tr("Select value"));
-  form.parametersButton->setVisible(parameters()->loadArguments(scriptArgs));
+  form.parametersButton->setVisible(ParametersDialog::arePassed(scriptArgs));
   form.resultEdit->selectAll();
   form.resultEdit->setFocus(Qt::TabFocusReason);
   dimsSavingEnabled = true;
@@ -125,10 +118,6 @@ void NewPassiveDialog::decadeEdit_incrementing(double* value) {
 }
 
 // ---- parameters and initial condition -----------------------------------------------------------
-
-ParametersDialog* NewPassiveDialog::parameters() const {
-  return dialogData ? static_cast<NewPassiveDialogData*>(dialogData.get())->parameters : nullptr;
-}
 
 void NewPassiveDialog::parametersButton_clicked() {
   if (parameters())

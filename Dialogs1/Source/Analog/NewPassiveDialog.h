@@ -3,13 +3,9 @@
 #include "Analog/ui_NewPassiveDialog.h"
 #include "Core/Analog/PreferredValues.h"
 #include "Frame/KelvarinDialog.h"
+#include "Generic/ParametersDialog.h"
 
-class ParametersDialog;
-
-/// What a `NewPassiveDialog` owns from `prepareDialog` on.
-struct NewPassiveDialogData : KelvarinDialogData {
-  ParametersDialog* parameters = nullptr; ///< a child of the dialog
-};
+using NewPassiveDialogData = OwnedParameters;
 
 /// The value of a passive component: a preferred value times a decade, or any text. Base and decade
 /// follow what is typed as the result, and the result follows them; neither rewrites what caused
@@ -37,7 +33,7 @@ public:
 
 protected:
   PreferredSeries series() const;
-  ParametersDialog* parameters() const; ///< null where there is none
+  ParametersDialog* parameters() const { return OwnedParameters::of(dialogData.get()); }
   /// Makes a result of these texts, the number of parameters, their values, and further texts.
   void makeResult(const QStringList& first, const QStringList& last = {}) const;
 

@@ -1,7 +1,6 @@
 #include "Generic/EditDeviceDialog.h"
 
 #include "Frame/ScriptFunction.h"
-#include "Generic/ParametersDialog.h"
 #include "HostSupportQt/HostSupportQt.h"
 #include "Pieces/CaptionLabel.h"
 #include "Pieces/Captions.h"
@@ -37,10 +36,7 @@ EditDeviceDialog::EditDeviceDialog(const char* objectName)
 
 void EditDeviceDialog::prepareDialog(UserFunctionInterface* args, UserDataType type) {
   KelvarinDialog::prepareDialog(args, type);
-  auto owned = std::make_unique<EditDeviceDialogData>();
-  owned->parameters = new ParametersDialog(this);
-  owned->parameters->prepareDialog(args, type);
-  dialogData = std::move(owned);
+  dialogData = std::make_unique<EditDeviceDialogData>(this, args, type);
 }
 
 void EditDeviceDialog::initialiseDialog() {
@@ -56,7 +52,10 @@ void EditDeviceDialog::initialiseDialog() {
     name = row < 0 ? QString() : offered.names().at(row);
   }
   start(name, offered.nearestRow(name));
-  form.parametersButton->setVisible(parameters()->loadArguments(scriptArgs));
+  const bool hasParameters = ParametersDialog::arePassed(scriptArgs);
+  form.parametersButton->setVisible(hasParameters);
+  if (hasParameters)
+    parameters()->view()->initialiseWidget(scriptArgs);
 }
 
 void EditDeviceDialog::load(const QString& title, const QString& caption,
@@ -140,8 +139,4 @@ void EditDeviceDialog::selectRow(int row) {
     form.listBox->clearSelection(); // a name of the user's own
   else
     form.listBox->setCurrentRow(row);
-}
-
-ParametersDialog* EditDeviceDialog::parameters() const {
-  return dialogData ? static_cast<EditDeviceDialogData*>(dialogData.get())->parameters : nullptr;
 }

@@ -2,14 +2,10 @@
 
 #include "Core/Generic/OfferedNames.h"
 #include "Frame/KelvarinDialog.h"
+#include "Generic/ParametersDialog.h"
 #include "Generic/ui_EditDeviceDialog.h"
 
-class ParametersDialog;
-
-class EditDeviceDialogData : public KelvarinDialogData {
-public:
-  ParametersDialog* parameters = nullptr; ///< a child of the dialog
-};
+using EditDeviceDialogData = OwnedParameters;
 
 /// Names a device: a list of known names with an edit box above it, in which another may be typed.
 /// Parameters, if the script passes any, are edited in a box of their own.
@@ -43,7 +39,7 @@ private:
   void editBox_down();
   void listBox_selectionChanged();
   void selectRow(int row);
-  ParametersDialog* parameters() const; ///< null where there is none
+  ParametersDialog* parameters() const { return OwnedParameters::of(dialogData.get()); }
 
   bool listUpdating = false; ///< list and edit box are kept from answering each other in a circle
 };

@@ -13,13 +13,14 @@ ParametersDialog::ParametersDialog(QWidget* parent, const char* objectName)
   form.cancelButton->hide();
 }
 
-bool ParametersDialog::loadArguments(UserFunctionInterface* call) {
-  if (Texts(call, Names).isEmpty() || Texts(call, Values).isEmpty())
-    return false;
-  view()->nameArgIndex = Names;
-  view()->argIndex = Values;
-  view()->initialiseWidget(call);
-  return true;
+OwnedParameters::OwnedParameters(KelvarinDialog* owner, UserFunctionInterface* args,
+                                 UserDataType type)
+    : parameters(new ParametersDialog(owner)) {
+  parameters->prepareDialog(args, type);
+}
+
+bool ParametersDialog::arePassed(UserFunctionInterface* call) {
+  return !Texts(call, Names).isEmpty() && !Texts(call, Values).isEmpty();
 }
 
 char** ParametersDialog::writeCountAndValues(UserFunctionInterface* call, char** slot) const {

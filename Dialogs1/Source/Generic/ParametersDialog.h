@@ -15,12 +15,25 @@ public:
   /// it is given, whatever the `outElementIndex`.
   ParameterView* view() const { return form.listView1; }
 
-  /// Shows the parameters of a call, if it has names and values. Returns whether it has.
-  bool loadArguments(UserFunctionInterface* call);
+  /// Whether a call has both names and values.
+  static bool arePassed(UserFunctionInterface* call);
   /// Writes the number of parameters, as text, and their values into the host's slots of a result.
   /// Returns the slot behind them.
   char** writeCountAndValues(UserFunctionInterface* call, char** slot) const;
 
 protected:
   Ui::ParametersDialog form;
+};
+
+/// What a dialog that opens such a box owns from `prepareDialog` on.
+class OwnedParameters : public KelvarinDialogData {
+public:
+  OwnedParameters(KelvarinDialog* owner, UserFunctionInterface* args, UserDataType type);
+
+  /// The box of a dialog whose data are one of these; null before they are there.
+  static ParametersDialog* of(const KelvarinDialogData* data) {
+    return data ? static_cast<const OwnedParameters*>(data)->parameters : nullptr;
+  }
+
+  ParametersDialog* parameters; ///< a child of the dialog
 };
